@@ -126,21 +126,15 @@ frmImporta::~frmImporta() = default;
 void frmImporta::CollegaControlli()
 {
     for (QRadioButton* Scelta : std::array{ui->optModo_0, ui->optModo_1, ui->optModo_2})
-        ::Collega<QAbstractButton>(Scelta, &QAbstractButton::toggled, this, [this] { MostraModo(); });
-    ::Collega<QAbstractButton>(ui->cmdAvanti, &QAbstractButton::clicked, this, &frmImporta::cmdAvanti_Click);
-    ::Collega<QAbstractButton>(ui->cmdIndietro, &QAbstractButton::clicked, this,
-                               &frmImporta::cmdIndietro_Click);
-    ::Collega<QAbstractButton>(ui->cmdChiudi, &QAbstractButton::clicked, this, [this] { close(); });
-    ::Collega<QAbstractButton>(ui->cmdSfoglia_0, &QAbstractButton::clicked, this,
-                               [this] { cmdSfoglia_Click(0); });
-    ::Collega<QAbstractButton>(ui->cmdSfoglia_1, &QAbstractButton::clicked, this,
-                               [this] { cmdSfoglia_Click(1); });
-    ::Collega<QAbstractButton>(ui->cmdAnnullaImporta, &QAbstractButton::clicked, this,
-                               &frmImporta::cmdAnnullaImporta_Click);
-    ::Collega<QAbstractButton>(ui->cmdAnnullaUltima, &QAbstractButton::clicked, this,
-                               &frmImporta::cmdAnnullaImporta_Click);
-    ::Collega<QAbstractButton>(ui->cmdSalvaResoconto, &QAbstractButton::clicked, this,
-                               &frmImporta::cmdSalvaResoconto_Click);
+        Collega(Scelta, &QAbstractButton::toggled, this, [this] { MostraModo(); });
+    Collega(ui->cmdAvanti, &QAbstractButton::clicked, this, &frmImporta::cmdAvanti_Click);
+    Collega(ui->cmdIndietro, &QAbstractButton::clicked, this, &frmImporta::cmdIndietro_Click);
+    Collega(ui->cmdChiudi, &QAbstractButton::clicked, this, [this] { close(); });
+    Collega(ui->cmdSfoglia_0, &QAbstractButton::clicked, this, [this] { cmdSfoglia_Click(0); });
+    Collega(ui->cmdSfoglia_1, &QAbstractButton::clicked, this, [this] { cmdSfoglia_Click(1); });
+    Collega(ui->cmdAnnullaImporta, &QAbstractButton::clicked, this, &frmImporta::cmdAnnullaImporta_Click);
+    Collega(ui->cmdAnnullaUltima, &QAbstractButton::clicked, this, &frmImporta::cmdAnnullaImporta_Click);
+    Collega(ui->cmdSalvaResoconto, &QAbstractButton::clicked, this, &frmImporta::cmdSalvaResoconto_Click);
 }
 
 // ---- the first step -----------------------------------------------------------------------------

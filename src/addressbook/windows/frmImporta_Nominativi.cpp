@@ -120,11 +120,11 @@ void frmImporta::CollegaNominativi()
         RileggiCon(
             [Voce](OpzioniSorgente& Nuove) { Nuove.Csv.Codifica = Codifiche.at(size_t(Voce)).Codifica; });
     });
-    Collega<QAbstractButton>(ui->chkTitoli, &QAbstractButton::clicked, this, [this] {
+    Collega(ui->chkTitoli, &QAbstractButton::clicked, this, [this] {
         RileggiCon([this](OpzioniSorgente& Nuove) { Nuove.PrimaRigaTitoli = ui->chkTitoli->isChecked(); });
     });
     for (QRadioButton* Scelta : std::array{ui->optDoppioni_0, ui->optDoppioni_1, ui->optDoppioni_2})
-        Collega<QAbstractButton>(Scelta, &QAbstractButton::clicked, this, [this] { (void)Prova(); });
+        Collega(Scelta, &QAbstractButton::clicked, this, [this] { (void)Prova(); });
 }
 
 // ---- the file -----------------------------------------------------------------------------------

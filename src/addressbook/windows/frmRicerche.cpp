@@ -44,19 +44,19 @@ frmRicerche::frmRicerche(QWidget* Parent) : QDialog(Parent), ui(std::make_unique
     if (Parent)
         Parent->window()->installEventFilter(this);
 
-    ::Collega(Ultimi, &QAction::triggered, this, [this] { OffriTesti(); });
-    ::Collega(ui->txtValore, &QLineEdit::textChanged, this, [this] { CheckButton(); });
-    ::Collega(ui->cmbCampo, &QComboBox::activated, this, [this] { cmbCampo_Click(); });
-    ::Collega(ui->cmbOper, &QComboBox::currentIndexChanged, this, [this] { CheckButton(); });
-    ::Collega<QAbstractButton>(ui->cmdFind_0, &QAbstractButton::clicked, this, [this] { cmdFind_Click(0); });
-    ::Collega<QAbstractButton>(ui->cmdFind_1, &QAbstractButton::clicked, this, [this] { cmdFind_Click(1); });
-    ::Collega<QAbstractButton>(ui->cmdExit, &QAbstractButton::clicked, this, [this] { reject(); });
-    ::Collega(new QShortcut(Qt::Key_F3, this), &QShortcut::activated, this, [this] {
+    Collega(Ultimi, &QAction::triggered, this, [this] { OffriTesti(); });
+    Collega(ui->txtValore, &QLineEdit::textChanged, this, [this] { CheckButton(); });
+    Collega(ui->cmbCampo, &QComboBox::activated, this, [this] { cmbCampo_Click(); });
+    Collega(ui->cmbOper, &QComboBox::currentIndexChanged, this, [this] { CheckButton(); });
+    Collega(ui->cmdFind_0, &QAbstractButton::clicked, this, [this] { cmdFind_Click(0); });
+    Collega(ui->cmdFind_1, &QAbstractButton::clicked, this, [this] { cmdFind_Click(1); });
+    Collega(ui->cmdExit, &QAbstractButton::clicked, this, [this] { reject(); });
+    Collega(new QShortcut(Qt::Key_F3, this), &QShortcut::activated, this, [this] {
         if (ui->cmdFind_1->isEnabled())
             cmdFind_Click(1);
     });
-    ::Collega(new QShortcut(Qt::SHIFT | Qt::Key_F3, this), &QShortcut::activated, this,
-              [this] { Ripeti(true); });
+    Collega(new QShortcut(Qt::SHIFT | Qt::Key_F3, this), &QShortcut::activated, this,
+            [this] { Ripeti(true); });
     CheckButton();
 }
 
@@ -258,8 +258,8 @@ void frmRicerche::OffriTesti()
     Tendina->setMinimumWidth(ui->txtValore->width());
     for (const QString& Testo : std::as_const(TestiRicordati)) {
         QString Scritta = Testo;
-        ::Collega(Tendina->addAction(Scritta.replace(u'&', u"&&"_s)), &QAction::triggered, this,
-                  [this, Testo] { ui->txtValore->setText(Testo); });
+        Collega(Tendina->addAction(Scritta.replace(u'&', u"&&"_s)), &QAction::triggered, this,
+                [this, Testo] { ui->txtValore->setText(Testo); });
     }
     Tendina->setActiveAction(Tendina->actions().first());
     Tendina->popup(ui->txtValore->mapToGlobal(QPoint(0, ui->txtValore->height())));

@@ -109,7 +109,7 @@ void frmRubrica::CostruisciBarra()
         Azione->setIcon(aspetto::Icona(Descritto.Icona.toString()));
         if (Descritto.Tasti != 0)
             Azione->setShortcut(QKeySequence(Descritto.Tasti));
-        ::Collega(Azione, &QAction::triggered, this, [this, Chiave] { Comando(Chiave); });
+        Collega(Azione, &QAction::triggered, this, [this, Chiave] { Comando(Chiave); });
     }
 }
 
@@ -121,12 +121,10 @@ QAction* frmRubrica::Tasto(const QString& Chiave) const
 void frmRubrica::CollegaControlli()
 {
     SuggerisciLeggibile(ui->txtFiltro);
-    ::Collega<QAbstractButton>(ui->optArchivio_0, &QAbstractButton::clicked, this,
-                               [this] { CambiaArchivio(DiClienti); });
-    ::Collega<QAbstractButton>(ui->optArchivio_1, &QAbstractButton::clicked, this,
-                               [this] { CambiaArchivio(DiControparti); });
+    Collega(ui->optArchivio_0, &QAbstractButton::clicked, this, [this] { CambiaArchivio(DiClienti); });
+    Collega(ui->optArchivio_1, &QAbstractButton::clicked, this, [this] { CambiaArchivio(DiControparti); });
     ui->panSospeso->ChiaveNuova = [this] { return PrimaChiaveLibera(Archivio, Richiesta.RecordSource); };
-    ::Collega(ui->txtFiltro, &QLineEdit::textChanged, this, [this] { Esegui([this] { Filtra(); }); });
+    Collega(ui->txtFiltro, &QLineEdit::textChanged, this, [this] { Esegui([this] { Filtra(); }); });
     Griglia* Lista = ui->tdbRubrica;
     Lista->ConsentiComandi(true);
     Lista->LasciaRiga = [this](int) { return Consenti(); };
@@ -134,20 +132,18 @@ void frmRubrica::CollegaControlli()
         ui->txtFiltro->setFocus();
         ui->txtFiltro->setText(Lettere);
     };
-    ::Collega(Lista, &Griglia::RigaCambiata, this, [this](int Riga) { GrigliaMossa(Riga); });
-    ::Collega(Lista, &Griglia::DoppioClic, this, [this] { Comando(u"view"_s); });
-    ::Collega(Lista, &Griglia::Invio, this,
-              [this] { Comando(Richiesta.Selezione ? u"selez"_s : u"view"_s); });
-    ::Collega(Lista, &Griglia::ClicTitolo, this, &frmRubrica::tdbRubrica_HeadClick);
-    ::Collega(Lista, &Griglia::Cancella, this, [this] { Comando(u"delete"_s); });
-    ::Collega(Lista, &Griglia::Comando, this, [this](ComandoRighe Quale) {
+    Collega(Lista, &Griglia::RigaCambiata, this, [this](int Riga) { GrigliaMossa(Riga); });
+    Collega(Lista, &Griglia::DoppioClic, this, [this] { Comando(u"view"_s); });
+    Collega(Lista, &Griglia::Invio, this, [this] { Comando(Richiesta.Selezione ? u"selez"_s : u"view"_s); });
+    Collega(Lista, &Griglia::ClicTitolo, this, &frmRubrica::tdbRubrica_HeadClick);
+    Collega(Lista, &Griglia::Cancella, this, [this] { Comando(u"delete"_s); });
+    Collega(Lista, &Griglia::Comando, this, [this](ComandoRighe Quale) {
         if (Quale == ComandoRighe::Copia)
             CopiaRighe(ui->tdbRubrica->Selezione());
     });
-    ::Collega(Lista, &Griglia::MenuContestuale, this, &frmRubrica::ApriMenu);
-    ::Collega(ui->panSospeso, &LineaModifiche::Conclusa, this,
-              [this](bool Scritta) { SchedaChiusa(Scritta); });
-    ::Collega(&Lettura, &QTimer::timeout, this, [this] { LeggiTesti(); });
+    Collega(Lista, &Griglia::MenuContestuale, this, &frmRubrica::ApriMenu);
+    Collega(ui->panSospeso, &LineaModifiche::Conclusa, this, [this](bool Scritta) { SchedaChiusa(Scritta); });
+    Collega(&Lettura, &QTimer::timeout, this, [this] { LeggiTesti(); });
 }
 
 void frmRubrica::CollegaTasti()
@@ -155,7 +151,7 @@ void frmRubrica::CollegaTasti()
     ui->txtFiltro->installEventFilter(this);
     ui->tdbRubrica->Vista()->installEventFilter(this);
     const auto Scorciatoia = [this](const QKeySequence& Sequenza, const std::function<void()>& Fai) {
-        ::Collega(new QShortcut(Sequenza, this), &QShortcut::activated, this, Fai);
+        Collega(new QShortcut(Sequenza, this), &QShortcut::activated, this, Fai);
     };
     Scorciatoia(Qt::Key_F3, [this] { Ripeti(false); });
     Scorciatoia(Qt::SHIFT | Qt::Key_F3, [this] { Ripeti(true); });
@@ -211,14 +207,14 @@ void frmRubrica::ApriMenu(int Riga, const QPoint& Punto)
             Menu->addAction(Azione->icon(), Azione->text() + (Prima ? u"\tInvio"_s : u"\tDoppio clic"_s));
         Voce->setObjectName(u"menu_"_s + Chiave);
         Voce->setEnabled(Azione->isEnabled());
-        ::Collega(Voce, &QAction::triggered, this, [this, Chiave] { Comando(Chiave); });
+        Collega(Voce, &QAction::triggered, this, [this, Chiave] { Comando(Chiave); });
     }
     Menu->addSeparator();
     const bool SuRiga = ui->tdbRubrica->RigaCorrente().has_value();
     QAction* Copia = Menu->addAction(aspetto::Icona(u"copia"_s), u"Copia la riga"_s);
     Copia->setObjectName(u"copiaRiga"_s);
     Copia->setEnabled(SuRiga);
-    ::Collega(Copia, &QAction::triggered, this, [this] {
+    Collega(Copia, &QAction::triggered, this, [this] {
         const QList<int> Scelte = ui->tdbRubrica->Selezione();
         CopiaRighe(Scelte.isEmpty() ? QList{ui->tdbRubrica->RigaCorrente().value_or(-1)} : Scelte);
     });
@@ -226,7 +222,7 @@ void frmRubrica::ApriMenu(int Riga, const QPoint& Punto)
     QAction* Cella = Menu->addAction(u"Copia il testo della cella"_s);
     Cella->setObjectName(u"copiaTesto"_s);
     Cella->setEnabled(!Testo.isEmpty());
-    ::Collega(Cella, &QAction::triggered, this, [Testo] { QApplication::clipboard()->setText(Testo); });
+    Collega(Cella, &QAction::triggered, this, [Testo] { QApplication::clipboard()->setText(Testo); });
     Menu->popup(Punto);
 }
 

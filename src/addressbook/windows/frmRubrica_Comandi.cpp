@@ -78,13 +78,13 @@ void frmRubrica::ApriScheda(const QString& Modo)
     Scheda->ImpostaModalità(Modo);
     Scheda->Consegna(Righe, ui->tdbRubrica->Colonne());
     Scheda->ChiaveNuova = ui->panSospeso->ChiaveNuova;
-    ::Collega(Scheda.data(), &frmScheda::Chiusa, this, [this](bool Scritta) {
+    Collega(Scheda.data(), &frmScheda::Chiusa, this, [this](bool Scritta) {
         Scheda = nullptr;
         if (Cercatore)
             Cercatore->Sospendi(false);
         SchedaChiusa(Scritta);
     });
-    ::Collega(Scheda.data(), &frmScheda::RigaSpostata, this, [this] { Riallinea(); });
+    Collega(Scheda.data(), &frmScheda::RigaSpostata, this, [this] { Riallinea(); });
     if (Cercatore)
         Cercatore->Sospendi(true);
     if (!Scheda->Carica())
@@ -167,7 +167,7 @@ frmRicerche& frmRubrica::Ricerca()
         Cercatore = new frmRicerche(this);
         Cercatore->ImpostaRecordSource(Righe);
         Cercatore->PrimaDiMuovere = [this] { return !Scheda && Consenti(); };
-        ::Collega(Cercatore.data(), &frmRicerche::Trovata, this, [this] {
+        Collega(Cercatore.data(), &frmRicerche::Trovata, this, [this] {
             Riallinea();
             const QTableView* Vista = ui->tdbRubrica->Vista();
             const QRect Riga = Vista->visualRect(Vista->currentIndex());

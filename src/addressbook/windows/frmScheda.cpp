@@ -122,7 +122,7 @@ void frmScheda::CostruisciBarra()
         Bottone->setObjectName(u"barScheda_"_s + Chiave);
         Bottone->setAccessibleName(Descritto.Suggerimento.toString());
         Bottone->setFocusPolicy(Qt::TabFocus);
-        ::Collega(Azione, &QAction::triggered, this, [this, Chiave] { barScheda_ButtonClick(Chiave); });
+        Collega(Azione, &QAction::triggered, this, [this, Chiave] { barScheda_ButtonClick(Chiave); });
     }
     ui->barScheda->findChild<QAction*>(u"print"_s)->setEnabled(false);
 }
@@ -130,7 +130,7 @@ void frmScheda::CostruisciBarra()
 void frmScheda::CollegaTasti()
 {
     const auto Tasto = [this](const QKeySequence& Sequenza, const std::function<void()>& Fai) {
-        ::Collega(new QShortcut(Sequenza, this), &QShortcut::activated, this, Fai);
+        Collega(new QShortcut(Sequenza, this), &QShortcut::activated, this, Fai);
     };
     const auto Concludi = [this] {
         if (InScrittura())
@@ -146,8 +146,8 @@ void frmScheda::CollegaTasti()
 void frmScheda::CollegaVicine()
 {
     for (const auto& [Tasto, Dopo] : {std::pair(Qt::Key_PageDown, true), std::pair(Qt::Key_PageUp, false)})
-        ::Collega(new QShortcut(Tasto, this), &QShortcut::activated, this,
-                  [this, Dopo = Dopo] { Vicina(Dopo); });
+        Collega(new QShortcut(Tasto, this), &QShortcut::activated, this,
+                [this, Dopo = Dopo] { Vicina(Dopo); });
 }
 
 bool frmScheda::Carica()
@@ -229,13 +229,13 @@ void frmScheda::CreaCoppia(const Campo& Colonna, const QString& Titolo)
         Nuova.Segno->setVisible(false);
         for (QToolButton* Bottone : Nuova.Riga->findChildren<QToolButton*>())
             Bottone->setAccessibleName(u"Avviso"_s);
-        ::Collega(Nuova.Riga, &QLineEdit::textEdited, this, [this, Numero] {
+        Collega(Nuova.Riga, &QLineEdit::textEdited, this, [this, Numero] {
             RitiraAvviso(Numero);
             Cambiata(Numero + 1);
         });
     } else {
         Nuova.Memo->setReadOnly(Nuova.Bloccata);
-        ::Collega(Nuova.Memo, &QPlainTextEdit::textChanged, this, [this, Numero] {
+        Collega(Nuova.Memo, &QPlainTextEdit::textChanged, this, [this, Numero] {
             if (!InRiempimento)
                 Cambiata(Numero + 1);
         });

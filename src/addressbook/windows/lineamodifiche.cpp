@@ -33,8 +33,8 @@ LineaModifiche::LineaModifiche(QWidget* Padre) : QFrame(Padre)
         Riga->addWidget(Bottone);
     }
     Riga->addStretch(1);
-    Collega<QAbstractButton>(Si, &QAbstractButton::clicked, this, [this] { Salva(); });
-    Collega<QAbstractButton>(No, &QAbstractButton::clicked, this, [this] { Annulla(); });
+    Collega(Si, &QAbstractButton::clicked, this, [this] { Salva(); });
+    Collega(No, &QAbstractButton::clicked, this, [this] { Annulla(); });
     hide();
 }
 

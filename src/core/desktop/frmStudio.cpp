@@ -126,13 +126,11 @@ frmStudio::frmStudio() : ui(std::make_unique<Ui::frmStudio>())
         CreaApri(Bottone);
     CreaTasti();
     const auto Premuto = &QAbstractButton::clicked;
-    Collega<QAbstractButton>(ui->imgClose, Premuto, this, [this] { close(); });
+    Collega(ui->imgClose, Premuto, this, [this] { close(); });
     MostraTasti(ui->cmdTasti, QKeySequence(TastiDi(u"", u"cmdTasti"), QKeySequence::PortableText));
-    Collega<QAbstractButton>(ui->cmdTasti, Premuto, this, [] { MostraPaginaTasti(); });
-    Collega<QAbstractButton>(ui->imgMarvenna, Premuto, this,
-                             [] { ApriMarchio(indirizzi::Editore(), u"editore"_s); });
-    Collega<QAbstractButton>(ui->imgQB, Premuto, this,
-                             [] { ApriMarchio(indirizzi::Sviluppatore(), u"sviluppo"_s); });
+    Collega(ui->cmdTasti, Premuto, this, [] { MostraPaginaTasti(); });
+    Collega(ui->imgMarvenna, Premuto, this, [] { ApriMarchio(indirizzi::Editore(), u"editore"_s); });
+    Collega(ui->imgQB, Premuto, this, [] { ApriMarchio(indirizzi::Sviluppatore(), u"sviluppo"_s); });
     SfondoDaStendere.setSingleShot(true);
     Collega(&SfondoDaStendere, &QTimer::timeout, this, [this] { StendiSfondo(); });
     aspetto::AssegnaNomiAccessibili(this);
@@ -224,7 +222,7 @@ void frmStudio::CreaApri(QToolButton* Bottone)
     MettiRecenti(Tendina, nullptr);
     Bottone->setMenu(Tendina);
     MostraTasti(Bottone, QKeySequence(TastiDi(u"frmMain", u"openpar"), QKeySequence::PortableText));
-    Collega<QAbstractButton>(Bottone, &QAbstractButton::clicked, this, [this] { imgMenu_Click(u"open"_s); });
+    Collega(Bottone, &QAbstractButton::clicked, this, [this] { imgMenu_Click(u"open"_s); });
 }
 
 /// What the strip wants beside the icons: more with larger letters, where the screen has it.

@@ -133,7 +133,7 @@ IconaStudio* frmStudio::NuovaIcona(const QString& Etichetta, const QString& Tag,
     Collega(Icona, &IconaStudio::Puntata, this,
             [this, Indice](bool Sopra) { Menu(Sopra ? Indice : NessunaIcona); });
     Collega(Icona, &IconaStudio::Freccia, this, [this, Indice](int Tasto) { Sposta(Indice, Tasto); });
-    Collega<QAbstractButton>(Icona, &QAbstractButton::clicked, this, [this, Tag] { imgMenu_Click(Tag); });
+    Collega(Icona, &QAbstractButton::clicked, this, [this, Tag] { imgMenu_Click(Tag); });
     return Icona;
 }
 
@@ -171,8 +171,8 @@ void frmStudio::DrawNewIcon(const QString& Etichetta, const QString& Destinazion
     Icona->setToolTip(u"Icona personale: "_s + Etichetta);
     Icona->setAccessibleDescription(Destinazione);
     Icona->setContextMenuPolicy(Qt::CustomContextMenu);
-    Collega<QWidget>(Icona, &QWidget::customContextMenuRequested, this,
-                     [Icona, Riga](const QPoint& Dove) { MenuIcona(Icona->mapToGlobal(Dove), Riga); });
+    Collega(Icona, &QWidget::customContextMenuRequested, this,
+            [Icona, Riga](const QPoint& Dove) { MenuIcona(Icona->mapToGlobal(Dove), Riga); });
 }
 
 void frmStudio::imgMenu_Click(const QString& Tag)

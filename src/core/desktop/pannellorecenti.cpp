@@ -171,10 +171,10 @@ void PannelloRecenti::PreparaElenco()
     setTabOrder(Elenco, Apri);
     // A click opens, as on the icons; the second one of a double click finds the window that the first
     // opened.
-    Collega<QAbstractItemView>(Elenco, &QAbstractItemView::clicked, this,
-                               [this](const QModelIndex& Voce) { ApriRiga(Voce.row()); });
-    Collega<QWidget>(Elenco, &QWidget::customContextMenuRequested, this,
-                     [this](const QPoint& Dove) { MenuRiga(Dove); });
+    Collega(Elenco, &QAbstractItemView::clicked, this,
+            [this](const QModelIndex& Voce) { ApriRiga(Voce.row()); });
+    Collega(Elenco, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint& Dove) { MenuRiga(Dove); });
 }
 
 void PannelloRecenti::Aggiorna()

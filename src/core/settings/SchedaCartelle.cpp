@@ -92,26 +92,25 @@ SchedaCartelle::SchedaCartelle(QWidget* Padre) : QWidget(Padre), ui(std::make_un
     ui->setupUi(this);
     Pausa.setSingleShot(true);
     Pausa.setInterval(PausaMs);
-    Collega<QTimer>(&Pausa, &QTimer::timeout, this, [this] { SegnaMancanti(); });
+    Collega(&Pausa, &QTimer::timeout, this, [this] { SegnaMancanti(); });
     for (int i = 0; i < int(Percorsi.size()); ++i) {
         QLineEdit* const Campo = ui.get()->*Percorsi[size_t(i)].Campo;
-        Collega<QLineEdit>(Campo, &QLineEdit::textEdited, this, [this] { Pausa.start(); });
-        Collega<QLineEdit>(Campo, &QLineEdit::textChanged, this, [this, i] {
+        Collega(Campo, &QLineEdit::textEdited, this, [this] { Pausa.start(); });
+        Collega(Campo, &QLineEdit::textChanged, this, [this, i] {
             Cambiate.insert(i);
             if (!Pausa.isActive())
                 SegnaMancanti();
         });
-        Collega<QAbstractButton>(findChild<QAbstractButton*>(u"cmdSelDir_%1"_s.arg(i)),
-                                 &QAbstractButton::clicked, this, [this, i] { cmdSelDir_Click(i); });
+        Collega(findChild<QAbstractButton*>(u"cmdSelDir_%1"_s.arg(i)), &QAbstractButton::clicked, this,
+                [this, i] { cmdSelDir_Click(i); });
         if (const auto* Crea = findChild<QAbstractButton*>(u"cmdCrea_%1"_s.arg(i)))
-            Collega<QAbstractButton>(Crea, &QAbstractButton::clicked, this, [this, i] { cmdCrea_Click(i); });
+            Collega(Crea, &QAbstractButton::clicked, this, [this, i] { cmdCrea_Click(i); });
         auto* Avviso = findChild<QLabel*>(u"lblManca_%1"_s.arg(i));
         QPalette Colori = Avviso->palette();
         Colori.setColor(QPalette::WindowText, aspetto::Sbagliato());
         Avviso->setPalette(Colori);
     }
-    Collega<QAbstractButton>(ui->cmdImporta, &QAbstractButton::clicked, this,
-                             [] { Aperture.Apri(u"importa"); });
+    Collega(ui->cmdImporta, &QAbstractButton::clicked, this, [] { Aperture.Apri(u"importa"); });
     constexpr double Grigio = 0.7;
     QPalette Colori = ui->lblSenzaServer->palette();
     Colori.setColor(QPalette::WindowText, aspetto::Mischia(Colori.color(QPalette::WindowText),

@@ -96,7 +96,7 @@ SchedaContabili::SchedaContabili(QWidget* Padre) : QWidget(Padre), ui(std::make_
     FiltraTasti(ui->txtNumFatt, u"n"_s);
     ui->txtNumFatt->setAlignment(Qt::AlignRight);
     AlLascia(ui->txtNumFatt, [this] { return LasciaNumero(); });
-    Collega<QAbstractButton>(ui->cmdVigenti, &QAbstractButton::clicked, this, [this] { cmdVigenti_Click(); });
+    Collega(ui->cmdVigenti, &QAbstractButton::clicked, this, [this] { cmdVigenti_Click(); });
 }
 
 SchedaContabili::~SchedaContabili() = default;

@@ -91,10 +91,10 @@ SchedaDesktop::SchedaDesktop(QWidget* Padre) : QWidget(Padre), ui(std::make_uniq
     AlScegliere(ui->cmbTemplates, [this](int Voce, ModoScelta) { cmbTemplates_Click(Voce); });
     AlScegliere(ui->cmbSfondi, [this](int Voce, ModoScelta) { cmbSfondi_Click(Voce); });
     const auto Premuto = &QAbstractButton::clicked;
-    Collega<QAbstractButton>(ui->cmdNessuna, Premuto, this, [this] { cmbSfondi_Click(-1); });
+    Collega(ui->cmdNessuna, Premuto, this, [this] { cmbSfondi_Click(-1); });
     for (int i = 0; i < ColoriDesktop; ++i)
-        Collega<QAbstractButton>(findChild<QAbstractButton*>(u"cmdColor_%1"_s.arg(i)), Premuto, this,
-                                 [this, i] { cmdColor_Click(i); });
+        Collega(findChild<QAbstractButton*>(u"cmdColor_%1"_s.arg(i)), Premuto, this,
+                [this, i] { cmdColor_Click(i); });
 
     ui->tdbIcone->setAccessibleName(u"Icone personali"_s);
     ui->tdbIcone->ImpostaColonne(Colonne());
@@ -109,13 +109,13 @@ SchedaDesktop::SchedaDesktop(QWidget* Padre) : QWidget(Padre), ui(std::make_uniq
     ui->tdbIcone->ConsentiTrascina(true);
     Collega(ui->tdbIcone, &Griglia::Trascinata, this,
             [this](int Meta) { SpostaIcone(ui->tdbIcone->Selezione(), Meta); });
-    Collega<QAbstractButton>(ui->cmdAddIco, Premuto, this, [this] { ModificaIcona(-1); });
-    Collega<QAbstractButton>(ui->cmdModIco, Premuto, this, [this] {
+    Collega(ui->cmdAddIco, Premuto, this, [this] { ModificaIcona(-1); });
+    Collega(ui->cmdModIco, Premuto, this, [this] {
         if (const auto Riga = ui->tdbIcone->RigaCorrente())
             ModificaIcona(*Riga);
     });
-    Collega<QAbstractButton>(ui->cmdDelIco, Premuto, this,
-                             [this] { EliminaIcona(ui->tdbIcone->RigaCorrente().value_or(-1)); });
+    Collega(ui->cmdDelIco, Premuto, this,
+            [this] { EliminaIcona(ui->tdbIcone->RigaCorrente().value_or(-1)); });
     for (const int Passo : {-1, 1}) {
         auto* Tasti = new QShortcut(QKeySequence(Qt::ALT | (Passo < 0 ? Qt::Key_Up : Qt::Key_Down)),
                                     ui->tdbIcone, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);

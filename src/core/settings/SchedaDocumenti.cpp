@@ -77,11 +77,9 @@ SchedaDocumenti::SchedaDocumenti(QWidget* Padre) : QWidget(Padre), ui(std::make_
         Segni += u'{' + Nome + u'}';
     ui->lblSegnaposti->setText(u"Si possono usare "_s + Segni.join(u", "_s) +
                                u"; una riga senza alcun valore non viene scritta."_s);
-    Collega<QAbstractButton>(ui->cmdLogo, &QAbstractButton::clicked, this, [this] { cmdLogo_Click(); });
-    Collega<QAbstractButton>(ui->cmdTogliLogo, &QAbstractButton::clicked, this,
-                             [this] { cmdTogliLogo_Click(); });
-    Collega<QAbstractButton>(ui->cmdTestiIniziali, &QAbstractButton::clicked, this,
-                             [this] { cmdTestiIniziali_Click(); });
+    Collega(ui->cmdLogo, &QAbstractButton::clicked, this, [this] { cmdLogo_Click(); });
+    Collega(ui->cmdTogliLogo, &QAbstractButton::clicked, this, [this] { cmdTogliLogo_Click(); });
+    Collega(ui->cmdTestiIniziali, &QAbstractButton::clicked, this, [this] { cmdTestiIniziali_Click(); });
     AlScegliere(ui->cmbLogoPosto, [this](int, ModoScelta) { MostraFoglio(); });
     Collega(ui->txtLogoAltezza, &QDoubleSpinBox::valueChanged, this, [this](double) { MostraFoglio(); });
 }

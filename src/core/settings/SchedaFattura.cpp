@@ -106,7 +106,7 @@ SchedaFattura::SchedaFattura(QWidget* Padre) : QWidget(Padre), ui(std::make_uniq
     for (const QLineEdit* Campo : {ui->txtCap, ui->txtProv, ui->txtPecStudio})
         Collega(Campo, &QLineEdit::textChanged, this, [this] { SegnaControlli(); });
     Collega(ui->txtProgTrasm, &QLineEdit::textChanged, this, [this] { MostraNome(); });
-    Collega<QAbstractButton>(ui->cmdRicava, &QAbstractButton::clicked, this, [this] { cmdRicava_Click(); });
+    Collega(ui->cmdRicava, &QAbstractButton::clicked, this, [this] { cmdRicava_Click(); });
 }
 
 SchedaFattura::~SchedaFattura() = default;

@@ -40,9 +40,9 @@ frmIcons::frmIcons(TabellaRighe& Icone, int Riga, QWidget* Padre)
     aspetto::AssegnaMnemonici(this);
     aspetto::AssegnaNomiAccessibili(this);
     const auto Premuto = &QAbstractButton::clicked;
-    Collega<QAbstractButton>(ui->cmdSalvaIco, Premuto, this, [this] { cmdSalvaIco_Click(); });
-    Collega<QAbstractButton>(ui->cmdAnnulla, Premuto, this, [this] { reject(); });
-    Collega<QAbstractButton>(ui->cmdSelProg, Premuto, this, [this] { cmdSelProg_Click(); });
+    Collega(ui->cmdSalvaIco, Premuto, this, [this] { cmdSalvaIco_Click(); });
+    Collega(ui->cmdAnnulla, Premuto, this, [this] { reject(); });
+    Collega(ui->cmdSelProg, Premuto, this, [this] { cmdSelProg_Click(); });
     Collega(ui->cmbImgIco, &QComboBox::currentIndexChanged, this, [this] { MostraFigura(); });
     // An address that is typed or pasted says by itself what it is.
     Collega(ui->txtCollegIco, &QLineEdit::textEdited, this, [this](const QString& Testo) {

@@ -144,10 +144,9 @@ frmSetup::frmSetup()
     aspetto::AssegnaMnemonici(this);
     aspetto::AssegnaNomiAccessibili(this);
     aspetto::RicordaPostoDi(this, objectName());
-    Collega<QAbstractButton>(ui->cmdSaveImpost, &QAbstractButton::clicked, this,
-                             [this] { cmdSaveImpost_Click(); });
-    Collega<QAbstractButton>(ui->cmdChiudi, &QAbstractButton::clicked, this, [this] { close(); });
-    Collega<QAbstractButton>(ui->cmdHelp, &QAbstractButton::toggled, this, [this](bool Si) { ShowHelp(Si); });
+    Collega(ui->cmdSaveImpost, &QAbstractButton::clicked, this, [this] { cmdSaveImpost_Click(); });
+    Collega(ui->cmdChiudi, &QAbstractButton::clicked, this, [this] { close(); });
+    Collega(ui->cmdHelp, &QAbstractButton::toggled, this, [this](bool Si) { ShowHelp(Si); });
     Collega(this, &QDialog::finished, this, [] { Invoca(Aperture.ImpostazioniChiuse); });
     Collega(ui->tabSetup, &QTabWidget::currentChanged, this, [this] { ShowHelp(ui->cmdHelp->isChecked()); });
     for (const Obbligo& Voce : Obblighi) {

@@ -68,9 +68,8 @@ frmSfoglia::frmSfoglia(QWidget* Chiamante) : QDialog(Chiamante), ui(std::make_un
         if (Riga)
             ui->txtCartella->setText(Riga->data(RuoloPercorso).toString());
     });
-    Collega<QAbstractButton>(ui->cmdSeleziona, &QAbstractButton::clicked, this,
-                             [this] { cmdSeleziona_Click(); });
-    Collega<QAbstractButton>(ui->cmdAnnulla, &QAbstractButton::clicked, this, [this] { reject(); });
+    Collega(ui->cmdSeleziona, &QAbstractButton::clicked, this, [this] { cmdSeleziona_Click(); });
+    Collega(ui->cmdAnnulla, &QAbstractButton::clicked, this, [this] { reject(); });
     ui->dirDir->installEventFilter(this);
     ui->txtCartella->installEventFilter(this);
     // In both Enter goes into a folder; the button chooses it.

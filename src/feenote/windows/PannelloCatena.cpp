@@ -93,7 +93,7 @@ PannelloCatena::PannelloCatena(QWidget* Padre)
     Colonna->addWidget(Righe, 1);
     Colonna->addWidget(Lettere);
     Colonna->addWidget(Bottoni);
-    Collega<QAbstractButton>(Copiare, &QAbstractButton::clicked, this, [this] { Copia(); });
+    Collega(Copiare, &QAbstractButton::clicked, this, [this] { Copia(); });
     Collega(Bottoni, &QDialogButtonBox::rejected, this, [this] { reject(); });
     aspetto::AssegnaMnemonici(this);
 }

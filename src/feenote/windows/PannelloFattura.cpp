@@ -139,26 +139,23 @@ void PannelloFattura::CollegaScelte()
         Cornice.ApplicaStampa([&] { (void)CambiaTipoFattura(Nota, Tipo); });
     });
     for (const SegnoScelta& Voce : Segni)
-        Collega<QAbstractButton>(ui.get()->*Voce.Segno, &QAbstractButton::clicked, this,
-                                 [this] { Scegli(); });
+        Collega(ui.get()->*Voce.Segno, &QAbstractButton::clicked, this, [this] { Scegli(); });
 }
 
 void PannelloFattura::CollegaComandi()
 {
     Collega(ui->lstMancanzeXml, &QListWidget::itemActivated, this,
             [this](QListWidgetItem* Voce) { VaiAllaRiga(ui->lstMancanzeXml->row(Voce)); });
-    Collega<QAbstractButton>(ui->cmdAnteprimaXml, &QAbstractButton::toggled, this, [this](bool Si) {
+    Collega(ui->cmdAnteprimaXml, &QAbstractButton::toggled, this, [this](bool Si) {
         ui->pagineXml->setCurrentIndex(Si ? 1 : 0);
         Mostra();
     });
-    Collega<QAbstractButton>(ui->cmdChiudiXml, &QAbstractButton::clicked, this, [this] {
+    Collega(ui->cmdChiudiXml, &QAbstractButton::clicked, this, [this] {
         if (ConcludiCampo())
             Q_EMIT Chiuso();
     });
-    Collega<QAbstractButton>(ui->cmdSalvaXml, &QAbstractButton::clicked, this,
-                             [this] { cmdSalvaXml_Click(); });
-    Collega<QAbstractButton>(ui->cmdControllaXml, &QAbstractButton::clicked, this,
-                             [this] { cmdControllaXml_Click(); });
+    Collega(ui->cmdSalvaXml, &QAbstractButton::clicked, this, [this] { cmdSalvaXml_Click(); });
+    Collega(ui->cmdControllaXml, &QAbstractButton::clicked, this, [this] { cmdControllaXml_Click(); });
 }
 
 void PannelloFattura::NuovaNota()

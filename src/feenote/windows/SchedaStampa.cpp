@@ -316,7 +316,7 @@ void SchedaStampa::CollegaFattura()
     Elettronica->hide();
     ui->colonnaPagina->addWidget(Elettronica, 1);
     QWidget::setTabOrder(ui->vp, Elettronica);
-    Collega<QAbstractButton>(ui->cmdFatturaXml, &QAbstractButton::clicked, this, [this](bool Si) {
+    Collega(ui->cmdFatturaXml, &QAbstractButton::clicked, this, [this](bool Si) {
         if (ConcludiCampo())
             MostraFattura(Si);
         else

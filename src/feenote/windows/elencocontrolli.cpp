@@ -79,7 +79,7 @@ ElencoControlli::ElencoControlli(const Parcella& Dati, CorniceNota& Finestra, QW
     lstControlli->viewport()->setCursor(Qt::PointingHandCursor);
 
     Aperto = Impostazione(Disposizione) != Chiuso;
-    Collega<QAbstractButton>(cmdControlli, &QAbstractButton::clicked, this, [this] { Apri(!Aperto); });
+    Collega(cmdControlli, &QAbstractButton::clicked, this, [this] { Apri(!Aperto); });
     Collega(lstControlli, &QListWidget::itemClicked, this,
             [this](QListWidgetItem* Voce) { VaiAllaVoce(Voce); });
     CollegaTasti();

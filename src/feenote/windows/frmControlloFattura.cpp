@@ -53,11 +53,10 @@ frmControlloFattura::frmControlloFattura(const QString& File, const QList<EsitoC
     aspetto::AssegnaMnemonici(this);
     aspetto::AssegnaNomiAccessibili(this);
     aspetto::RicordaPostoDi(this, objectName());
-    Collega<QAbstractButton>(ui->cmdChiudi, &QAbstractButton::clicked, this, [this] { accept(); });
-    Collega<QAbstractButton>(ui->cmdCopia, &QAbstractButton::clicked, this,
-                             [Righe, Detta = ui->lblEsito->text()] {
-                                 QGuiApplication::clipboard()->setText(Detta + u'\n' + Righe.join(u'\n'));
-                             });
+    Collega(ui->cmdChiudi, &QAbstractButton::clicked, this, [this] { accept(); });
+    Collega(ui->cmdCopia, &QAbstractButton::clicked, this, [Righe, Detta = ui->lblEsito->text()] {
+        QGuiApplication::clipboard()->setText(Detta + u'\n' + Righe.join(u'\n'));
+    });
     constexpr QSize Prima(560, 320);
     if (!Esiti.isEmpty())
         resize(Prima);

@@ -214,7 +214,7 @@ void frmParcelle::CollegaCatena()
         return CatenaFiscale(Nota,
                              ETipoStampa(Nota.cmbTipoStampa) ? Nota.cmbTipoStampa : int(StampaPrenotula));
     });
-    Collega<QAbstractButton>(ui->pieCatena, &QAbstractButton::clicked, this, [this] { MostraCatena(); });
+    Collega(ui->pieCatena, &QAbstractButton::clicked, this, [this] { MostraCatena(); });
     Collega(ui->pieCatena, &PiedeCatena::Ricalcolata, this, [this] {
         if (Importi && Importi->isVisible())
             Importi->Mostra(ui->pieCatena->Conti());

@@ -68,8 +68,7 @@ void frmPrint::CreaApriCartella()
     cmdApriCartella->setToolTip(u"Apre la cartella del documento salvato"_s);
     cmdApriCartella->setAutoRaise(true);
     statusBar()->addPermanentWidget(cmdApriCartella);
-    Collega<QAbstractButton>(cmdApriCartella, &QAbstractButton::clicked, this,
-                             [this] { ApriCartellaDi(Salvato); });
+    Collega(cmdApriCartella, &QAbstractButton::clicked, this, [this] { ApriCartellaDi(Salvato); });
 }
 
 void frmPrint::CreaBarra()

@@ -99,7 +99,7 @@ frmTrovaParcella::frmTrovaParcella() : ui(std::make_unique<Ui::frmTrovaParcella>
     CollegaStato();
     CollegaTasti();
     Raccolta.setInterval(20);
-    ::Collega(&Raccolta, &QTimer::timeout, this, [this] { Raccogli(); });
+    Collega(&Raccolta, &QTimer::timeout, this, [this] { Raccogli(); });
     aspetto::RicordaPostoDi(this, NomePosto);
     ui->tdbParcelle->ImpostaLarghezze(Impostazione(ChiaveLarghezze));
 }
@@ -115,7 +115,7 @@ void frmTrovaParcella::CostruisciBarra()
         const QString Chiave = Voce.Chiave.toString();
         QAction* Azione = Tendina->addAction(Voce.Testo.toString());
         Azione->setObjectName(u"menu_"_s + Chiave);
-        ::Collega(Azione, &QAction::triggered, this, [this, Chiave] { barTrova_ButtonMenuClick(Chiave); });
+        Collega(Azione, &QAction::triggered, this, [this, Chiave] { barTrova_ButtonMenuClick(Chiave); });
     }
     for (const TastoTrova& Descritto : Tasti) {
         const QString Chiave = Descritto.Chiave.toString();
@@ -131,7 +131,7 @@ void frmTrovaParcella::CostruisciBarra()
             Azione->setMenu(Tendina);
             Bottone->setPopupMode(QToolButton::MenuButtonPopup);
         }
-        ::Collega(Azione, &QAction::triggered, this, [this, Chiave] { barTrova_ButtonClick(Chiave); });
+        Collega(Azione, &QAction::triggered, this, [this, Chiave] { barTrova_ButtonClick(Chiave); });
     }
     Seleziona = ui->barTrova->findChild<QAction*>(u"selez"_s);
     Apri = ui->barTrova->findChild<QAction*>(u"open"_s);
@@ -177,20 +177,17 @@ void frmTrovaParcella::CostruisciGriglia()
 void frmTrovaParcella::CollegaControlli()
 {
     SuggerisciLeggibile(ui->txtDesPar);
-    ::Collega<QAbstractButton>(ui->cmdTrova, &QAbstractButton::clicked, this, [this] { cmdTrova_Click(); });
-    ::Collega<QAbstractButton>(ui->cmdSfoglia, &QAbstractButton::clicked, this,
-                               [this] { cmdSfoglia_Click(); });
+    Collega(ui->cmdTrova, &QAbstractButton::clicked, this, [this] { cmdTrova_Click(); });
+    Collega(ui->cmdSfoglia, &QAbstractButton::clicked, this, [this] { cmdSfoglia_Click(); });
     for (int i = Parcelle; i <= Libera; ++i)
-        ::Collega<QAbstractButton>(optFolder(i), &QAbstractButton::clicked, this,
-                                   [this, i] { optFolder_Click(i); });
-    ::Collega<QAbstractButton>(ui->chkSubDir, &QAbstractButton::clicked, this,
-                               [this] { TrovaParc(Presente); });
-    ::Collega(ui->txtDesPar, &QLineEdit::textChanged, this, [this] { txtDesPar_Change(); });
+        Collega(optFolder(i), &QAbstractButton::clicked, this, [this, i] { optFolder_Click(i); });
+    Collega(ui->chkSubDir, &QAbstractButton::clicked, this, [this] { TrovaParc(Presente); });
+    Collega(ui->txtDesPar, &QLineEdit::textChanged, this, [this] { txtDesPar_Change(); });
     Griglia* Lista = ui->tdbParcelle;
-    ::Collega(Lista, &Griglia::DoppioClic, this, &frmTrovaParcella::tdbParcelle_DblClick);
-    ::Collega(Lista, &Griglia::ClicTitolo, this, &frmTrovaParcella::tdbParcelle_HeadClick);
-    ::Collega(Lista, &Griglia::Cancella, this, [this] { Cancella(); });
-    ::Collega(Lista, &Griglia::RigaCambiata, this, [this] {
+    Collega(Lista, &Griglia::DoppioClic, this, &frmTrovaParcella::tdbParcelle_DblClick);
+    Collega(Lista, &Griglia::ClicTitolo, this, &frmTrovaParcella::tdbParcelle_HeadClick);
+    Collega(Lista, &Griglia::Cancella, this, [this] { Cancella(); });
+    Collega(Lista, &Griglia::RigaCambiata, this, [this] {
         Mosso = Mosso || !InMostra;
         AbilitaBarra();
     });
@@ -203,7 +200,7 @@ void frmTrovaParcella::CollegaTasti()
     ui->txtSearchPath->installEventFilter(this);
     const auto Tasto = [this](const QKeySequence& Sequenza, const std::function<void()>& Fai) {
         auto* Scorciatoia = new QShortcut(Sequenza, this);
-        ::Collega(Scorciatoia, &QShortcut::activated, this, Fai);
+        Collega(Scorciatoia, &QShortcut::activated, this, Fai);
     };
     Tasto(Qt::Key_F5, [this] { Avvia(Scopo::Rinfresca); });
     Tasto(QKeySequence::Find, [this] {

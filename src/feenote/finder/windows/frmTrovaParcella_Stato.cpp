@@ -43,8 +43,7 @@ void frmTrovaParcella::CollegaStato()
     ui->cmdPerCliente->setMenu(new QMenu(ui->cmdPerCliente));
     ui->cmdPerCliente->setEnabled(false);
     ui->cmdUnCliente->setIcon(aspetto::Icona(u"chiudi"_s));
-    ::Collega<QAbstractButton>(ui->cmdUnCliente, &QAbstractButton::clicked, this,
-                               [this] { FiltraSolo({}, {}); });
+    Collega(ui->cmdUnCliente, &QAbstractButton::clicked, this, [this] { FiltraSolo({}, {}); });
 }
 
 void frmTrovaParcella::cmbStato_Click(int Quale)
@@ -98,13 +97,13 @@ void frmTrovaParcella::RiempiPerCliente(const ApertoTutto& Somma)
     Tendina->clear();
     ui->cmdPerCliente->setEnabled(!Somma.Clienti.isEmpty() || Solo);
     if (Solo)
-        ::Collega(Tendina->addAction(u"Tutti i clienti"_s), &QAction::triggered, this,
-                  [this] { FiltraSolo({}, {}); });
+        Collega(Tendina->addAction(u"Tutti i clienti"_s), &QAction::triggered, this,
+                [this] { FiltraSolo({}, {}); });
     for (const ApertoCliente& Uno : Somma.Clienti.first(std::min(MassimiNelMenu, Somma.Clienti.size()))) {
         const QString Chi = Uno.Cliente.isEmpty() ? u"Senza cliente"_s : Uno.Cliente;
         QAction* Voce = Tendina->addAction(QString(Chi).replace(u'&', u"&&"_s) + u'\t' + FraseAperto(Uno));
-        ::Collega(Voce, &QAction::triggered, this,
-                  [this, Chi, Quello = Uno.Chi()] { FiltraSolo(Quello, Chi); });
+        Collega(Voce, &QAction::triggered, this,
+                [this, Chi, Quello = Uno.Chi()] { FiltraSolo(Quello, Chi); });
     }
     if (const qsizetype Altri = Somma.Clienti.size() - MassimiNelMenu; Altri > 0)
         Tendina->addAction(Altri == 1 ? u"e un altro"_s : u"e altri %1"_s.arg(Altri))->setEnabled(false);
