@@ -34,8 +34,7 @@ bool ApreRubrica(const QKeyEvent& Tasto)
 
 bool ApreScheda(const QKeyEvent& Tasto)
 {
-    return (Tasto.key() == Qt::Key_Return || Tasto.key() == Qt::Key_Enter) &&
-           (Tasto.modifiers() & ~Qt::KeypadModifier) == Qt::ControlModifier;
+    return EInvio(Tasto.key()) && (Tasto.modifiers() & ~Qt::KeypadModifier) == Qt::ControlModifier;
 }
 
 }  // namespace

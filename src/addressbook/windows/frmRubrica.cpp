@@ -10,6 +10,7 @@
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/barra.h"
+#include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/suggerimento.h"
 #include "platform/system/messaggi.h"
@@ -163,8 +164,7 @@ bool frmRubrica::eventFilter(QObject* Oggetto, QEvent* Evento)
     if (Evento->type() != QEvent::KeyPress)
         return QDialog::eventFilter(Oggetto, Evento);
     const auto& Premuto = *static_cast<QKeyEvent*>(Evento);
-    const bool Scende =
-        Premuto.key() == Qt::Key_Down || Premuto.key() == Qt::Key_Return || Premuto.key() == Qt::Key_Enter;
+    const bool Scende = Premuto.key() == Qt::Key_Down || EInvio(Premuto.key());
     if (Oggetto == ui->txtFiltro && Scende) {
         // Down to the rows that the filter leaves, not to those that it is about to take away.
         Esegui([this] { Filtra(true); });

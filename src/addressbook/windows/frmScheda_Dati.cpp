@@ -35,7 +35,7 @@ bool frmScheda::eventFilter(QObject* Oggetto, QEvent* Evento)
     if (Evento->type() == QEvent::KeyPress && qobject_cast<QLineEdit*>(Oggetto)) {
         const auto& Tasto = *static_cast<QKeyEvent*>(Evento);
         const bool Solo = (Tasto.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-        if (Solo && (Tasto.key() == Qt::Key_Return || Tasto.key() == Qt::Key_Enter)) {
+        if (Solo && EInvio(Tasto.key())) {
             PassaOltre(Oggetto);
             return true;
         }

@@ -33,12 +33,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool EInvio(const QEvent* Evento)
+bool InvioPremuto(const QEvent* Evento)
 {
     if (Evento->type() != QEvent::KeyPress)
         return false;
     const auto* Tasto = static_cast<const QKeyEvent*>(Evento);
-    return Tasto->key() == Qt::Key_Return || Tasto->key() == Qt::Key_Enter;
+    return EInvio(Tasto->key());
 }
 
 class Catena : public QObject
@@ -56,7 +56,7 @@ public:
 
     bool eventFilter(QObject* Oggetto, QEvent* Evento) override
     {
-        if (!EInvio(Evento))
+        if (!InvioPremuto(Evento))
             return false;
         if (QWidget* Campo = Prossimo(static_cast<QWidget*>(Oggetto)))
             Campo->setFocus(Qt::TabFocusReason);

@@ -174,8 +174,7 @@ bool frmCodFis::eventFilter(QObject* Oggetto, QEvent* Evento)
         Comandi->Aggiorna();
     }
     if (Oggetto == ui->txtLetto && Evento->type() == QEvent::KeyPress &&
-        (static_cast<QKeyEvent*>(Evento)->key() == Qt::Key_Return ||
-         static_cast<QKeyEvent*>(Evento)->key() == Qt::Key_Enter)) {
+        EInvio(static_cast<QKeyEvent*>(Evento)->key())) {
         txtLetto_Invio();
         return true;  // the dialog would press the button of the other half
     }

@@ -176,7 +176,7 @@ bool frmContrib::eventFilter(QObject* Oggetto, QEvent* Evento)
     if (!Bottone || Evento->type() != QEvent::KeyPress)
         return QDialog::eventFilter(Oggetto, Evento);
     const int Tasto = static_cast<QKeyEvent*>(Evento)->key();
-    if (Tasto != Qt::Key_Return && Tasto != Qt::Key_Enter)
+    if (!EInvio(Tasto))
         return QDialog::eventFilter(Oggetto, Evento);
     Bottone->click();
     return true;

@@ -4,6 +4,7 @@
 #include "platform/base/regionale.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
+#include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 
 #include "calculators/windows/ui_frmRicorrenti.h"
@@ -108,7 +109,7 @@ bool frmRicorrenti::eventFilter(QObject* Oggetto, QEvent* Evento)
         ui->tdbRicorrenti->setFocus(Qt::TabFocusReason);
         return true;
     }
-    if (Tasto != Qt::Key_Return && Tasto != Qt::Key_Enter)
+    if (!EInvio(Tasto))
         return false;
     cmdScegli_Click();
     return true;

@@ -175,7 +175,7 @@ bool frmSfoglia::eventFilter(QObject* Oggetto, QEvent* Evento)
     if (Evento->type() != QEvent::KeyPress)
         return QDialog::eventFilter(Oggetto, Evento);
     const int Tasto = static_cast<QKeyEvent*>(Evento)->key();
-    const bool Invio = Tasto == Qt::Key_Return || Tasto == Qt::Key_Enter;
+    const bool Invio = EInvio(Tasto);
     if (Oggetto == ui->txtCartella && Invio) {
         txtCartella_Invio();
         return true;

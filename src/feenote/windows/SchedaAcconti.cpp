@@ -234,7 +234,7 @@ bool SchedaAcconti::eventFilter(QObject* Oggetto, QEvent* Evento)
 
 bool SchedaAcconti::TastoSulNome(const QKeyEvent& Tasto)
 {
-    const bool Invio = Tasto.key() == Qt::Key_Return || Tasto.key() == Qt::Key_Enter;
+    const bool Invio = EInvio(Tasto.key());
     const Qt::KeyboardModifiers Con = Tasto.modifiers() & ~Qt::KeypadModifier;
     if (Invio && Con == Qt::ControlModifier)
         Cornice.ApriMulti();

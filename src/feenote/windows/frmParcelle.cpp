@@ -79,7 +79,7 @@ bool VoltaPagina(const QKeyEvent& Tasto)
 bool InvioPassa(const QKeyEvent& Tasto)
 {
     QWidget* Campo = QApplication::focusWidget();
-    const bool Invio = Tasto.key() == Qt::Key_Return || Tasto.key() == Qt::Key_Enter;
+    const bool Invio = EInvio(Tasto.key());
     const bool Scelta = qobject_cast<const QComboBox*>(Campo) || qobject_cast<const QCheckBox*>(Campo) ||
                         qobject_cast<const QRadioButton*>(Campo);
     if (!Invio || !Scelta || (Tasto.modifiers() & ~Qt::KeypadModifier) != 0)

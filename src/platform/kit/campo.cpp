@@ -211,7 +211,7 @@ private:
     /// True when the key goes no further.
     bool Filtra(const QKeyEvent& Tasto)
     {
-        if (Tasto.key() == Qt::Key_Return || Tasto.key() == Qt::Key_Enter) {
+        if (EInvio(Tasto.key())) {
             PassaAvanti(Box);
             return true;
         }

@@ -26,6 +26,12 @@ void AlLascia(QWidget* Campo, std::function<bool()> Procedura);
 void AlLasciaSempre(QWidget* Campo, std::function<bool()> Procedura);
 
 /// Runs the leave procedure of the focused field and commits the open cell of a grid.
+/// Enter, of the letters or of the keypad.
+[[nodiscard]] constexpr bool EInvio(int Tasto)
+{
+    return Tasto == Qt::Key_Return || Tasto == Qt::Key_Enter;
+}
+
 /// @return false when it refuses
 [[nodiscard]] bool ConcludiCampo();
 

@@ -64,8 +64,7 @@ private:
     {
         Ricomincia();
         // Before the focus goes on: what is chosen here may open the next list.
-        if (Evento.key() == Qt::Key_Return || Evento.key() == Qt::Key_Enter || Evento.key() == Qt::Key_Tab ||
-            Evento.key() == Qt::Key_Backtab)
+        if (EInvio(Evento.key()) || Evento.key() == Qt::Key_Tab || Evento.key() == Qt::Key_Backtab)
             Agisci(ModoScelta::Scelta);
     }
 

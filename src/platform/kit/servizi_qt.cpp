@@ -1,5 +1,6 @@
 #include "platform/kit/servizi_qt.h"
 
+#include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/messaggi_qt.h"
 #include "platform/kit/rotella.h"
@@ -81,8 +82,7 @@ public:
 private:
     [[nodiscard]] bool PremeIlPulsante(int Tasto) const
     {
-        return Ferma && Ferma->hasFocus() &&
-               (Tasto == Qt::Key_Space || Tasto == Qt::Key_Return || Tasto == Qt::Key_Enter);
+        return Ferma && Ferma->hasFocus() && (Tasto == Qt::Key_Space || EInvio(Tasto));
     }
     [[nodiscard]] bool SulPulsante(const QMouseEvent* Evento) const
     {

@@ -2,6 +2,7 @@
 
 #include "platform/kit/aspetto.h"
 #include "platform/kit/barraricerca.h"
+#include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/preview/vistastampa_accessibile.h"
 #include "platform/preview/vistastampa_fogli.h"
@@ -332,7 +333,7 @@ std::function<void()> VistaStampa::ComandoDi(const QKeyEvent* Evento)
 {
     const bool InCampo = Barra->NelCampo();
     const bool Maiuscole = Evento->modifiers() & Qt::ShiftModifier;
-    if (InCampo && (Evento->key() == Qt::Key_Return || Evento->key() == Qt::Key_Enter))
+    if (InCampo && EInvio(Evento->key()))
         return [this, Maiuscole] { VaiATrovata(!Maiuscole); };
     if (Evento->key() == Qt::Key_Escape && !Barra->isHidden())
         return [this] { ChiudiRicerca(); };

@@ -7,6 +7,7 @@
 #include "platform/base/regionale.h"
 #include "platform/kit/annuncio.h"
 #include "platform/kit/aspetto.h"
+#include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/suggerimento.h"
 #include "platform/system/file.h"
@@ -209,7 +210,7 @@ void frmWeb::done(int Esito)
 
 void frmWeb::keyPressEvent(QKeyEvent* Evento)
 {
-    const bool Invio = Evento->key() == Qt::Key_Return || Evento->key() == Qt::Key_Enter;
+    const bool Invio = EInvio(Evento->key());
     if (Evento->key() == Qt::Key_Escape && ui->fraCerca->isVisible())
         ChiudiRicerca();
     else if (Invio && ui->txtCerca->hasFocus())

@@ -2,6 +2,7 @@
 
 #include "platform/kit/annuncio.h"
 #include "platform/kit/aspetto.h"
+#include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/suggerimento.h"
 
@@ -164,7 +165,7 @@ void PannelloGuida::ApriTrovato(int Riga)
 
 void PannelloGuida::keyPressEvent(QKeyEvent* Evento)
 {
-    const bool Invio = Evento->key() == Qt::Key_Return || Evento->key() == Qt::Key_Enter;
+    const bool Invio = EInvio(Evento->key());
     const bool Trovati = Fogli->currentWidget() == lstTrovati;
     if (Evento->key() == Qt::Key_Escape && !txtGuida->text().isEmpty()) {
         txtGuida->clear();

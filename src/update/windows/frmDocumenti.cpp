@@ -6,6 +6,7 @@
 #include "platform/grid/griglia.h"
 #include "platform/kit/annuncio.h"
 #include "platform/kit/aspetto.h"
+#include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
@@ -27,11 +28,6 @@ enum ColonnaDocum { ColDocumento, ColTipo, NumColonne };
 const QString ChiaveLarghezze = u"Disposizione_tdbDocum"_s;
 constexpr QStringView NessunDocumento = u"Non ci sono documenti nella cartella «docum» del programma.";
 constexpr QStringView NessunoTrovato = u"Nessun documento ha nel nome il testo cercato.";
-
-bool EInvio(int Tasto)
-{
-    return Tasto == Qt::Key_Return || Tasto == Qt::Key_Enter;
-}
 
 }  // namespace
 

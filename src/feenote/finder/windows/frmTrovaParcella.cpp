@@ -71,11 +71,6 @@ constexpr std::array Cartelle{
     VoceCartelle{u"openmod", u"Apri da modelli"},
 };
 
-bool EInvio(int Tasto)
-{
-    return Tasto == Qt::Key_Return || Tasto == Qt::Key_Enter;
-}
-
 }  // namespace
 
 frmTrovaParcella::frmTrovaParcella() : ui(std::make_unique<Ui::frmTrovaParcella>())
