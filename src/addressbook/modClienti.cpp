@@ -7,6 +7,7 @@
 #include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
+#include "platform/base/segni.h"
 #include "platform/database/database.h"
 
 #include <QDate>
@@ -145,12 +146,11 @@ TipoSoggetto SoggettoDi(const DatiCliente& Cliente)
 
 bool ESocieta(const DatiCliente& Cliente)
 {
-    const auto Cifra = [](QChar C) { return C >= u'0' && C <= u'9'; };
     const std::optional<TipoSoggetto> Scritto = SoggettoScritto(Cliente.TipoSoggetto);
     if (Scritto == TipoSoggetto::Persona)
         return false;
     if (Scritto == TipoSoggetto::Societa || Scritto == TipoSoggetto::Amministrazione)
         return true;
     return !Cliente.RapprLegale.isEmpty() ||
-           (Cliente.CodFis.size() == CifrePartitaIva && std::ranges::all_of(Cliente.CodFis, Cifra));
+           (Cliente.CodFis.size() == CifrePartitaIva && std::ranges::all_of(Cliente.CodFis, ECifra));
 }

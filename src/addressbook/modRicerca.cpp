@@ -2,6 +2,7 @@
 
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
+#include "platform/base/segni.h"
 #include "platform/database/valori.h"
 
 #include <algorithm>
@@ -17,7 +18,7 @@ bool ConTestoODate(TipoCampo Tipo)
 }
 
 /// The numeric types that take digits alone; 19 is a decimal number of other engines.
-bool SoloCifre(TipoCampo Tipo)
+bool PrendeSoloCifre(TipoCampo Tipo)
 {
     constexpr int Decimale = 19;
     return Tipo == TipoCampo::Byte || Tipo == TipoCampo::Intero || Tipo == TipoCampo::Lungo ||
@@ -98,10 +99,10 @@ int LunghezzaRicerca(const Campo& Colonna)
 
 bool TastoRicerca(TipoCampo Tipo, QChar Carattere)
 {
-    const bool Cifra = Carattere >= u'0' && Carattere <= u'9';
+    const bool Cifra = ECifra(Carattere);
     if (Tipo == TipoCampo::Data)
         return Cifra || Carattere == u'/';
-    return Cifra || !SoloCifre(Tipo);
+    return Cifra || !PrendeSoloCifre(Tipo);
 }
 
 bool SenzaValore(int Operatore)

@@ -5,6 +5,7 @@
 #include "core/modControlli.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
+#include "platform/base/segni.h"
 #include "platform/database/valori.h"
 #include "platform/system/messaggi.h"
 
@@ -47,11 +48,6 @@ const QString Controp = u"Controp"_s;
 [[noreturn]] void Rifiuta(const Campo& Colonna)
 {
     throw Errore(errori::TipoDelValore, DescrizioneErrore(errori::TipoDelValore) + u": "_s + Colonna.Name);
-}
-
-bool SoloCifre(const QString& Testo)
-{
-    return std::ranges::all_of(Testo, [](QChar C) { return C >= u'0' && C <= u'9'; });
 }
 
 /// A day, with separators or as 6 or 8 digits.

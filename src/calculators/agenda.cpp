@@ -159,7 +159,7 @@ QString TestoAgenda(QList<VoceAgenda> Voci)
     std::ranges::stable_sort(Voci, {}, &VoceAgenda::Giorno);
     QStringList Righe;
     for (const VoceAgenda& Voce : std::as_const(Voci))
-        Righe << NomeGiorno(Voce.Giorno.dayOfWeek()).toLower() + u' ' + Format(Voce.Giorno, u"dd/mm/yyyy") +
+        Righe << NomeGiorno(Voce.Giorno.dayOfWeek()).toLower() + u' ' + Format(Voce.Giorno, ModelloData) +
                      u": "_s + TitoloAgenda(Voce);
     return Righe.join(u'\n');
 }

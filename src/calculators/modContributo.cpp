@@ -57,7 +57,7 @@ double Contributo(double ValoreEuro, TabellaContributo Tabella)
 QString ValoreLasciato(const QString& Testo)
 {
     try {
-        return Format(Round(CDbl(Testo), 2), u"#,##0.00");
+        return Format(Round(CDbl(Testo), 2), ModelloImporto);
     } catch (const Errore&) {
         return Testo;
     }
@@ -67,7 +67,7 @@ void CalcolaContributi(const TestiContributo& Valori, TestiContributo& Contribut
 {
     for (size_t i = 0; i < Valori.size(); ++i) {
         if (!Valori[i].isEmpty())
-            Contributi[i] = Format(Contributo(CDbl(Valori[i]), TabelleCampi[i]), u"#,##0.00");
+            Contributi[i] = Format(Contributo(CDbl(Valori[i]), TabelleCampi[i]), ModelloImporto);
         else if (i != CampoTributario)
             Contributi[i].clear();
     }

@@ -223,7 +223,7 @@ int DecimaliTassi(const TabellaRighe& Righe)
 QString CellaInteressi(int Colonna, const QVariant& Valore, int Decimali)
 {
     if (Colonna == IntImporto && Valore.isValid())
-        return Format(Valore.toDouble(), u"#,##0.00");
+        return Format(Valore.toDouble(), ModelloImporto);
     if (Colonna == IntTasso && Valore.isValid() && Decimali > 0)
         return Format(Valore.toDouble(), u"0."_s + QString(Decimali, u'0'));
     return CStr(Valore);

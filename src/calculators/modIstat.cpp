@@ -24,7 +24,7 @@ constexpr int ValutaLireIstat = 1;
 
 QString Importo(double Valore)
 {
-    return Format(Valore, u"#,##0.00") + u"  "_s;
+    return Format(Valore, ModelloImporto) + u"  "_s;
 }
 
 /// "\ngen 2012": the second line of an index.

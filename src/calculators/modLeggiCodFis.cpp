@@ -3,6 +3,7 @@
 #include "calculators/modCodFis.h"
 #include "core/modControlli.h"
 #include "platform/base/regionale.h"
+#include "platform/base/segni.h"
 
 #include <algorithm>
 #include <array>
@@ -27,11 +28,6 @@ constexpr qsizetype LettereNome = 3;
 bool ELettera(QChar C)
 {
     return C >= u'A' && C <= u'Z';
-}
-
-bool ECifra(QChar C)
-{
-    return C >= u'0' && C <= u'9';
 }
 
 bool PostoDiCifra(qsizetype Posto)
@@ -163,7 +159,7 @@ QString FraseNascita(const LetturaCodFis& Lettura)
 {
     QStringList Giorni;
     for (const QDate& Nascita : Lettura.Nascite)
-        Giorni << Format(Nascita, u"dd/mm/yyyy");
+        Giorni << Format(Nascita, ModelloData);
     return Giorni.join(u" oppure "_s);
 }
 

@@ -52,7 +52,7 @@ void Testa(Superficie& vp)
     vp.ColonnaTabella(AttrTabella::Allinea, 1, int(Allineamento::AltoSinistra));
     vp.ColonnaTabella(AttrTabella::Allinea, 2, int(Allineamento::Destra));
     vp.CellaTabella(AttrTabella::Testo, 1, 1, TestoStudio());
-    vp.CellaTabella(AttrTabella::Testo, 1, 2, Format(Oggi(), u"dd/mm/yyyy"));
+    vp.CellaTabella(AttrTabella::Testo, 1, 2, Format(Oggi(), ModelloData));
     vp.TableBorder(0);
     vp.EndTable();
 }

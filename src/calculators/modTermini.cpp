@@ -307,7 +307,7 @@ QString Pasquetta(int Anno)
 {
     const bool Valido = Anno >= PrimoAnno && Anno <= UltimoAnno;
     const GiornoMese Quando = Valido ? GiornoPasquetta(Anno) : SenzaPasquetta;
-    return Format(QDate(Valido ? Anno : AnnoSenzaPasquetta, Quando.Mese, Quando.Giorno), u"dd/mm/yyyy");
+    return Format(QDate(Valido ? Anno : AnnoSenzaPasquetta, Quando.Mese, Quando.Giorno), ModelloData);
 }
 
 bool GiornoSospeso(const QDate& Data)

@@ -49,8 +49,8 @@ QString DescrizionePasso(const PassoStrada& Passo)
 
 QString DatePasso(const PassoStrada& Passo)
 {
-    const QString Da = Format(Passo.Da, u"dd/mm/yyyy");
-    return Passo.A == Passo.Da ? Da : Da + u" - "_s + Format(Passo.A, u"dd/mm/yyyy");
+    const QString Da = Format(Passo.Da, ModelloData);
+    return Passo.A == Passo.Da ? Da : Da + u" - "_s + Format(Passo.A, ModelloData);
 }
 
 QString NormaPasso(const PassoStrada& Passo)

@@ -92,7 +92,7 @@ QString RigheTesto(const TabellaRighe& Righe)
     for (int i = 0; i < Righe.Righe(); ++i)
         Tutte << QStringList{Giorno(Righe(i, IntDal).toDate()), Giorno(Righe(i, IntAl).toDate()),
                              CStr(Righe(i, IntTasso)), CStr(Righe(i, IntGiorni)),
-                             Format(Righe(i, IntImporto).toDouble(), u"#,##0.00")}
+                             Format(Righe(i, IntImporto).toDouble(), ModelloImporto)}
                      .join(u';');
     return Tutte.join(u'|');
 }
@@ -193,7 +193,7 @@ Risposta ComandoInteressi(const QStringList& Valori, const NormeChieste& Scelta)
     const EsitoInteressi Esito = CalcolaInteressi(ArchivioDiChiunque(), Dati, UltimoAumento);
     if (Esito.Fine != FineInteressi::Completa)
         Script.Fallisci();
-    Risposta Tutto{Format(Esito.TotaleInteressi, u"#,##0.00"),
+    Risposta Tutto{Format(Esito.TotaleInteressi, ModelloImporto),
                    {{u"totale"_s, Round(Esito.TotaleInteressi, 2)}, {u"righe"_s, RigheJson(Esito.Righe)}},
                    false};
     Tutto.Righe = RigheTesto(Esito.Righe);

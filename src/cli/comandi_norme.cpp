@@ -270,10 +270,10 @@ Risposta ContributoDiLegge(const QStringList& Valori, const NormeChieste& Scelta
 {
     const auto Insieme = NormeVigenti();
     const EsitoContributo Esito = ContributoVigente(*Insieme, LeggiContributo(*Insieme, Valori));
-    QStringList Righe{Format(Esito.ContributoEuro, u"#,##0.00")};
+    QStringList Righe{Format(Esito.ContributoEuro, ModelloImporto)};
     QJsonArray Passi;
     for (const PassoContributo& Passo : Esito.Passi) {
-        Righe << QStringList{Passo.Testo, Format(Passo.Euro, u"#,##0.00"), Passo.Norma, Passo.Nota}.join(
+        Righe << QStringList{Passo.Testo, Format(Passo.Euro, ModelloImporto), Passo.Norma, Passo.Nota}.join(
             u'\t');
         Passi.append(QJsonObject{{u"testo"_s, Passo.Testo},
                                  {u"euro"_s, Passo.Euro},
@@ -292,11 +292,11 @@ Risposta ContributoDiLegge(const QStringList& Valori, const NormeChieste& Scelta
         return {Righe.first(), Record, false};
     Record[u"passi"_s] = Passi;
     if (Esito.AggiunteEuro > 0)
-        Righe << QStringList{u"In tutto"_s, Format(Esito.TotaleEuro(), u"#,##0.00"), {}, {}}.join(u'\t');
+        Righe << QStringList{u"In tutto"_s, Format(Esito.TotaleEuro(), ModelloImporto), {}, {}}.join(u'\t');
     if (Esito.MinimoEuro)
         Righe << QStringList{
             u"Almeno, per l'iscrizione a ruolo"_s,
-            Format(*Esito.MinimoEuro, u"#,##0.00"),
+            Format(*Esito.MinimoEuro, ModelloImporto),
             Esito.NormaMinimo,
             {}}.join(u'\t');
     return {(Righe + Esito.Note).join(u'\n'), Record, false};
@@ -419,5 +419,5 @@ Risposta ComandoContributo(const QStringList& Valori, const NormeChieste& Scelta
     const int Tabella = LeggiParola(u"tabella"_s, Valori.value(1, u"ordinario"_s),
                                     {u"ordinario"_s, u"ridotto"_s, u"tributario"_s});
     const double Dovuto = Contributo(Valore, Tabelle[size_t(Tabella)]);
-    return {Format(Dovuto, u"#,##0.00"), {{u"contributo"_s, Dovuto}}, false};
+    return {Format(Dovuto, ModelloImporto), {{u"contributo"_s, Dovuto}}, false};
 }

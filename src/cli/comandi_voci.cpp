@@ -134,7 +134,7 @@ QString InRiga(const QJsonObject& Voce)
     if (Voce[u"medio"_s].isNull())
         return Capo + u"|non prevista"_s;
     const auto Importo = [&](const QString& Nome) {
-        return u'|' + Format(Voce[Nome].toDouble(), u"#,##0.00");
+        return u'|' + Format(Voce[Nome].toDouble(), ModelloImporto);
     };
     return Capo + Importo(u"minimo"_s) + Importo(u"medio"_s) + Importo(u"massimo"_s);
 }

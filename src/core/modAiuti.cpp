@@ -51,7 +51,7 @@ int Versione9x(const VersioneSistema& Sistema)
 
 QString LireEuroFormattato(double Lire)
 {
-    return Format(LireEuro(Lire), u"#,##0.00");
+    return Format(LireEuro(Lire), ModelloImporto);
 }
 
 QString PrimaMaiuscola(const QString& Testo)

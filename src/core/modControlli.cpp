@@ -1,5 +1,7 @@
 #include "core/modControlli.h"
 
+#include "platform/base/segni.h"
+
 #include <algorithm>
 #include <array>
 
@@ -43,7 +45,7 @@ QString Compatto(const QString& Testo)
 int Valore(QChar C)
 {
     constexpr int PrimaLettera = 10;
-    if (C >= u'0' && C <= u'9')
+    if (ECifra(C))
         return C.unicode() - u'0';
     return C >= u'A' && C <= u'Z' ? C.unicode() - u'A' + PrimaLettera : -1;
 }

@@ -1,6 +1,7 @@
 #include "core/modLogo.h"
 
 #include "platform/base/errore.h"
+#include "platform/base/segni.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/orologio.h"
@@ -29,8 +30,8 @@ QString PostoNoto(const QString& Valore)
 
 QString ImprontaValida(const QString& Valore)
 {
-    const bool Esadecimale = std::ranges::all_of(
-        Valore, [](QChar C) { return (C >= u'0' && C <= u'9') || (C >= u'a' && C <= u'f'); });
+    const bool Esadecimale =
+        std::ranges::all_of(Valore, [](QChar C) { return ECifra(C) || (C >= u'a' && C <= u'f'); });
     return Esadecimale && Valore.size() == CifreImpronta ? Valore : QString();
 }
 

@@ -188,7 +188,7 @@ QString FraseRecente(const NotaRecente& Nota)
         Parti += Nota.Cliente;
     if (!Nota.Documento.isEmpty())
         Parti += Nota.Documento;
-    Parti += u"netto "_s + Format(Nota.Netto, u"#,##0.00") + u" €"_s;
+    Parti += u"netto "_s + Format(Nota.Netto, ModelloImporto) + u" €"_s;
     Parti += Nota.Data.toString(u"dd/MM/yyyy"_s);
     Parti += u"cartella "_s + CartellaRecente(Nota);
     return Parti.join(u", "_s);

@@ -115,7 +115,7 @@ private:
 
     QString Netto() const
     {
-        return Format(CatenaFiscale(Nota->Nota, StampaPrenotula).Netto, u"#,##0.00"_s) + u" €"_s;
+        return Format(CatenaFiscale(Nota->Nota, StampaPrenotula).Netto, ModelloImporto) + u" €"_s;
     }
 
     void VaiA(int Scheda)

@@ -2,6 +2,7 @@
 
 #include "core/modControlli.h"
 #include "platform/base/regionale.h"
+#include "platform/base/segni.h"
 
 #include <QRegularExpression>
 
@@ -11,16 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool Cifra(QChar C)
-{
-    return C >= u'0' && C <= u'9';
-}
-
-bool ELettera(QChar C)
-{
-    return C >= u'A' && C <= u'Z';
-}
-
 /// The digits of a VAT number, which may stand in groups. What follows it is none of it: a postal code behind
 /// a dash, another group where there is nearly a number already.
 QString CifreDi(QStringView Testo)
@@ -28,7 +19,7 @@ QString CifreDi(QStringView Testo)
     QString Cifre;
     for (const QChar C : Testo) {
         const bool Spazio = C.isSpace() || C == u'.';
-        if (Cifra(C))
+        if (ECifra(C))
             Cifre += C;
         else if (!Spazio || Cifre.size() >= CifrePartitaIva - 1)
             break;
@@ -51,7 +42,7 @@ QString Dietro(const QString& Resto, bool& Esteri)
     if (Codice.isEmpty())
         return {};
     // Two letters in front of a number are a country.
-    if (Codice.size() > 2 && ELettera(Codice[0]) && ELettera(Codice[1]) && Cifra(Codice[2])) {
+    if (Codice.size() > 2 && EMaiuscola(Codice[0]) && EMaiuscola(Codice[1]) && ECifra(Codice[2])) {
         Esteri = true;
         return {};
     }
@@ -59,14 +50,14 @@ QString Dietro(const QString& Resto, bool& Esteri)
     // Six letters and the year of birth: no word goes on like this.
     constexpr qsizetype LettereNome = 6;
     const bool Forma = Intero.size() > LettereNome + 1 &&
-                       std::all_of(Intero.cbegin(), Intero.cbegin() + LettereNome, ELettera) &&
-                       (Cifra(Intero[LettereNome]) || Cifra(Intero[LettereNome + 1]));
+                       std::all_of(Intero.cbegin(), Intero.cbegin() + LettereNome, EMaiuscola) &&
+                       (ECifra(Intero[LettereNome]) || ECifra(Intero[LettereNome + 1]));
     return Forma ? Intero : QString();
 }
 
 void Aggiungi(CodiciScritti& Letti, const QString& Codice, bool Nominato)
 {
-    const bool Numero = std::ranges::all_of(Codice, Cifra);
+    const bool Numero = std::ranges::all_of(Codice, ECifra);
     const auto Gia = [&](const CodiceScritto& Uno) { return Uno.Codice == Codice; };
     if (!Codice.isEmpty() && !std::ranges::any_of(Letti.Codici, Gia))
         Letti.Codici.append({Codice, Numero, CodiceFiscaleTorna(Codice), Nominato});

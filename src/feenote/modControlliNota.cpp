@@ -27,7 +27,7 @@ const QDate TermineDal(2019, 7, 1);
 
 QString Giorno(const QDate& Data)
 {
-    return Format(Data, u"dd/mm/yyyy");
+    return Format(Data, ModelloData);
 }
 
 /// "Onorario 3 (Fase decisoria)": the number finds the line, the words say which it is.
@@ -327,7 +327,7 @@ void RaccoltaRilievi::Acconti()
     const auto Confronta = [&](double Pagato, double Dovuto, int Colonna, const QString& Frase) {
         if (Pagato > Dovuto + MezzoCentesimo)
             Avvisa(GenereRilievo::AccontiEccedenti, LuogoRilievo::Acconti,
-                   Frase.arg(Format(Pagato, u"#,##0.00"), Format(Dovuto, u"#,##0.00")), 0, Colonna);
+                   Frase.arg(Format(Pagato, ModelloImporto), Format(Dovuto, ModelloImporto)), 0, Colonna);
     };
     Confronta(Pagati.AccontiCorrispettivi, Conti.Dati.Onorari + Conti.SpeseGen, AccCorrispettivi,
               Conti.SpeseGen != 0

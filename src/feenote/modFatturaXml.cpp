@@ -48,7 +48,7 @@ void SegnaFatturaScritta(Parcella& Nota, const QString& File, const QString& Pro
 {
     (void)NotaFatturata(Nota);  // while it is known of which invoice the file before is
     Nota.FatturaXml.File = File;
-    Nota.FatturaXml.Quando = Format(Oggi(), u"dd/mm/yyyy");
+    Nota.FatturaXml.Quando = Format(Oggi(), ModelloData);
     Nota.FatturaXml.Progressivo = Progressivo;
     Nota.FatturaXml.DiFattura = FirmaFattura(Nota);
     SetModificata(Nota, true);

@@ -121,7 +121,7 @@ ValoriLettera ValoriDi(const Parcella& Nota, int Tipo)
     Valori[u"oggetto"_s] = Oggetto.simplified();
     // Nobody pays a credit note.
     Valori[u"netto"_s] = ETipoStampa(Tipo) && Dati.Riepilogo && !Storno
-                             ? Format(CatenaFiscale(Nota, Tipo).Netto, u"#,##0.00"_s)
+                             ? Format(CatenaFiscale(Nota, Tipo).Netto, ModelloImporto)
                              : QString();
     Valori[u"studio"_s] = sessione::StudioNome;
     return Valori;

@@ -5,6 +5,7 @@
 #include "core/modErrori.h"
 #include "core/sessione.h"
 #include "platform/base/regionale.h"
+#include "platform/base/segni.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/orologio.h"
@@ -33,7 +34,7 @@ QString NumeroDellaFattura(const Parcella& Nota)
     QString Numero = Nota.DatiPar(DatoNumFatt).trimmed();
     const auto Data = LeggiData(Nota.DatiPar(DatoDataFatt));
     // The year alone makes no number of a text.
-    const bool ConCifre = std::ranges::any_of(Numero, [](QChar C) { return C >= u'0' && C <= u'9'; });
+    const bool ConCifre = std::ranges::any_of(Numero, ECifra);
     const QString Anno = Data && ConCifre ? u'/' + QString::number(Data->year()) : QString();
     return Numero.endsWith(Anno) ? Numero : Numero + Anno;
 }
@@ -59,7 +60,7 @@ bool NumeraFattura(Parcella& Nota)
         return false;
     }
     Nota.txtDatiPar[DatoNumFatt] = CStr(sessione::ProgFatt + 1);
-    Nota.txtDatiPar[DatoDataFatt] = Format(Oggi(), u"dd/mm/yyyy");
+    Nota.txtDatiPar[DatoDataFatt] = Format(Oggi(), ModelloData);
     SetModificata(Nota, true);
     return true;
 }

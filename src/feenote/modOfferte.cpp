@@ -70,7 +70,7 @@ QString ConImporto(const QString& Descr, double Euro)
 {
     static const QRegularExpression FraParentesi(uR"(\(€ [\d.]+,\d\d\)$)"_s);
     QString Nuova = Descr;
-    return Nuova.replace(FraParentesi, u"(€ %1)"_s.arg(Format(Euro, u"#,##0.00"_s)));
+    return Nuova.replace(FraParentesi, u"(€ %1)"_s.arg(Format(Euro, ModelloImporto)));
 }
 
 /// An item of the catalogue.
@@ -106,7 +106,7 @@ bool AnticipazioneDovuta(const Parcella& Nota)
 QString LimiteAnticipazione()
 {
     return u"Non fino a € %1 davanti al giudice di pace (L. 374/1991, art. 46)."_s.arg(
-        Format(SoloContributoEuro, u"#,##0.00"));
+        Format(SoloContributoEuro, ModelloImporto));
 }
 
 bool SenzaImporti(const Parcella& Nota, int Riga)
@@ -142,7 +142,7 @@ int PortaSpese(Parcella& Nota, const Recordset& Catalogo, const QList<SpesaDiLeg
         const SpesaDiLegge& Spesa = Nuove[i];
         const int Riga = AddDiritti(Nota, Spesa.Giorno, ConImporto(Voci[i].Descr, Spesa.Euro), u"1"_s,
                                     Voci[i].NVoce, Voci[i].IDDir, Corrente);
-        Nota.xDiritti(Riga, DirData) = Format(Spesa.Giorno, u"dd/mm/yyyy");
+        Nota.xDiritti(Riga, DirData) = Format(Spesa.Giorno, ModelloData);
         Nota.xDiritti(Riga, DirEsente) = Arrotonda2(Spesa.Euro);
         Prima = Prima < 0 ? Riga : Prima;
         if (Corrente)

@@ -129,13 +129,13 @@ QString OltreGliScaglioni(const Parcella& Nota)
     const double Ultimo = std::ranges::max(Nota.ListaScaglioni, std::less{}, &ScaglioneValore::AVal).AVal;
     if (Nota.txtImporto.Numero() <= Ultimo)
         return {};
-    return TestoFrase(FraseParametri::OltreLaTariffa).arg(Format(Ultimo, u"#,##0.00"), Nota.Tariffa->Nome);
+    return TestoFrase(FraseParametri::OltreLaTariffa).arg(Format(Ultimo, ModelloImporto), Nota.Tariffa->Nome);
 }
 
 /// A value that is not defined shows an empty box.
 void ScriviImporto(Parcella& Nota, double Valore)
 {
-    Nota.txtImporto.Testo = Valore > 0 ? Format(Valore, u"#,##0.00") : QString();
+    Nota.txtImporto.Testo = Valore > 0 ? Format(Valore, ModelloImporto) : QString();
 }
 
 }  // namespace
@@ -262,7 +262,7 @@ bool CambiaScaglione(Parcella& Nota, int Indice)
     if (Indice == Nota.IdxValorePrec)
         return true;
     if (HaRighe(Nota) && !ConfermaRicalcolo()) {
-        Nota.txtImporto.Testo = Format(Nota.ImportoPrec, u"#,##0.00");  // "0,00" where there is none, too
+        Nota.txtImporto.Testo = Format(Nota.ImportoPrec, ModelloImporto);  // "0,00" where there is none, too
         Nota.cmbValore = Nota.IdxValorePrec;
         return false;
     }
@@ -377,7 +377,7 @@ QString DatiBaseCon(const Parcella& Nota, const QString& Categoria, const QStrin
         Testo += u" - "_s + Limiti;
     const double Valore = Nota.txtImporto.Numero();
     if (Valore > 0)
-        Testo += u" - Valore: "_s + Format(Valore, u"#,##0.00") + u" €"_s;
+        Testo += u" - Valore: "_s + Format(Valore, ModelloImporto) + u" €"_s;
     if (Nota.Multipla())
         Testo += u" (Parcella multipla)"_s;
     return Testo;

@@ -66,7 +66,7 @@ QString TestoScaglione(const Parcella& Nota)
 QString TestoValore(const Parcella& Nota)
 {
     const double Valore = Nota.txtImporto.Numero();
-    return Valore > 0 ? Format(Valore, u"#,##0.00") + u" €"_s : TestoScaglione(Nota).toLower();
+    return Valore > 0 ? Format(Valore, ModelloImporto) + u" €"_s : TestoScaglione(Nota).toLower();
 }
 
 void SetModificata(Parcella& Nota, bool Valore)

@@ -30,9 +30,8 @@ bool DiAltraSpecie(QByteArrayView Inizio)
 /// Plain text: UTF-8 where it is that, else 1252.
 QString TestoSemplice(QByteArray Byte)
 {
-    const QByteArray Marca = "\xEF\xBB\xBF"_ba;
-    if (Byte.startsWith(Marca))
-        Byte.remove(0, Marca.size());
+    if (Byte.startsWith(MarcaUtf8))
+        Byte.remove(0, MarcaUtf8.size());
     QStringDecoder Lettore(QStringDecoder::Utf8);
     QString Testo = Lettore(Byte);
     return Lettore.hasError() ? DaCp1252(Byte) : Testo;

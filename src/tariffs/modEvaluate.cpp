@@ -2,6 +2,7 @@
 
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
+#include "platform/base/segni.h"
 #include "platform/system/messaggi.h"
 
 #include <algorithm>
@@ -115,7 +116,7 @@ bool Lettera(QChar C)
 
 bool CarattereNumerico(QChar C)
 {
-    return (C >= u'0' && C <= u'9') || C == u',' || C == u'.';
+    return ECifra(C) || C == u',' || C == u'.';
 }
 
 bool Parentesi(QChar C)

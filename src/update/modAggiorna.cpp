@@ -28,7 +28,7 @@ constexpr QStringView Avanzo = u".parziale";
 
 QString FileVersioni()
 {
-    return Barra(sessione::UserFolder) + u"versioni.txt"_s;
+    return Barra(sessione::UserFolder) + ElencoVersioni.toString();
 }
 
 void SvuotaSessione()
@@ -58,7 +58,8 @@ bool Porta(const RichiestaRete& Chiesta, const Provenienza& Da, bool Interattivo
 {
     if (Da.Indirizzo.isEmpty()) {
         try {
-            return CopiaFile(TrovaFile(Da.Cartella + u"versioni.txt"_s), Chiesta.File, MassimoVersioni);
+            return CopiaFile(TrovaFile(Da.Cartella + ElencoVersioni.toString()), Chiesta.File,
+                             MassimoVersioni);
         } catch (const Errore&) {
             ScartaFile(Chiesta.File);
             throw;
@@ -118,8 +119,8 @@ RichiestaRete InizioControllo(const Provenienza& Da)
     SvuotaSessione();
     CreaCartellaDiUtente(sessione::UserFolder);
     TogliAvanzi();
-    return RichiestaCopia(Da.Indirizzo + u"/kr5/setup/versioni.txt"_s, Provvisorio(FileVersioni()),
-                          MassimoVersioni);
+    return RichiestaCopia(Da.Indirizzo + CartellaServer.toString() + ElencoVersioni.toString(),
+                          Provvisorio(FileVersioni()), MassimoVersioni);
 }
 
 bool FineControllo(const RichiestaRete& Chiesta, const Provenienza& Da, bool Interattivo, Annuncio& Trovato)

@@ -31,7 +31,7 @@ QString Cartella(const QString& Percorso)
 
 QString Giorno(const QDate& Data)
 {
-    return Format(Data, u"dd/mm/yyyy");
+    return Format(Data, ModelloData);
 }
 
 /// What an archive holds, behind the day of its file.

@@ -5,6 +5,7 @@
 #include "core/versione.h"
 #include "platform/base/errore.h"
 #include "platform/network/firma.h"
+#include "platform/network/rete.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/orologio.h"
@@ -57,8 +58,7 @@ void Sostituisci(const Arrivo& Nuovo, const QString& Vecchio)
 
 bool SuQuestaMacchina(const Provenienza& Da)
 {
-    const QString Nome = QUrl(Da.Indirizzo).host();
-    return Nome == u"127.0.0.1" || Nome == u"::1";
+    return QuestaMacchina(QUrl(Da.Indirizzo).host());
 }
 
 /// @throws Fallito, Errore
@@ -72,8 +72,8 @@ void Porta(const Provenienza& Da, const QString& Nome, const QString& File, qint
             return !Fermato;
         };
         QString Dettaglio;
-        const int Esito =
-            CopiaURL(Da.Indirizzo + u"/kr5/setup/"_s + Nome, File, {false, MassimoByte, Osserva}, &Dettaglio);
+        const int Esito = CopiaURL(Da.Indirizzo + CartellaServer.toString() + Nome, File,
+                                   {false, MassimoByte, Osserva}, &Dettaglio);
         // Who stops at the very end of one file does not want the next one either.
         if (Fermato)
             throw Fallito{DescriviFine(FineRete::Annullata), true};
@@ -99,9 +99,9 @@ bool SembraFirma(const QByteArray& Testo)
 
 QByteArray PortaFirma(const Annuncio& Trovato, const PassoAggiornamento& Passo)
 {
-    const Arrivo Firma(Barra(sessione::UserFolder) + u"versioni.txt.sig"_s);
+    const Arrivo Firma(Barra(sessione::UserFolder) + FirmaVersioni.toString());
     try {
-        Porta(Trovato.Da, u"versioni.txt.sig"_s, Firma.File(), MassimoFirma, Passo);
+        Porta(Trovato.Da, FirmaVersioni.toString(), Firma.File(), MassimoFirma, Passo);
         return LeggiFile(Firma.File(), MassimoFirma);
     } catch (const Errore&) {
         return {};  // a folder without it

@@ -16,13 +16,6 @@ constexpr QStringView InizioVersione = u"versione=[";
 constexpr qsizetype MassimaNota = 500;
 constexpr qsizetype RigheFisse = 3;
 
-QString Testo(const QByteArray& Contenuto)
-{
-    const QByteArray MarcaUtf8 = "\xEF\xBB\xBF"_ba;
-    return Contenuto.startsWith(MarcaUtf8) ? QString::fromUtf8(Contenuto.sliced(MarcaUtf8.size()))
-                                           : DaCp1252(Contenuto);
-}
-
 QStringList Righe(QString Testo)
 {
     Testo.replace(u"\r\n"_s, u"\n"_s);
@@ -96,7 +89,7 @@ const FileElencato* Versioni::Elencato(const QString& Nome) const
 
 Versioni LeggiVersioni(const QByteArray& Contenuto)
 {
-    const QStringList Tutte = Righe(Testo(Contenuto));
+    const QStringList Tutte = Righe(DaMarca(Contenuto));
     Versioni Lette;
     Lette.RigaVuota = Tutte.value(0).isEmpty();
     Lette.Versione = Versione(Tutte.value(0));

@@ -35,6 +35,11 @@ struct Versioni
     [[nodiscard]] const FileElencato* Elencato(const QString& Nome) const;  ///< null where there is none
 };
 
+/// The announcement and its signature, and where they stand on a server.
+inline constexpr QStringView ElencoVersioni = u"versioni.txt";
+inline constexpr QStringView FirmaVersioni = u"versioni.txt.sig";
+inline constexpr QStringView CartellaServer = u"/kr5/setup/";
+
 /// Largest versioni.txt that is read, in bytes.
 inline constexpr qint64 MassimoVersioni = qint64(64) << 10;
 

@@ -76,5 +76,5 @@ void ScriviComuni(const QList<ComuneTabella>& Comuni, const QDate& Al, const QSt
     for (const ComuneTabella& Uno : Comuni)
         AggiungiRiga(Db, Tabella, {Uno.Nome, Uno.Provincia, Uno.Codice});
     Tutto.Conferma();
-    Db.Annota({{u"Al"_s, Format(Al, u"dd/mm/yyyy")}});
+    Db.Annota({{u"Al"_s, Format(Al, ModelloData)}});
 }

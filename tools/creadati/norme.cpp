@@ -187,7 +187,7 @@ void ScriviNorme(const TabelleNorme& Dati, const QString& Percorso)
                 AggiungiRiga(Db, Tabella, Riga);
         }
         Tutto.Conferma();
-        const QString Al = Format(Dati.NoteFinoAl, u"dd/mm/yyyy");
+        const QString Al = Format(Dati.NoteFinoAl, ModelloData);
         Db.Annota({{NomeNoteFinoAl.toString(), Al}});
         Db.Annota({{NomeNoteFinoAl.toString(), Al}, {NomeSigillo.toString(), SigilloNorme(Db)}});
     }

@@ -26,7 +26,7 @@ TabellaDati TabellaTassi(const QList<TassoPeriodo>& Periodi)
     TabellaDati Fatta{{4.0, 4.0, 3.5}, {false, false, true}, {{u"Dal"_s, u"Al"_s, u"Tasso %"_s}}};
     for (const TassoPeriodo& Uno : Periodi)
         Fatta.Righe +=
-            {Format(Uno.Dal, u"dd/mm/yyyy"), Format(Uno.Al, u"dd/mm/yyyy"), Format(Uno.TassoPerc, u"0.00")};
+            {Format(Uno.Dal, ModelloData), Format(Uno.Al, ModelloData), Format(Uno.TassoPerc, u"0.00")};
     return Fatta;
 }
 

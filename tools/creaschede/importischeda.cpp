@@ -21,7 +21,7 @@ const auto Chiusura = u"</table>\n"_s;
 
 QString Euro(double Importo)
 {
-    return Format(Importo, u"#,##0.00");
+    return Format(Importo, ModelloImporto);
 }
 
 QString ConEuro(double Importo)

@@ -75,7 +75,7 @@ Ordine LeggiOrdine(const QStringList& Argomenti)
 QByteArray TreRighe(const Ordine& Dato)
 {
     const QString Tassi = Dato.Opzioni[u"--tassi"_s];
-    const QString Data = Dato.Opzioni.value(u"--data"_s, Format(DataFile(Tassi).date(), u"dd/mm/yyyy"));
+    const QString Data = Dato.Opzioni.value(u"--data"_s, Format(DataFile(Tassi).date(), ModelloData));
     const QString Nota = Dato.Opzioni.value(u"--nota"_s);
     if (DaCp1252(Cp1252(Nota)) != Nota)
         Rifiuta(u"La nota contiene caratteri che l'elenco delle versioni non può contenere."_s);
@@ -84,7 +84,7 @@ QByteArray TreRighe(const Ordine& Dato)
     const Versioni Lette = LeggiVersioni(Righe);
     if (Lette.Versione != Dato.Opzioni[u"--versione"_s])
         Rifiuta(u"La versione deve essere di tre numeri, per esempio 3.0.15."_s);
-    if (!Lette.DataTassi || Format(*Lette.DataTassi, u"dd/mm/yyyy") != Data)
+    if (!Lette.DataTassi || Format(*Lette.DataTassi, ModelloData) != Data)
         Rifiuta(u"La data deve essere nella forma gg/mm/aaaa."_s);
     if (Lette.Nota != Nota)
         Rifiuta(u"La nota deve stare in una riga di 500 caratteri."_s);

@@ -8,6 +8,7 @@
 #include "platform/base/errore.h"
 #include "platform/base/paginacodice.h"
 #include "platform/base/regionale.h"
+#include "platform/base/segni.h"
 #include "platform/base/testopiano.h"
 
 #include <QDate>
@@ -29,11 +30,6 @@ QString SenzaSpazi(QString Testo)
 {
     Testo.removeIf([](QChar C) { return C.isSpace(); });
     return Testo;
-}
-
-bool SoloCifre(const QString& Testo)
-{
-    return !Testo.isEmpty() && std::ranges::all_of(Testo, [](QChar C) { return C >= u'0' && C <= u'9'; });
 }
 
 /// A VAT number whose first noughts a spreadsheet has taken for those of a number.
@@ -58,7 +54,7 @@ QString DataScritta(const QString& Testo)
     constexpr qsizetype DopoAnno = 4;
     if (Testo.size() >= Lunga && Testo[DopoAnno] == u'-')
         if (const QDate Iso = QDate::fromString(Testo.left(Lunga), Qt::ISODate); Iso.isValid())
-            return Format(Iso, u"dd/mm/yyyy");
+            return Format(Iso, ModelloData);
     const QString Ora = Testo.section(u' ', 1);
     const bool Mezzanotte = !Ora.isEmpty() && std::ranges::all_of(Ora, [](QChar C) {
         return C == u'0' || C == u':' || C == u'.';

@@ -71,8 +71,8 @@ QString LeggiTestoEstraneo(const QByteArray& Byte, CodificaTesto Come, CodificaT
         Letta = CodificaTesto::Utf16;
         Testo = DaUtf16(Byte, !Basso);
     } else {
-        const bool Marca = Byte.startsWith("\xEF\xBB\xBF");
-        const QByteArray Senza = Marca ? Byte.sliced(3) : Byte;
+        const bool Marca = Byte.startsWith(MarcaUtf8);
+        const QByteArray Senza = Marca ? Byte.sliced(MarcaUtf8.size()) : Byte;
         if (Senza.contains('\0') || PienoDiControlli(Senza))
             NonETesto();
         if (Come != CodificaTesto::Utf8 && Come != CodificaTesto::Windows1252)

@@ -266,7 +266,7 @@ QString Giorno(QString Testo)
     if (Testo.size() == Compatta)
         Testo.insert(6, u'-').insert(4, u'-');
     const QDate Letto = Testo.size() == ConTratti ? QDate::fromString(Testo, Qt::ISODate) : QDate();
-    return Letto.isValid() ? Format(Letto, u"dd/mm/yyyy") : Intero;
+    return Letto.isValid() ? Format(Letto, ModelloData) : Intero;
 }
 
 bool EPec(const Proprieta& Letta, const QString& Indirizzo)
@@ -467,7 +467,7 @@ TabellaEstranea LeggiVcard(const QByteArray& Byte, const AvanzamentoLettura& Pro
     // Texts of Windows-1252 stay as they are: each property says its own characters.
     CodificaTesto Codifica = CodificaTesto::Automatica;
     const QString Intero = LeggiTestoEstraneo(Byte, CodificaTesto::Automatica, &Codifica);
-    const qsizetype Marca = Byte.startsWith("\xEF\xBB\xBF") ? 3 : 0;
+    const qsizetype Marca = Byte.startsWith(MarcaUtf8) ? MarcaUtf8.size() : 0;
     const QByteArray Testo = Codifica == CodificaTesto::Windows1252 ? Byte.sliced(Marca) : Intero.toUtf8();
     Raccolta Tutte;
     Scheda Aperta;

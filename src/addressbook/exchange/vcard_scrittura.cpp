@@ -1,5 +1,6 @@
 // Writing of cards.
 #include "addressbook/exchange/vcard.h"
+#include "platform/base/segni.h"
 
 #include "platform/base/paginacodice.h"
 #include "platform/base/regionale.h"
@@ -72,7 +73,7 @@ QString NomeProprio(const QString& Campo)
 {
     QString Nome;
     for (const QChar C : Campo.toUpper())
-        Nome += (C >= u'A' && C <= u'Z') || (C >= u'0' && C <= u'9') ? C : QChar(u'-');
+        Nome += EMaiuscola(C) || ECifra(C) ? C : QChar(u'-');
     return u"X-"_s + Nome;
 }
 

@@ -11,7 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QStringView ModelloImporto = u"#,##0.00";
 constexpr int MassimoRicorrenti = 9999;
 constexpr QStringView CodiceNotifiche = u"notifiche";
 

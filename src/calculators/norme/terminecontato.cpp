@@ -25,7 +25,7 @@ QString TraParentesi(const QString& Testo)
 
 QString RigaDecorrenza(const TermineContato& Termine)
 {
-    return u"Decorrenza: "_s + Format(Termine.Decorrenza, u"dd/mm/yyyy") + TraParentesi(Termine.Evento);
+    return u"Decorrenza: "_s + Format(Termine.Decorrenza, ModelloData) + TraParentesi(Termine.Evento);
 }
 
 TermineContato Contato(const TermineRicorrente& Termine, const QDate& Da, const EsitoTermine& Esito)
@@ -140,7 +140,7 @@ QString RigaScadenza(const TermineContato& Termine)
 {
     const QDate& Giorno = Termine.Esito.Scadenza;
     constexpr qsizetype Lettere = 3;
-    return NomeGiorno(Giorno.dayOfWeek()).left(Lettere).toLower() + u' ' + Format(Giorno, u"dd/mm/yyyy") +
+    return NomeGiorno(Giorno.dayOfWeek()).left(Lettere).toLower() + u' ' + Format(Giorno, ModelloData) +
            u": "_s + NomeTermine(Termine) + TraParentesi(Spostamento(Termine));
 }
 

@@ -133,7 +133,7 @@ QString EsitoInRiga(const QList<TermineContato>& Termini)
         return TestoScadenza(Termini.first());
     QStringList Giorni;
     for (const TermineContato& Termine : Termini)
-        Giorni << Format(Termine.Esito.Scadenza, u"dd/mm/yyyy");
+        Giorni << Format(Termine.Esito.Scadenza, ModelloData);
     return Giorni.join(u", "_s);
 }
 

@@ -178,7 +178,7 @@ void frmInteressi::Load()
 void frmInteressi::MostraDataArchivio()
 {
     if (const auto Aggiornato = DataArchivio(ArchivioTassi()))
-        panArchivio->setText(u" Archivio interessi aggiornato al "_s + Format(*Aggiornato, u"dd/mm/yyyy"));
+        panArchivio->setText(u" Archivio interessi aggiornato al "_s + Format(*Aggiornato, ModelloData));
     Copertura = CoperturaLetta(ArchivioTassi());
     if (const auto Quale = Eta())
         MostraEta(ui->lblEta, *Quale);
@@ -271,7 +271,7 @@ void frmInteressi::cmdCalcola_Click()
 
 void frmInteressi::MostraEsito(const EsitoInteressi& Esito)
 {
-    const QString Totale = Format(Esito.TotaleInteressi, u"#,##0.00");
+    const QString Totale = Format(Esito.TotaleInteressi, ModelloImporto);
     Righe = Esito.Righe;
     DecimaliTasso = DecimaliTassi(Righe);
     ui->tdbInter->Rilega();

@@ -137,7 +137,7 @@ void frmIstat::Load()
 void frmIstat::MostraDataArchivio()
 {
     if (const auto Aggiornato = DataArchivio(ArchivioTassi()))
-        panArchivio->setText(u" Archivio Istat aggiornato al "_s + Format(*Aggiornato, u"dd/mm/yyyy"));
+        panArchivio->setText(u" Archivio Istat aggiornato al "_s + Format(*Aggiornato, ModelloData));
     Copertura = CoperturaLetta(ArchivioTassi());
     if (Copertura)
         MostraEta(ui->lblEta, EtaIndici(*Copertura, Oggi()));

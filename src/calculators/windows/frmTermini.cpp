@@ -431,7 +431,7 @@ QStringList frmTermini::RigheChieste() const
     const auto SiNo = [](bool Segno) { return Segno ? u"Sì"_s : u"No"_s; };
     const QList<TermineContato>& Contati = Pannello->Contati();
     QStringList Righe{u"Data decorrenza: "_s +
-                      Format(Contati.isEmpty() ? QDate() : Contati.first().Decorrenza, u"dd/mm/yyyy")};
+                      Format(Contati.isEmpty() ? QDate() : Contati.first().Decorrenza, ModelloData)};
     if (Catena)
         return Righe << u"Termini: "_s + Catena->Titolo;
     return Righe << u"Incremento: "_s + (Contati.isEmpty() ? QString() : Contati.first().Misura)
@@ -465,7 +465,7 @@ ParteDelCalcolo frmTermini::ParteComandi()
     Parte.Nome = [this] {
         const TermineContato& Primo = Pannello->Contati().first();
         return (Catena ? Catena->Titolo : NomeTermine(Primo)) + u" dal "_s +
-               Format(Primo.Decorrenza, u"dd/mm/yyyy");
+               Format(Primo.Decorrenza, ModelloData);
     };
     Parte.Prepara = [this] { Svuota(); };
     Parte.Calcola = [this] { cmdEsegui_Click(); };

@@ -292,7 +292,7 @@ QStringList frmTerminiSeq::RigheChieste() const
 {
     const auto Giorno = LeggiData(Pannello->Decorrenza());
     QStringList Righe{u"Termini: "_s + ui->cmbArticolo->currentText(),
-                      EventoMostrato() + u": "_s + Format(Giorno.value_or(QDate()), u"dd/mm/yyyy")};
+                      EventoMostrato() + u": "_s + Format(Giorno.value_or(QDate()), ModelloData)};
     const auto SiNo = [](bool Segno) { return Segno ? u"Sì"_s : u"No"_s; };
     if (!Pannello->Norme().InVigore())
         Righe << u"Sospensione feriale: "_s + SiNo(Opzioni().Sospensione)
@@ -315,7 +315,7 @@ ParteDelCalcolo frmTerminiSeq::ParteComandi()
                    CampoDi(ui->chkSabato)};
     Parte.Nome = [this] {
         return ui->cmbArticolo->currentText() + u", "_s + EventoMostrato().toLower() + u" del "_s +
-               Format(CDate(Pannello->Decorrenza()), u"dd/mm/yyyy");
+               Format(CDate(Pannello->Decorrenza()), ModelloData);
     };
     Parte.Prepara = [this] { Svuota(false); };
     Parte.Calcola = [this] { cmdEsegui_Click(); };

@@ -250,7 +250,7 @@ SchedaCalcolo PannelloTermini::Scheda()
 {
     QStringList Chieste = Parte.Chieste();
     if (const auto Quando = DataInizio.Data())
-        Chieste << u"Causa iniziata il: "_s + Format(*Quando, u"dd/mm/yyyy");
+        Chieste << u"Causa iniziata il: "_s + Format(*Quando, ModelloData);
     if (!Materia().isEmpty())
         Chieste << u"Materia: "_s + Campi.cmbMateria->currentText();
     Chieste << RigaNorme(Scelta.Insieme());

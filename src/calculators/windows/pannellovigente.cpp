@@ -27,11 +27,9 @@ namespace {
 
 enum ColonnaPassi { ColPassaggio, ColEuro, ColNorma, NumColonnePassi };
 
-constexpr QStringView Importi = u"#,##0.00";
-
 QString Euro(double Importo)
 {
-    return Format(Importo, Importi);
+    return Format(Importo, ModelloImporto);
 }
 
 /// A rule that is not in force on that day says so in its row.
@@ -272,7 +270,7 @@ QString PannelloVigente::TestoCopia() const
 {
     if (Passi.isEmpty())
         return {};
-    QStringList Testo{u"Contributo unificato al "_s + Format(*ui->mskDeposito->Data(), u"dd/mm/yyyy") +
+    QStringList Testo{u"Contributo unificato al "_s + Format(*ui->mskDeposito->Data(), ModelloData) +
                       u": "_s + Importo()};
     for (const PassoContributo& Passo : Passi)
         Testo << QStringList{TestoDi(Passo), Euro(Passo.Euro), NormaDi(Passo)}.join(u'\t');
@@ -333,7 +331,7 @@ SezioneScheda PannelloVigente::Sezione() const
     if (Passi.isEmpty())
         return Parte;
     Parte.Titolo = u"Importi in vigore: "_s + Chiesto();
-    Parte.Risultato = u"Contributo unificato al "_s + Format(*ui->mskDeposito->Data(), u"dd/mm/yyyy") +
+    Parte.Risultato = u"Contributo unificato al "_s + Format(*ui->mskDeposito->Data(), ModelloData) +
                       u": "_s + Importo() + u" euro"_s;
     Parte.Tabella.Colonne = {{u"Come si arriva all'importo"_s, u"8.4cm"_s},
                              {u"Euro"_s, u"2.6cm"_s, Allineamento::Destra},

@@ -31,7 +31,7 @@ QString TestoSpese(const QList<SpesaDiLegge>& Spese)
     QStringList Parti;
     for (const SpesaDiLegge& Spesa : Spese)
         Parti << (Spesa.Voce == VoceDiLegge::Contributo ? u"contributo "_s : u"anticipazione "_s) +
-                     Format(Spesa.Euro, u"#,##0.00");
+                     Format(Spesa.Euro, ModelloImporto);
     return Parti.join(u", "_s);
 }
 

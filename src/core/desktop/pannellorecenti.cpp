@@ -191,7 +191,7 @@ void PannelloRecenti::Aggiorna()
     for (const NotaRecente& Nota : Note) {
         auto* Voce = new QStandardItem;
         Voce->setData(TitoloRecente(Nota), RuoloNome);
-        Voce->setData(QString(Format(Nota.Netto, u"#,##0.00") + u" €"_s), RuoloNetto);
+        Voce->setData(QString(Format(Nota.Netto, ModelloImporto) + u" €"_s), RuoloNetto);
         Voce->setData(SecondaRiga(Nota), RuoloSpecie);
         Voce->setData(Nota.Data.toString(u"dd/MM/yyyy"_s), RuoloData);
         Voce->setData(FraseRecente(Nota), Qt::AccessibleTextRole);

@@ -53,7 +53,7 @@ void AggiungiVoce(QMenu* Tendina, const NotaRecente& Nota, int Numero, bool (*Pr
 {
     const QString Cifra = QString::number(Numero % MassimoRecenti);
     const QString Destra =
-        u"%1 €   %2"_s.arg(Format(Nota.Netto, u"#,##0.00"), Nota.Data.toString(u"dd/MM/yyyy"_s));
+        u"%1 €   %2"_s.arg(Format(Nota.Netto, ModelloImporto), Nota.Data.toString(u"dd/MM/yyyy"_s));
     QAction* Voce = Tendina->addAction(u"&%1  %2\t%3"_s.arg(Cifra, ChiECosa(Tendina, Nota), Destra));
     Voce->setObjectName(u"recente_"_s + QString::number(Numero));
     Voce->setToolTip(Nota.Percorso);

@@ -6,6 +6,7 @@
 #include "core/modRegimi.h"
 #include "core/modSede.h"
 #include "core/modTrasmissioni.h"
+#include "platform/base/segni.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
@@ -63,16 +64,9 @@ bool ENumero(const QString& Testo)
     return Testo.isEmpty() || (Intero && Numero >= 0 && Numero <= UltimoProgTrasm);
 }
 
-bool SoloCifre(const QString& Testo, qsizetype Quante)
-{
-    return Testo.size() == Quante &&
-           std::ranges::all_of(Testo, [](QChar C) { return C >= u'0' && C <= u'9'; });
-}
-
 bool SoloLettere(const QString& Testo, qsizetype Quante)
 {
-    return Testo.size() == Quante &&
-           std::ranges::all_of(Testo, [](QChar C) { return C >= u'A' && C <= u'Z'; });
+    return Testo.size() == Quante && std::ranges::all_of(Testo, EMaiuscola);
 }
 
 void Avvisa(QLabel* Accanto, bool Torna)
@@ -188,11 +182,12 @@ void SchedaFattura::MostraNome()
 void SchedaFattura::SegnaControlli()
 {
     // Marked and never refused: the invoice itself says what it lacks.
+    constexpr qsizetype CifreCap = 5;
     const QString Cap = ui->txtCap->text().trimmed();
     const QString Prov = ui->txtProv->text().trimmed().toUpper();
     const QString Pec = ui->txtPecStudio->text().trimmed();
-    Avvisa(ui->lblAvvisoSede,
-           (Cap.isEmpty() || SoloCifre(Cap, 5)) && (Prov.isEmpty() || SoloLettere(Prov, 2)));
+    Avvisa(ui->lblAvvisoSede, (Cap.isEmpty() || (Cap.size() == CifreCap && SoloCifre(Cap))) &&
+                                  (Prov.isEmpty() || SoloLettere(Prov, 2)));
     Avvisa(ui->lblAvvisoPec, Pec.isEmpty() || PostaTorna(Pec));
 }
 

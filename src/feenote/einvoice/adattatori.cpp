@@ -13,6 +13,7 @@
 #include "feenote/modFatturaXml.h"
 #include "feenote/parcella.h"
 #include "platform/base/regionale.h"
+#include "platform/base/segni.h"
 #include "platform/base/testopiano.h"
 
 #include <QList>
@@ -76,10 +77,8 @@ constexpr std::array FormePartite{
 
 bool HaForma(QStringView Numero, QStringView Forma)
 {
-    const auto Cifra = [](QChar C) { return C >= u'0' && C <= u'9'; };
-    const auto Lettera = [](QChar C) { return C >= u'A' && C <= u'Z'; };
-    return std::ranges::equal(Numero, Forma, [&](QChar C, QChar Segno) {
-        return Segno == u'#' ? Cifra(C) : Segno == u'?' ? Cifra(C) || Lettera(C) : C == Segno;
+    return std::ranges::equal(Numero, Forma, [](QChar C, QChar Segno) {
+        return Segno == u'#' ? ECifra(C) : Segno == u'?' ? ECifra(C) || EMaiuscola(C) : C == Segno;
     });
 }
 

@@ -25,7 +25,7 @@ QString Percento(double Aliquota)
 
 QString Giorno(const QDate& Data)
 {
-    return Data.isValid() ? Format(Data, u"dd/mm/yyyy") : u"--"_s;
+    return Data.isValid() ? Format(Data, ModelloData) : u"--"_s;
 }
 
 /// A row of a table; the last cells are amounts, to the right.

@@ -11,6 +11,7 @@
 #include "feenote/modNumeraFattura.h"
 #include "feenote/modStorno.h"
 #include "platform/base/regionale.h"
+#include "platform/base/segni.h"
 
 #include <algorithm>
 #include <array>
@@ -118,11 +119,10 @@ private:
     void ComponiProgressivo()
     {
         constexpr qsizetype Massimo = 5;
-        const bool Giusto =
-            !Scelta.Progressivo.isEmpty() && Scelta.Progressivo.size() <= Massimo &&
-            std::ranges::all_of(Scelta.Progressivo, [](QChar C) {
-                return (C >= u'0' && C <= u'9') || (C >= u'A' && C <= u'Z') || (C >= u'a' && C <= u'z');
-            });
+        const bool Giusto = !Scelta.Progressivo.isEmpty() && Scelta.Progressivo.size() <= Massimo &&
+                            std::ranges::all_of(Scelta.Progressivo, [](QChar C) {
+                                return ECifra(C) || EMaiuscola(C) || (C >= u'a' && C <= u'z');
+                            });
         if (!Giusto)
             Note.Manca(CampoFattura::SceltaProgressivo,
                        u"Il progressivo del file ha da una a cinque lettere e cifre: «%1»"_s.arg(
@@ -140,7 +140,7 @@ private:
             Note.Sigla(Scelta.Numero, {CampoFattura::NotaNumero, u"il numero della fattura", MassimoNumero});
         if (Fattura.Numero.isEmpty())
             Note.Manca(CampoFattura::NotaNumero, u"Manca il numero della fattura."_s);
-        else if (std::ranges::none_of(Fattura.Numero, [](QChar C) { return C >= u'0' && C <= u'9'; }))
+        else if (std::ranges::none_of(Fattura.Numero, ECifra))
             Note.Manca(CampoFattura::NotaNumero,
                        u"Il numero della fattura non ha cifre: %1"_s.arg(Fattura.Numero));
         // The paper has the year of the day on which it is printed, and the file that of the invoice.

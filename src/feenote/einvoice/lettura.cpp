@@ -1,5 +1,7 @@
 #include "feenote/einvoice/lettura.h"
 
+#include "platform/base/paginacodice.h"
+
 #include <QRegularExpression>
 #include <QStringDecoder>
 #include <QXmlStreamReader>
@@ -18,7 +20,7 @@ QByteArray NomeCodifica(const QByteArray& Byte)
         return "UTF-16LE"_ba;
     if (Byte.startsWith("\xFE\xFF") || Byte.startsWith(QByteArrayView("\0<", 2)))
         return "UTF-16BE"_ba;
-    if (Byte.startsWith("\xEF\xBB\xBF"))
+    if (Byte.startsWith(MarcaUtf8))
         return "UTF-8"_ba;
     constexpr qsizetype Dichiarazione = 200;
     static const QRegularExpression Forma(

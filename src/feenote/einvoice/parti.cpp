@@ -3,6 +3,7 @@
 #include "core/modControlli.h"
 #include "feenote/einvoice/codici.h"
 #include "feenote/einvoice/schematipi.h"
+#include "platform/base/segni.h"
 
 #include <algorithm>
 
@@ -178,8 +179,7 @@ IdFiscale CodiceEstero(const Cessionario& Scritto, const QString& Paese, const P
                     u"Il cliente estero non ha codici: nel file il suo codice è %1."_s.arg(Nessuno));
         Codice = Nessuno;
     }
-    const bool Giusto = std::ranges::all_of(
-        Codice, [](QChar C) { return (C >= u'0' && C <= u'9') || (C >= u'A' && C <= u'Z'); });
+    const bool Giusto = std::ranges::all_of(Codice, [](QChar C) { return ECifra(C) || EMaiuscola(C); });
     if (Codice.isEmpty())
         Chi.Manca(CampoFattura::ClientePartitaIva, u"la partita IVA o il codice"_s);
     else if (!Giusto || Codice.size() > MassimoCodice)

@@ -1,5 +1,6 @@
 // The checks of the exchange system on the parties, the kind of document and the file as a whole.
 #include "feenote/einvoice/esame.h"
+#include "platform/base/segni.h"
 
 #include "core/modControlli.h"
 #include "feenote/codicifattura.h"
@@ -155,7 +156,7 @@ void DataFutura(Esame& File)
 void NumeroSenzaCifre(Esame& File)
 {
     for (const CorpoEsaminato& Corpo : File.Corpi)
-        if (std::ranges::none_of(Corpo.Numero, [](QChar C) { return C >= u'0' && C <= u'9'; }))
+        if (std::ranges::none_of(Corpo.Numero, ECifra))
             File.Segnala(File.Albero.Trova(Corpo.Generali, u"Numero"),
                          u"Il numero del documento non ha cifre."_s);
 }

@@ -1,5 +1,7 @@
 #include "feenote/einvoice/schematipi.h"
 
+#include "platform/base/segni.h"
+
 #include <QDate>
 #include <QRegularExpression>
 
@@ -165,11 +167,6 @@ bool LungoGiusto(const TipoValore& Tipo, const QString& Testo)
     return Lungo >= Tipo.Minimo && Lungo <= Tipo.Massimo;
 }
 
-bool Cifra(QChar C)
-{
-    return C >= u'0' && C <= u'9';
-}
-
 bool Maiuscola(QChar C)
 {
     return C >= u'A' && C <= u'Z';
@@ -177,7 +174,7 @@ bool Maiuscola(QChar C)
 
 bool Alfanum(QChar C)
 {
-    return Cifra(C) || Maiuscola(C);
+    return ECifra(C) || Maiuscola(C);
 }
 
 template <class Prova>
@@ -196,7 +193,7 @@ bool EDecimale(const TipoValore& Tipo, const QString& Testo)
     if (Dietro < Tipo.MinimoDecimali || Dietro > Tipo.MassimoDecimali)
         return false;
     for (qsizetype i = 0; i < Cifre.size(); ++i)
-        if (i != Punto && !Cifra(Cifre[i]))
+        if (i != Punto && !ECifra(Cifre[i]))
             return false;
     return Tipo.ValoreMassimo == 0 || Cifre.toDouble() <= Tipo.ValoreMassimo;
 }
@@ -204,7 +201,7 @@ bool EDecimale(const TipoValore& Tipo, const QString& Testo)
 bool EIntero(const TipoValore& Tipo, const QString& Testo)
 {
     const QString Cifre = Testo.startsWith(u'+') || Testo.startsWith(u'-') ? Testo.sliced(1) : Testo;
-    if (Cifre.isEmpty() || !std::ranges::all_of(Cifre, Cifra))
+    if (Cifre.isEmpty() || !std::ranges::all_of(Cifre, ECifra))
         return false;
     const double Valore = Testo.toDouble();
     return Valore >= Tipo.Minimo && Valore <= Tipo.Massimo;
@@ -218,7 +215,7 @@ bool EFuso(QStringView Testo)
     if (Testo.isEmpty() || Testo == u"Z")
         return true;
     if (Testo.size() != Lungo || (Testo[0] != u'+' && Testo[0] != u'-') || Testo[3] != u':' ||
-        !Cifra(Testo[1]) || !Cifra(Testo[2]) || !Cifra(Testo[4]) || !Cifra(Testo[5]))
+        !ECifra(Testo[1]) || !ECifra(Testo[2]) || !ECifra(Testo[4]) || !ECifra(Testo[5]))
         return false;
     const int Ore = Testo.sliced(1, 2).toInt();
     const int Minuti = Testo.sliced(4, 2).toInt();
@@ -229,7 +226,7 @@ bool EFuso(QStringView Testo)
 QDate Giorno(QStringView Testo)
 {
     for (qsizetype i = 0; i < Testo.size(); ++i)
-        if (i == 4 || i == 7 ? Testo[i] != u'-' : !Cifra(Testo[i]))
+        if (i == 4 || i == 7 ? Testo[i] != u'-' : !ECifra(Testo[i]))
             return {};
     return Testo.size() == 10
                ? QDate(Testo.first(4).toInt(), Testo.sliced(5, 2).toInt(), Testo.sliced(8, 2).toInt())
@@ -289,8 +286,8 @@ bool EIban(const QString& Testo)
     constexpr qsizetype Massimo = 34;
     const auto Lettera = [](QChar C) { return Maiuscola(C) || (C >= u'a' && C <= u'z'); };
     return Testo.size() >= Minimo && Testo.size() <= Massimo && Lettera(Testo[0]) && Lettera(Testo[1]) &&
-           Cifra(Testo[2]) && Cifra(Testo[3]) &&
-           std::ranges::all_of(Testo, [&](QChar C) { return Lettera(C) || Cifra(C); });
+           ECifra(Testo[2]) && ECifra(Testo[3]) &&
+           std::ranges::all_of(Testo, [&](QChar C) { return Lettera(C) || ECifra(C); });
 }
 
 bool EBic(const QString& Testo)
@@ -369,7 +366,7 @@ bool ValoreValido(const TipoValore& Tipo, const QString& Valore)
     case Alfanumerico:
         return Tutti(Tipo, Valore, Alfanum);
     case Cifre:
-        return Tutti(Tipo, Valore, Cifra);
+        return Tutti(Tipo, Valore, ECifra);
     case Decimale:
         return EDecimale(Tipo, SenzaBianchi(Valore));
     case Intero:

@@ -122,7 +122,7 @@ QString OggettoJson::Data(const QString& Campo)
     const std::optional<QDate> Giorno = LeggiData(Letto);
     if (!Giorno)
         throw Rifiuto(errori::Tipo, Nome(Campo), u"«%1» non è una data gg/mm/aaaa"_s.arg(Letto));
-    return Format(*Giorno, u"dd/mm/yyyy");
+    return Format(*Giorno, ModelloData);
 }
 
 QJsonValue OggettoJson::Valore(const QString& Campo)

@@ -3,6 +3,7 @@
 #include "core/modTesti.h"
 #include "feenote/file/colonne.h"
 #include "platform/base/paginacodice.h"
+#include "platform/base/segni.h"
 
 #include <algorithm>
 
@@ -39,7 +40,7 @@ QString DecodificaPsw(const QString& Cifre)
     QByteArray Codici;
     for (qsizetype i = 0; i + 3 <= Cifre.size() && Codici.size() < MassimoPsw; i += 3) {
         const QString Terna = Cifre.mid(i, 3);
-        const bool DiCifre = std::ranges::all_of(Terna, [](QChar C) { return C >= u'0' && C <= u'9'; });
+        const bool DiCifre = std::ranges::all_of(Terna, ECifra);
         const uint Codice = Terna.toUInt();
         if (!DiCifre || Codice > 255)
             break;

@@ -46,7 +46,7 @@ QString CellaTrova(const VoceTrova& Voce, int Colonna)
     const bool Nota = Voce.Genere == GenereVoce::Nota;
     switch (Colonna) {
     case TrovaData:
-        return Format(DataDi(Voce), u"dd/mm/yyyy");
+        return Format(DataDi(Voce), ModelloData);
     case TrovaCliente:
         return Voce.Cliente;
     case TrovaControparte:

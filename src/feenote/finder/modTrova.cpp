@@ -100,7 +100,7 @@ std::optional<DatiNota> DatiDi(const LettoreRiga& Leggi)
     Dati.NumFatt = SuUnaRiga(Celle->at(LettaNumFatt));
     if (const QString& Giorno = Celle->at(LettaDataFatt); !Giorno.isEmpty()) {
         const QDate Data = QDate::fromString(Giorno.left(10), Qt::ISODate);
-        Dati.DataFatt = Data.isValid() ? Format(Data, u"dd/mm/yyyy") : QString();
+        Dati.DataFatt = Data.isValid() ? Format(Data, ModelloData) : QString();
     }
     Dati.Stato = LeggiStatoLetto(Annotate.Trovate);
     return Dati;

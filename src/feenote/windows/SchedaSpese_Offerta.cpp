@@ -18,7 +18,7 @@ namespace {
 
 QString TestoEsente(const ImportoDiLegge& Importo)
 {
-    return Format(Importo.Euro, u"#,##0.00") + u" esente"_s;
+    return Format(Importo.Euro, ModelloImporto) + u" esente"_s;
 }
 
 /// Of a quantity that is not 1 one might think that it multiplies the amount.

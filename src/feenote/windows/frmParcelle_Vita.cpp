@@ -114,7 +114,7 @@ QString AccontiDellaCopia(const Parcella& Nota)
         return {};
     const SommeAcconti Somme = SommaAcconti(Nota.xAcconti);
     const QString Euro =
-        Format(Somme.AccontiCorrispettivi + Somme.AccontiSpeseImp + Somme.AccontiSpeseEsenti, u"#,##0.00");
+        Format(Somme.AccontiCorrispettivi + Somme.AccontiSpeseImp + Somme.AccontiSpeseEsenti, ModelloImporto);
     return Nota.xAcconti.Righe() == 1 ? u"anche l'acconto, di %1 euro, ma "_s.arg(Euro)
                                       : u"anche gli acconti: %1, per %2 euro, ma "_s.arg(
                                             QString::number(Nota.xAcconti.Righe()), Euro);

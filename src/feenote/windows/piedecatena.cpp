@@ -39,7 +39,7 @@ constexpr std::array Cifre{
 
 QString Euro(double Valore)
 {
-    return Format(Valore, u"#,##0.00");
+    return Format(Valore, ModelloImporto);
 }
 
 }  // namespace

@@ -1,5 +1,8 @@
 #include "platform/base/fogliocsv.h"
 
+#include "platform/base/paginacodice.h"
+#include "platform/base/segni.h"
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -40,15 +43,14 @@ namespace {
 bool EUnImporto(const QString& Testo)
 {
     const QStringView Senza = QStringView(Testo).mid(Testo.startsWith(u'-') ? 1 : 0);
-    return !Senza.isEmpty() &&
-           std::ranges::all_of(Senza, [](QChar C) { return (C >= u'0' && C <= u'9') || C == u','; });
+    return !Senza.isEmpty() && std::ranges::all_of(Senza, [](QChar C) { return ECifra(C) || C == u','; });
 }
 
 }  // namespace
 
 QByteArray ScriviCsv(const std::vector<QStringList>& Righe, const QList<int>& Cifre)
 {
-    QByteArray Scritte("\xEF\xBB\xBF");
+    QByteArray Scritte = MarcaUtf8.toByteArray();
     for (const QStringList& Celle : Righe) {
         QStringList Fatte;
         for (int i = 0; i < Celle.size(); ++i)

@@ -127,6 +127,11 @@ QString DaCp1252(const QByteArray& Testo)
     return Risultato;
 }
 
+QString DaMarca(const QByteArray& Byte)
+{
+    return Byte.startsWith(MarcaUtf8) ? QString::fromUtf8(Byte.sliced(MarcaUtf8.size())) : DaCp1252(Byte);
+}
+
 QString TestoDaPagina(const QByteArray& Byte, int Pagina)
 {
     if (Pagina == PaginaUtf8)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 constexpr int PaginaWindows = 1252;
@@ -11,6 +12,11 @@ constexpr int PaginaSimboli = 42;  ///< no letters but signs: bullets and ticks
 /// The five codes that it leaves free stand for the control characters of the same number.
 [[nodiscard]] QByteArray Cp1252(const QString& Testo);
 [[nodiscard]] QString DaCp1252(const QByteArray& Testo);
+
+/// What editors put before a text in UTF-8.
+inline constexpr QByteArrayView MarcaUtf8("\xEF\xBB\xBF");
+/// Text of bytes that are UTF-8 behind its mark, and Windows-1252 without it.
+[[nodiscard]] QString DaMarca(const QByteArray& Byte);
 
 /// Text of bytes in a code page; an unknown page is read as 1252.
 [[nodiscard]] QString TestoDaPagina(const QByteArray& Byte, int Pagina);

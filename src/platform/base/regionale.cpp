@@ -2,6 +2,7 @@
 
 #include "platform/base/decimale.h"
 #include "platform/base/errore.h"
+#include "platform/base/segni.h"
 
 #include <QDateTime>
 #include <QVarLengthArray>
@@ -47,11 +48,6 @@ constexpr Lettura TroppoGrande{0.0, 6};
 Lettura Verificata(double Valore)
 {
     return std::isfinite(Valore) ? Lettura{Valore, 0} : TroppoGrande;
-}
-
-bool ECifra(QChar C)
-{
-    return C >= u'0' && C <= u'9';
 }
 
 /// Takes the digits at the beginning off the text.
@@ -318,7 +314,7 @@ QString SenzaSecolo(const QString& Testo)
 QString ConSecolo(const QString& Testo)
 {
     const auto Data = Testo.endsWith(u"__") ? LeggiData(SenzaSecolo(Testo)) : std::nullopt;
-    return Data ? Format(*Data, u"dd/mm/yyyy") : Testo;
+    return Data ? Format(*Data, ModelloData) : Testo;
 }
 
 QString DataDigitata(const QString& Testo)

@@ -43,6 +43,9 @@
 /// @throws Errore 5 when the pattern holds more than three sections or the value is not finite
 [[nodiscard]] QString Format(double Valore, QStringView Modello);
 
+/// How an amount in euro is written out.
+inline constexpr QStringView ModelloImporto = u"#,##0.00";
+
 /// How a date is written out wherever nothing else is asked for.
 inline constexpr QStringView ModelloData = u"dd/mm/yyyy";
 

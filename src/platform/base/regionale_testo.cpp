@@ -266,9 +266,9 @@ QString CStr(const QVariant& Valore)
     case QMetaType::Bool:
         return Valore.toBool() ? u"Vero"_s : u"Falso"_s;
     case QMetaType::QDate:
-        return Format(Valore.toDate(), u"dd/mm/yyyy");
+        return Format(Valore.toDate(), ModelloData);
     case QMetaType::QDateTime:
-        return Format(Valore.toDateTime().date(), u"dd/mm/yyyy");
+        return Format(Valore.toDateTime().date(), ModelloData);
     default:
         return Valore.toString();
     }

@@ -1,5 +1,7 @@
 #include "platform/document/lettorertf_segni.h"
 
+#include "platform/base/segni.h"
+
 #include <algorithm>
 #include <limits>
 
@@ -8,11 +10,6 @@ namespace {
 bool LetteraAscii(QChar C)
 {
     return (C >= u'a' && C <= u'z') || (C >= u'A' && C <= u'Z');
-}
-
-bool CifraAscii(QChar C)
-{
-    return C >= u'0' && C <= u'9';
 }
 
 /// Ends of line of the file, and the zeros that some writers leave.
@@ -24,7 +21,7 @@ bool Niente(QChar C)
 /// Value of a hexadecimal digit, -1 of another character.
 int Esadecimale(QChar C)
 {
-    if (CifraAscii(C))
+    if (ECifra(C))
         return C.unicode() - u'0';
     if (C >= u'a' && C <= u'f')
         return C.unicode() - u'a' + 10;
@@ -84,12 +81,12 @@ SegnoRtf SegniRtf::Parola()
 
 std::optional<int> SegniRtf::LeggiNumero()
 {
-    const bool Meno = Posto + 1 < Testo.size() && Testo[Posto] == u'-' && CifraAscii(Testo[Posto + 1]);
+    const bool Meno = Posto + 1 < Testo.size() && Testo[Posto] == u'-' && ECifra(Testo[Posto + 1]);
     Posto += Meno ? 1 : 0;
-    if (Posto == Testo.size() || !CifraAscii(Testo[Posto]))
+    if (Posto == Testo.size() || !ECifra(Testo[Posto]))
         return std::nullopt;
     qint64 Valore = 0;
-    for (; Posto < Testo.size() && CifraAscii(Testo[Posto]); ++Posto)
+    for (; Posto < Testo.size() && ECifra(Testo[Posto]); ++Posto)
         Valore =
             std::min<qint64>(Valore * 10 + (Testo[Posto].unicode() - u'0'), std::numeric_limits<int>::max());
     return static_cast<int>(Meno ? -Valore : Valore);

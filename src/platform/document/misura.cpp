@@ -1,6 +1,7 @@
 #include "platform/document/misura.h"
 
 #include "platform/base/errore.h"
+#include "platform/base/segni.h"
 
 #include <QString>
 
@@ -11,9 +12,8 @@ using namespace Qt::StringLiterals;
 double CentimetriDi(QStringView Misura)
 {
     const QStringView Tutta = Misura.trimmed();
-    const auto FineNumero = std::find_if_not(Tutta.begin(), Tutta.end(), [](QChar C) {
-        return (C >= u'0' && C <= u'9') || C == u'.' || C == u',';
-    });
+    const auto FineNumero = std::find_if_not(Tutta.begin(), Tutta.end(),
+                                             [](QChar C) { return ECifra(C) || C == u'.' || C == u','; });
     const QString Cifre = Tutta.first(FineNumero - Tutta.begin()).toString().replace(u',', u'.');
     const QString Unita = Tutta.sliced(FineNumero - Tutta.begin()).trimmed().toString().toLower();
 

@@ -1,5 +1,7 @@
 #include "platform/kit/appunti.h"
 
+#include "platform/base/segni.h"
+
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
@@ -15,7 +17,7 @@ bool ENumero(const QString& Cella)
 {
     bool Cifre = false;
     for (const QChar C : Cella.trimmed()) {
-        if (C >= u'0' && C <= u'9')
+        if (ECifra(C))
             Cifre = true;
         else if (!u".,-+%€ "_s.contains(C))
             return false;

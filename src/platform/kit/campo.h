@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QString>
+#include <Qt>
 
 #include <functional>
 
@@ -25,13 +26,13 @@ void AlLascia(QWidget* Campo, std::function<bool()> Procedura);
 /// The same for a box whose text the user has not touched: runs at every leaving.
 void AlLasciaSempre(QWidget* Campo, std::function<bool()> Procedura);
 
-/// Runs the leave procedure of the focused field and commits the open cell of a grid.
 /// Enter, of the letters or of the keypad.
 [[nodiscard]] constexpr bool EInvio(int Tasto)
 {
     return Tasto == Qt::Key_Return || Tasto == Qt::Key_Enter;
 }
 
+/// Runs the leave procedure of the focused field and commits the open cell of a grid.
 /// @return false when it refuses
 [[nodiscard]] bool ConcludiCampo();
 

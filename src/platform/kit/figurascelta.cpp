@@ -1,5 +1,6 @@
 #include "platform/kit/figurascelta.h"
 
+#include "platform/base/paginacodice.h"
 #include "platform/kit/disegnoammesso.h"
 
 #include <QBuffer>
@@ -97,8 +98,8 @@ bool ComeDisegno(const QByteArray& Byte)
 {
     constexpr qsizetype Testata = 64;
     QByteArray Inizio = Byte.first(std::min(Testata, Byte.size()));
-    if (Inizio.startsWith("\xEF\xBB\xBF"))
-        Inizio.remove(0, 3);
+    if (Inizio.startsWith(MarcaUtf8))
+        Inizio.remove(0, MarcaUtf8.size());
     return Inizio.trimmed().startsWith('<');
 }
 

@@ -1,6 +1,7 @@
 #include "platform/kit/mascheradata.h"
 
 #include "platform/base/regionale.h"
+#include "platform/base/segni.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/mascheradata_accessibile.h"
 
@@ -23,7 +24,7 @@ constexpr int MeseDa = 3;
 
 bool HaCifre(const QString& Testo)
 {
-    return std::any_of(Testo.cbegin(), Testo.cend(), [](QChar C) { return C >= u'0' && C <= u'9'; });
+    return std::any_of(Testo.cbegin(), Testo.cend(), ECifra);
 }
 
 /// Of a text that is no date, what one is made of: the digits, and a separator for whatever stands between
@@ -71,7 +72,7 @@ std::optional<QDate> MascheraData::Data() const
 
 void MascheraData::ImpostaData(const std::optional<QDate>& Data)
 {
-    ImpostaTesto(Data ? Format(*Data, u"dd/mm/yyyy") : QString());
+    ImpostaTesto(Data ? Format(*Data, ModelloData) : QString());
 }
 
 void MascheraData::CompletaAnno()
@@ -84,7 +85,7 @@ void MascheraData::CompletaAnno()
 void MascheraData::ImpostaTesto(const QString& Testo)
 {
     if (const auto Letta = LeggiData(Testo))
-        setText(Format(*Letta, u"dd/mm/yyyy"));
+        setText(Format(*Letta, ModelloData));
     else if (HaCifre(Testo))
         Riempi(Testo);
     else
@@ -133,7 +134,7 @@ void MascheraData::Incolla()
     const QString Testo = QApplication::clipboard()->text().trimmed();
     if (const auto Letta = LeggiData(Testo)) {
         selectAll();
-        insert(Format(*Letta, u"dd/mm/yyyy"));
+        insert(Format(*Letta, ModelloData));
     } else if (HaCifre(Testo)) {
         insert(PartiDiData(Testo));
     }

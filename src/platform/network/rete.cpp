@@ -25,6 +25,11 @@ public:
 
 }  // namespace
 
+bool QuestaMacchina(const QString& Host)
+{
+    return Host == u"127.0.0.1" || Host == u"::1";
+}
+
 QString DescriviFine(FineRete Fine)
 {
     switch (Fine) {

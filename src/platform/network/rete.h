@@ -24,6 +24,9 @@ enum class FineRete {
 /// The end in the user's words: "connessione interrotta".
 [[nodiscard]] QString DescriviFine(FineRete Fine);
 
+/// True for the host of an address that is this machine, which needs no encryption and no signature.
+[[nodiscard]] bool QuestaMacchina(const QString& Host);
+
 /// What is asked of one transfer.
 struct RichiestaRete
 {

@@ -29,17 +29,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool QuestaMacchina(const QUrl& Dove)
-{
-    return Dove.host() == u"127.0.0.1" || Dove.host() == u"::1";
-}
-
 /// A way in: https, or http on this machine.
 bool Ammesso(const QUrl& Dove)
 {
     if (!Dove.isValid() || Dove.host().isEmpty() || !Dove.userInfo().isEmpty())
         return false;
-    return Dove.scheme() == u"https" || (Dove.scheme() == u"http" && QuestaMacchina(Dove));
+    return Dove.scheme() == u"https" || (Dove.scheme() == u"http" && QuestaMacchina(Dove.host()));
 }
 
 bool Prosegue(const QUrl& Da, const QUrl& A)
@@ -59,7 +54,7 @@ class ProxyDiSistema : public QNetworkProxyFactory
 public:
     QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery& Domanda) override
     {
-        if (QuestaMacchina(Domanda.url()))
+        if (QuestaMacchina(Domanda.url().host()))
             return {QNetworkProxy(QNetworkProxy::NoProxy)};
         return systemProxyForQuery(Domanda);
     }

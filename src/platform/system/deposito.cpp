@@ -1,5 +1,7 @@
 #include "platform/system/deposito.h"
 
+#include "platform/base/paginacodice.h"
+
 #include <QByteArrayView>
 
 #include <algorithm>
@@ -111,11 +113,10 @@ template <class F>
 void ScorriRighe(const QByteArray& Deposito, F&& Prendi)
 {
     // Some editors put the mark of UTF-8 before the first line.
-    const QByteArrayView Marca = "\xEF\xBB\xBF";
     QByteArrayView Resto = Deposito;
-    if (Resto.startsWith(Marca)) {
-        Prendi(Riga{Resto.first(Marca.size())});
-        Resto = Resto.sliced(Marca.size());
+    if (Resto.startsWith(MarcaUtf8)) {
+        Prendi(Riga{Resto.first(MarcaUtf8.size())});
+        Resto = Resto.sliced(MarcaUtf8.size());
     }
     while (!Resto.isEmpty()) {
         const Riga Letta = PrimaRiga(Resto);

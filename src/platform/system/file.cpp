@@ -223,10 +223,8 @@ QByteArray LeggiFile(const QString& Percorso, qint64 MassimoByte)
 
 QString LeggiFileTesto(const QString& Percorso)
 {
-    const QByteArray MarcaUtf8 = "\xEF\xBB\xBF"_ba;
     try {
-        const QByteArray Byte = LeggiFile(TrovaFile(PercorsoNativo(Percorso)));
-        return Byte.startsWith(MarcaUtf8) ? QString::fromUtf8(Byte.sliced(MarcaUtf8.size())) : DaCp1252(Byte);
+        return DaMarca(LeggiFile(TrovaFile(PercorsoNativo(Percorso))));
     } catch (const Errore&) {
         return {};
     }

@@ -38,7 +38,7 @@ void ScriviMarcatore(const QString& Radice)
 {
     const CIni Ini;
     const QString Nome = Radice + u".ini"_s;
-    const QString Data = Format(Oggi(), u"dd/mm/yyyy");
+    const QString Data = Format(Oggi(), ModelloData);
     if (Ini.WriteINI(Radice, u"letto"_s, Data, Nome, sessione::PercorsoProg) ||
         sessione::UserFolder.isEmpty())
         return;

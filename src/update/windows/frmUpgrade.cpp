@@ -137,7 +137,7 @@ void frmUpgrade::MostraPresente()
 {
     const auto Data = DataArchivio(ArchivioTassi());
     ui->lblVersione->setText(VersioneProgramma());
-    ui->lblArchivio->setText(Data ? Format(*Data, u"dd/mm/yyyy") : u"archivio mancante"_s);
+    ui->lblArchivio->setText(Data ? Format(*Data, ModelloData) : u"archivio mancante"_s);
 }
 
 void frmUpgrade::showEvent(QShowEvent* Evento)

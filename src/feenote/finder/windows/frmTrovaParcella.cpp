@@ -270,7 +270,7 @@ QString frmTrovaParcella::SuggerimentoDi(int Riga) const
         if (const auto Aperto = ApertoDi(Voce); !Aperto)
             Frasi += u"Aperto: non noto, gli importi nel file non si leggono"_s;
         else if (*Aperto > 0)
-            Frasi += u"Aperto: "_s + Format(*Aperto, u"#,##0.00");
+            Frasi += u"Aperto: "_s + Format(*Aperto, ModelloImporto);
         Frasi += FrasiDocumenti(Voce);
     } else if (!Voce.Modello && !Voce.Illeggibile) {
         Frasi += u"È di una versione precedente: il suo stato non è noto"_s;
