@@ -30,6 +30,7 @@
 #include <QPointer>
 #include <QScopeGuard>
 #include <QScreen>
+#include <QTableView>
 
 #include <array>
 #include <utility>
