@@ -322,10 +322,8 @@ QString DataDigitata(const QString& Testo)
     QString Separata = Testo.trimmed();
     constexpr qsizetype ConIlSecolo = 8;
     constexpr qsizetype SenzaIlSecolo = 6;
-    const bool SoloCifre =
-        std::all_of(Separata.cbegin(), Separata.cend(), [](QChar C) { return C >= u'0' && C <= u'9'; });
-    if (SoloCifre && (Separata.size() == ConIlSecolo || Separata.size() == SenzaIlSecolo))
+    if (SoloCifre(Separata) && (Separata.size() == ConIlSecolo || Separata.size() == SenzaIlSecolo))
         Separata.insert(4, u'/').insert(2, u'/');
     const auto Letta = LeggiData(Separata);
-    return Letta ? Format(*Letta, u"dd/mm/yyyy") : Testo;
+    return Letta ? Format(*Letta, ModelloData) : Testo;
 }
