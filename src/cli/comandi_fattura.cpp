@@ -8,6 +8,7 @@
 #include "feenote/einvoice/scrittura.h"
 #include "feenote/file/memorianota.h"
 #include "feenote/file/modPosaFile.h"
+#include "feenote/modEmessi.h"
 #include "feenote/modFatturaXml.h"
 #include "feenote/modParti.h"
 #include "platform/accesso/accesso.h"
@@ -174,6 +175,16 @@ QString FraseGiaScritta(const Parcella& Scritta, const QStringList& Cartelle)
                    u"della parcella"_s;
 }
 
+/// A paid one that was discarded can be sent again in its own place alone, which its user decides.
+QStringList AlPostoDellaScartata(const Parcella& Nota)
+{
+    const auto Prima = ForseScartato(Nota);
+    if (!Prima)
+        return {};
+    return {u"se la fattura %1 del %2 è stata scartata, questa si salva al suo posto dalla finestra della "
+            u"parcella"_s.arg(Prima->Numero, Prima->Data)};
+}
+
 /// Sentences one after the other, on one line.
 QString InRiga(QStringList Testi)
 {
@@ -192,7 +203,7 @@ Risposta ComandoFattura(const QStringList& Valori, const NotaMultipla& Altra)
     // Whatever can be known before is, so that no number is taken in vain.
     const Composizione Prova = ComponiDellaNota(Nota, ProgressivoFile(ProssimaTrasmissione()), Oggi());
     if (!Prova.Completa())
-        throw Errore(NumeroFatturaRifiutata, InRiga(Frasi(Prova.Mancanze)));
+        throw Errore(NumeroFatturaRifiutata, InRiga(Frasi(Prova.Mancanze) + AlPostoDellaScartata(Nota)));
     if (EsisteFile(Uscita))
         throw Errore(errori::FilePresente, u"Il file %1 esiste già"_s.arg(NomeFile(Uscita)));
     NotaInTurno Turno(PercorsoNativo(Valori[0]), Nota);

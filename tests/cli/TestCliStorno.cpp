@@ -23,6 +23,7 @@ private Q_SLOTS:
     void unaSommaSola();
     void primaLaCarta();
     void dueFatture();
+    void pagataERimandata();
     void citataSbagliata();
     void importiCheNonSiLeggono_data();
     void importiCheNonSiLeggono();
@@ -161,6 +162,23 @@ void TestCliStorno::dueFatture()
     for (const QString& Riga : Righe)
         Dette += Riga.section(u'|', 4, 4) + u' ' + Riga.section(u'|', 13, 13);
     QCOMPARE(Dette, (QStringList{u"7 1459,12"_s, u"30 951,60"_s}));
+}
+
+/// A paid invoice that was discarded leaves nothing to a next one: what to do is said.
+void TestCliStorno::pagataERimandata()
+{
+    const Ufficio Qui;
+    const QString File = Qui.Nota();
+    QCOMPARE(Qui.Fattura(File, Qui.Cartella + u"ITRSSMRA80A01H501U_00001.xml"_s).Guasti, QString());
+    Riscrivi(File, [](Parcella& Nota) {
+        Paga(Nota, 1150);
+        Nota.txtDatiPar[DatoDataFatt] = u"20/01/2026"_s;
+    });
+    const QString Guasti = Qui.Fattura(File, Qui.Cartella + u"ITRSSMRA80A01H501U_00002.xml"_s).Guasti;
+    QVERIFY2(
+        Guasti.contains(u"Il totale della fattura è zero; se la fattura 7 del 15/01/2026 è stata scartata, "
+                        u"questa si salva al suo posto dalla finestra della parcella"_s),
+        qPrintable(Guasti));
 }
 
 /// A mistyped citation takes none of the payments away, and is told.

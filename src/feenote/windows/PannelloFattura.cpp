@@ -164,7 +164,8 @@ void PannelloFattura::NuovaNota()
     ui->cmdAnteprimaXml->setChecked(false);
     ui->txtAnteprimaXml->clear();
     ui->lstMancanzeXml->clear();
-    Composta = {};
+    Composta = AlPosto = {};
+    Scartata.reset();
     ColonneBloccate.clear();
 }
 
@@ -173,7 +174,7 @@ void PannelloFattura::Entra()
     ui->cmdAnteprimaXml->setChecked(false);
     ChiediColonne();
     Mostra();
-    QWidget* Primo = Composta.Completa() ? static_cast<QWidget*>(ui->cmdSalvaXml) : ui->lstMancanzeXml;
+    QWidget* Primo = SiScrive() ? static_cast<QWidget*>(ui->cmdSalvaXml) : ui->lstMancanzeXml;
     Primo->setFocus();
 }
 
@@ -182,23 +183,41 @@ void PannelloFattura::Mostra()
     MostraScelte();
     if (!isVisible())
         return;
-    if (!Protetta([this] { Composta = Componi(); }))
+    if (!Protetta([this] { ComponiTutto(); })) {
         Composta = {};
+        Scartata.reset();
+    }
     MostraMancanze();
     MostraStato();
     if (ui->cmdAnteprimaXml->isChecked())
-        ui->txtAnteprimaXml->setHtml(PaginaFattura(Composta.Fattura));
+        ui->txtAnteprimaXml->setHtml(
+            PaginaFattura(!Composta.Completa() && Scartata ? AlPosto.Fattura : Composta.Fattura));
 }
 
-Composizione PannelloFattura::Componi(const QString& Progressivo) const
+Composizione PannelloFattura::Componi(const Parcella& Di, const QString& Progressivo) const
 {
     // The counter steps when the file is written; until then any number shows what the file will be.
-    Composizione Fatta = ComponiDellaNota(Nota, Progressivo.isEmpty() ? u"00000"_s : Progressivo, Oggi());
+    Composizione Fatta = ComponiDellaNota(Di, Progressivo.isEmpty() ? u"00000"_s : Progressivo, Oggi());
     if (!ColonneBloccate.isEmpty())
         Fatta.Avvisi.append({u"L'archivio dei clienti non si può modificare e non ha: %1."_s.arg(
                                  ColonneBloccate.join(u", "_s)),
                              CampoFattura::Nessuno});
     return Fatta;
+}
+
+/// As a next invoice it takes away what was paid of the former one, all of it where that is paid: in its
+/// place it does not.
+void PannelloFattura::ComponiTutto()
+{
+    Composta = Componi(Nota);
+    Scartata = FatturaGiaScritta(Nota) ? std::nullopt : ForseScartato(Nota);
+    if (!Scartata)
+        return;
+    Parcella Sua = Nota;
+    PrendiIlPosto(Sua);
+    AlPosto = Componi(Sua);
+    if (!AlPosto.Completa())
+        Scartata.reset();
 }
 
 void PannelloFattura::MostraScelte()
@@ -266,17 +285,21 @@ void PannelloFattura::MostraStato()
 {
     QString Stato;
     if (FatturaGiaScritta(Nota))
-        Stato = FraseGiaScritta(Nota).replace(u"La fattura è già stata scritta"_s, u"Già scritta"_s) + u". "_s;
+        Stato =
+            FraseGiaScritta(Nota).replace(u"La fattura è già stata scritta"_s, u"Già scritta"_s) + u". "_s;
     const int Quante = int(Composta.Mancanze.size());
     if (Quante == 0)
         Stato += u"Non manca nulla: il file si può salvare."_s;
+    else if (Scartata)
+        Stato += u"Se la fattura %1 del %2 è stata scartata, questa si può salvare al suo posto."_s.arg(
+            Scartata->Numero, Scartata->Data);
     else
         Stato += (Quante == 1 ? u"Manca un dato"_s : u"Mancano %1 dati"_s.arg(Quante)) +
                  u": doppio clic o Invio portano al campo."_s;
     ui->lblStatoXml->setText(Stato);
-    ui->cmdSalvaXml->setEnabled(Quante == 0);
-    ui->cmdSalvaXml->setToolTip(Quante == 0 ? u"Scrive il file della fattura elettronica"_s
-                                            : u"Prima occorre completare i dati che mancano"_s);
+    ui->cmdSalvaXml->setEnabled(SiScrive());
+    ui->cmdSalvaXml->setToolTip(SiScrive() ? u"Scrive il file della fattura elettronica"_s
+                                           : u"Prima occorre completare i dati che mancano"_s);
 }
 
 void PannelloFattura::VaiAllaRiga(int Riga)

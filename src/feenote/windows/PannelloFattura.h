@@ -3,11 +3,13 @@
 #pragma once
 
 #include "feenote/einvoice/composizione.h"
+#include "feenote/modEmessi.h"
 #include "feenote/parcella.h"
 
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 
 class CorniceNota;
 
@@ -49,7 +51,10 @@ private:
     void Raccogli();  ///< the choices on view go into the record
     void Scegli();    ///< the same, and what comes of it is shown
     void VaiAllaRiga(int Riga);
-    [[nodiscard]] Composizione Componi(const QString& Progressivo = {}) const;
+    [[nodiscard]] Composizione Componi(const Parcella& Di, const QString& Progressivo = {}) const;
+    void ComponiTutto();  ///< the one in hand, and what it is in the place of a discarded one
+    /// The file can be written, be it only in the place of the discarded one.
+    [[nodiscard]] bool SiScrive() const { return Composta.Completa() || Scartata; }
 
     // ---- PannelloFattura_File.cpp: columns, file, check
     void ChiediColonne();
@@ -63,6 +68,9 @@ private:
     CorniceNota& Cornice;
     std::unique_ptr<Ui::PannelloFattura> ui;
     Composizione Composta;
+    /// The one whose place this one may take, where a file can be written that does; and that file.
+    std::optional<NumeroEmesso> Scartata;
+    Composizione AlPosto;
     QStringList ColonneBloccate;  ///< headings that an archive lacks and cannot get
 };
 

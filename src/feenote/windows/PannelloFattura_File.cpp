@@ -12,6 +12,7 @@
 #include "feenote/file/modSalvataggio.h"
 #include "feenote/modEmessi.h"
 #include "feenote/modFatturaXml.h"
+#include "feenote/modRighe.h"
 #include "feenote/modStorno.h"
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/frmControlloFattura.h"
@@ -47,11 +48,22 @@ QString CartellaFatture()
     return Barra(!Ultima.isEmpty() && EsisteCartella(Ultima) ? Ultima : sessione::ParcellePath);
 }
 
-QString FraseScartato(const NumeroEmesso& Prima, bool Storno)
+/// What both answers write is said where it differs: nobody else tells before the file is sent.
+QString FraseScartato(const NumeroEmesso& Prima, bool Storno, const Composizione& AlPosto,
+                      const Composizione& Accanto)
 {
-    return (Storno ? u"La nota di credito"_s : u"La fattura"_s) +
-           u" %1 del %2 ha già il suo file.\nÈ stata scartata, e questa ne prende il posto? Rispondendo No "
-           u"valgono tutte e due."_s.arg(Prima.Numero, Prima.Data);
+    const QString Chiesto =
+        (Storno ? u"La nota di credito"_s : u"La fattura"_s) +
+        u" %1 del %2 ha già il suo file.\nÈ stata scartata, e questa ne prende il posto? "_s.arg(Prima.Numero,
+                                                                                                 Prima.Data);
+    const QString Suo = TestoImporto(AlPosto.Fattura.Totale);
+    if (!Accanto.Completa())
+        return Chiesto + u"Rispondendo Sì il file è di %1 euro, rispondendo No non si scrive."_s.arg(Suo);
+    const QString Altro = TestoImporto(Accanto.Fattura.Totale);
+    if (Altro == Suo)
+        return Chiesto + u"Rispondendo No valgono tutte e due."_s;
+    return Chiesto + u"Rispondendo Sì il file è di %1 euro, rispondendo No è di %2 euro e valgono tutte e "
+                     u"due."_s.arg(Suo, Altro);
 }
 
 }  // namespace
@@ -86,7 +98,7 @@ void PannelloFattura::cmdSalvaXml_Click()
     if (Cornice.InDomanda() || !ConcludiCampo())
         return;
     Mostra();
-    if (!Composta.Completa())
+    if (!SiScrive())
         return;
     int Atteso = 0;
     if (!Protetta([&] { Atteso = ProssimaTrasmissione(); }))
@@ -96,24 +108,28 @@ void PannelloFattura::cmdSalvaXml_Click()
     const QString Scritta = FatturaGiaScritta(Nota)   ? FraseGiaScritta(Nota)
                             : !NelFile.File.isEmpty() ? FraseGiaScritta(NelFile)
                                                       : QString();
-    const auto Scartato = Scritta.isEmpty() ? ForseScartato(Nota) : std::nullopt;
+    const auto Scartato = Scritta.isEmpty() ? Scartata : std::nullopt;
+    if (!Scartato && !Composta.Completa())
+        return;
     bool AlSuoPosto = false;
     const auto Chiedi = [&]() -> QString {
         if (Scartato)
-            AlSuoPosto = MsgBox(FraseScartato(*Scartato, ENotaDiCredito(Nota)),
+            AlSuoPosto = MsgBox(FraseScartato(*Scartato, ENotaDiCredito(Nota), AlPosto, Composta),
                                 vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString()) == vbYes;
+        if (!AlSuoPosto && !Composta.Completa())
+            return {};
         if (!Scritta.isEmpty() &&
             MsgBox(Scritta + u".\nScriverla di nuovo, con un altro nome?"_s,
                    vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString()) != vbYes)
             return {};
-        return DialogoSalva(u"Salva la fattura elettronica"_s,
-                            CartellaFatture() + NomeFileFattura(Componi(ProgressivoFile(Atteso)).Fattura),
-                            FiltroXml);
+        return DialogoSalva(
+            u"Salva la fattura elettronica"_s,
+            CartellaFatture() + NomeFileFattura(Componi(Nota, ProgressivoFile(Atteso)).Fattura), FiltroXml);
     };
     const QString Scelto = Cornice.InDialogo(Chiedi);
     if (Scelto.isEmpty())
         return;
-    const QString Nome = NomeFileFattura(Componi(ProgressivoFile(Atteso)).Fattura);
+    const QString Nome = NomeFileFattura(Componi(Nota, ProgressivoFile(Atteso)).Fattura);
     if (NomeFile(Scelto).compare(Nome, Qt::CaseInsensitive) != 0) {
         MsgErrore(
             u"Il nome del file è imposto dalle regole della fattura elettronica, %1: si sceglie soltanto la "
@@ -154,7 +170,7 @@ void PannelloFattura::Scrivi(const QString& Cartella, int Atteso, const QString&
     const StatoTenuto Stato = Nota.Stato;
     if (AlSuoPosto)
         PrendiIlPosto(Nota);  // before its payments are looked at
-    const FatturaElettronica Fattura = Componi(Progressivo).Fattura;
+    const FatturaElettronica Fattura = Componi(Nota, Progressivo).Fattura;
     const QString Nome = NomeFileFattura(Fattura);
     SegnaFatturaScritta(Nota, Nome, Progressivo);
     const bool Tenuta = Cornice.FatturaScritta(Intatta);

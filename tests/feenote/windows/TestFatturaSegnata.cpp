@@ -4,7 +4,10 @@
 
 #include "feenote/file/modLettura.h"
 #include "feenote/file/modSalvataggio.h"
+#include "feenote/modAcconti.h"
 #include "feenote/modFatturaXml.h"
+#include "feenote/modRighe.h"
+#include "feenote/modStorno.h"
 #include "platform/system/file.h"
 
 #include <QDir>
@@ -24,6 +27,8 @@ private Q_SLOTS:
     void leSueDiPrimaNonSonoDiAltri();
     void alPostoDiUnaScartata_data();
     void alPostoDiUnaScartata();
+    void alPostoDiUnaPagata_data();
+    void alPostoDiUnaPagata();
     void diNuovoUnaDiPrima();
 };
 PROVA(TestFatturaSegnata);
@@ -161,6 +166,52 @@ void TestFatturaSegnata::alPostoDiUnaScartata()
     T->Voce.Tollera();
     Clic(Controllo(F, "cmdSalvaXml"));
     QCOMPARE(F->Nota.Stato, Prima);
+}
+
+void TestFatturaSegnata::alPostoDiUnaPagata_data()
+{
+    QTest::addColumn<double>("Parte");  // of what it asked for without taxes
+    QTest::addColumn<int>("Risposta");
+    QTest::newRow("whole, yes") << 1.0 << vbYes;
+    QTest::newRow("whole, no") << 1.0 << vbNo;
+    QTest::newRow("half, yes") << 0.5 << vbYes;
+    QTest::newRow("half, no") << 0.5 << vbNo;
+}
+
+/// What was paid leaves less of a next invoice, or nothing, and all of the one that takes the former's place:
+/// the question says what is sent.
+void TestFatturaSegnata::alPostoDiUnaPagata()
+{
+    QFETCH(double, Parte);
+    QFETCH(int, Risposta);
+    const bool Intera = Parte == 1.0;
+    ApriPannello();
+    SalvaIn(T->Ufficio.Cartella(), 1);
+    const StatoTenuto Prima = F->Nota.Stato;
+    const double Totale = Prima.Importi->Totale;
+    const Catena Conti = CatenaFiscale(RaccogliFattura(F->Nota, StampaFatturaAnalitica));
+    F->Nota.xAcconti(NuovoAcconto(F->Nota), AccCorrispettivi) = Arrotonda2(Conti.Imponibile * Parte);
+    Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_11"), u"13"_s);
+    ApriPannello();
+    const double Resto = CatenaFiscale(RaccogliFattura(F->Nota, StampaFatturaAnalitica)).Totale;
+    QCOMPARE(Resto == 0.0, Intera);
+    QVERIFY(Controllo(F, "cmdSalvaXml")->isEnabled());
+    QCOMPARE(Stato().contains(u"Se la fattura 12 del %1 è stata scartata"_s.arg(Prima.Data)), Intera);
+    const QString Sempre =
+        u"La fattura 12 del %1 ha già il suo file.\nÈ stata scartata, e questa ne prende il "
+        u"posto? Rispondendo Sì il file è di %2 euro, "_s.arg(Prima.Data, TestoImporto(Totale));
+    T->Voce.Attendi(
+        Sempre + (Intera ? u"rispondendo No non si scrive."_s
+                         : u"rispondendo No è di %1 euro e valgono tutte e due."_s.arg(TestoImporto(Resto))),
+        Risposta, u"Domanda:"_s);
+    if (Intera && Risposta == vbNo) {
+        Clic(Controllo(F, "cmdSalvaXml"));
+        QCOMPARE(QDir(T->Ufficio.Cartella()).entryList({u"IT*.xml"_s}, QDir::Files).size(), 1);
+        return;
+    }
+    SalvaIn(T->Ufficio.Cartella(), 2);
+    QCOMPARE(F->Nota.Stato.Emessi.size(), Risposta == vbYes ? 0 : 1);
+    QCOMPARE(F->Nota.Stato.Importi->Totale, Risposta == vbYes ? Totale : Resto);
 }
 
 /// The one before the last has its file too.
