@@ -129,7 +129,6 @@ std::optional<NumeroEmesso> ForseScartato(const Parcella& Nota)
 void PrendiIlPosto(Parcella& Nota)
 {
     StatoTenuto& Tenuto = Nota.Stato;
-    Tenuto.AlSuoPosto = true;
     if (UscitoAccanto(Nota)) {
         if (Tenuto.Emessi.isEmpty() || !Tenuto.Importi)
             return;

@@ -16,19 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct NomeDiStato
-{
-    StatoNota Stato;
-    QStringView Nome;
-};
-
-constexpr std::array Nomi{
-    NomeDiStato{StatoNota::Bozza, u"Bozza"},
-    NomeDiStato{StatoNota::Inviata, u"Inviata"},
-    NomeDiStato{StatoNota::Fatturata, u"Fatturata"},
-    NomeDiStato{StatoNota::Pagata, u"Pagata"},
-};
-
 QString Giorno()
 {
     return Format(Oggi(), u"dd/mm/yyyy");
@@ -302,7 +289,27 @@ void TieniEmesso(Parcella& Nota, bool Storno)
         Tenuto.Emessi.remove(0, Tenuto.Emessi.size() - MassimiEmessi);
 }
 
-bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
+/// The day of the invoice that a credit note in hand cites.
+QString GiornoCitato(const Parcella& Nota)
+{
+    const auto Citata = LeggiData(Nota.FatturaXml.CitataData);
+    return Citata ? Format(*Citata, u"dd/mm/yyyy") : QString();
+}
+
+/// Of what is asked for now more is left than what was.
+void NonPiuPagata(Parcella& Nota)
+{
+    StatoTenuto& Tenuto = Nota.Stato;
+    if (Tenuto.Stato != StatoNota::Pagata || !Tenuto.Prima || CoperturaDi(Nota).Coperta)
+        return;
+    Tenuto.Stato = StatoNota::Fatturata;
+    Tenuto.Prima.reset();
+    GiornoDi(Tenuto, StatoNota::Pagata).clear();
+}
+
+/// @param ComeFile its electronic file is written, which says what is asked for; a sheet of what was paid
+///                 already is a copy
+bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata, bool ComeFile = false)
 {
     const StatoTenuto Era = Nota.Stato;
     StatoTenuto& Tenuto = Nota.Stato;
@@ -316,10 +323,8 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
     // Nobody owes a credit note, not even the draft of it that is shown before it has its number.
     const bool Storno = ENotaDiCredito(Nota) && TipoDi(Tipo).EFattura;
     const bool Altro = Numerata && EAltroDocumento(Nota, Storno);
-    // A copy of what was paid already would ask for nothing.
-    const bool AlSuoPosto = std::exchange(Tenuto.AlSuoPosto, false);
     const bool Copia = Tenuto.Stato == StatoNota::Pagata && Nuovo == Presente && !ENotaDiCredito(Nota) &&
-                       !Altro && !AlSuoPosto;
+                       !Altro && !ComeFile;
     if (Nuovo >= Presente && !Copia) {
         if (Nuovo > Presente && GiornoDi(Tenuto, Verso).isEmpty())
             GiornoDi(Tenuto, Verso) = Giorno();
@@ -339,19 +344,15 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
         Tenuto.Numero = Ora.Numero;
         Tenuto.Data = Ora.Data;
         Tenuto.CitataNumero = Storno ? Nota.FatturaXml.CitataNumero.simplified() : QString();
-        const auto Citata = LeggiData(Nota.FatturaXml.CitataData);
-        Tenuto.CitataData = Storno && Citata ? Format(*Citata, u"dd/mm/yyyy") : QString();
+        Tenuto.CitataData = Storno ? GiornoCitato(Nota) : QString();
         Tenuto.NumeroPrima.clear();
         Tenuto.DataPrima.clear();
         Tenuto.ConSocio = Nota.Multipla();
         TieniSocio(Nota);
         Tenuto.Importi = Importi(Dati, ConScissione(Nota, Tipo));
         Tenuto.Importi->DelSocio = DelSocio;
-        if (AlSuoPosto && Tenuto.Stato == StatoNota::Pagata && Tenuto.Prima && !CoperturaDi(Nota).Coperta) {
-            Tenuto.Stato = StatoNota::Fatturata;
-            Tenuto.Prima.reset();
-            GiornoDi(Tenuto, StatoNota::Pagata).clear();
-        }
+        if (ComeFile && !Altro && Tenuto.Importi != Era.Importi)
+            NonPiuPagata(Nota);
         // Where nothing is left of the next invoice either, payments have paid all of them.
         if (Altro && Era.Stato == StatoNota::Pagata && Tenuto.Stato != Era.Stato && Era.Prima &&
             CoperturaDi(Nota).Coperta) {
@@ -365,6 +366,26 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata)
         GiornoDi(Tenuto, Verso) = Giorno();
     }
     return Conferma(Nota, Era);
+}
+
+/// The file of an earlier document is written again: it asks for what that file says.
+void RimandaEmesso(Parcella& Nota, qsizetype Posto, int Tipo)
+{
+    ImportiDocumento Ora = Importi(CatenaCheEsce(Nota, Tipo), ConScissione(Nota, Tipo));
+    Ora.DelSocio = DettiDelSocio(Nota, Tipo, true);
+    DocumentoEmesso& Uno = Nota.Stato.Emessi[Posto];
+    Uno.ConFile = true;
+    if (Uno.Storno) {
+        Uno.CitataNumero = Nota.FatturaXml.CitataNumero.simplified();
+        Uno.CitataData = GiornoCitato(Nota);
+    }
+    if (Ora == Uno.Importi)
+        return;
+    Uno.Documento = Tipo;
+    Uno.ConSocio = Nota.Multipla();
+    Uno.AMano = std::min(Uno.AMano, std::max(0.0, Ora.Netto));
+    Uno.Importi = Ora;
+    NonPiuPagata(Nota);
 }
 
 /// What has gone out as an invoice is one while it has number and date. Its credit note takes both over
@@ -398,26 +419,6 @@ void CorreggiNumero(Parcella& Nota)
 
 }  // namespace
 
-QString NomeStato(StatoNota Stato)
-{
-    const auto Suo = std::ranges::find(Nomi, Stato, &NomeDiStato::Stato);
-    return Suo == Nomi.end() ? QString() : Suo->Nome.toString();
-}
-
-std::optional<StatoNota> StatoDelNome(QStringView Nome)
-{
-    const auto Suo = std::ranges::find_if(
-        Nomi, [&](const NomeDiStato& Voce) { return Voce.Nome.compare(Nome, Qt::CaseInsensitive) == 0; });
-    return Suo == Nomi.end() ? std::nullopt : std::optional(Suo->Stato);
-}
-
-StatoTenuto StatoDiNuova()
-{
-    StatoTenuto Tenuto;
-    Tenuto.Stato = StatoNota::Bozza;
-    return Tenuto;
-}
-
 bool ChiedePagamento(int Tipo)
 {
     return ETipoStampa(Tipo) && TipoDi(Tipo).Credito;
@@ -434,9 +435,10 @@ bool NotaFatturata(Parcella& Nota)
 {
     const int InVista = Nota.cmbTipoStampa;
     const StatoTenuto Era = Nota.Stato;
-    (void)SegnaUscita(Nota, TipoDi(InVista).EFattura ? InVista : int(StampaFatturaAnalitica), true);
+    const int Tipo = TipoDi(InVista).EFattura ? InVista : int(StampaFatturaAnalitica);
+    (void)SegnaUscita(Nota, Tipo, true, true);
     if (const qsizetype Posto = PostoEmesso(Nota); Posto >= 0)
-        Nota.Stato.Emessi[Posto].ConFile = true;
+        RimandaEmesso(Nota, Posto, Tipo);
     else if (EUltimo(Nota))
         Nota.Stato.ConFile = true;
     return Conferma(Nota, Era);

@@ -111,8 +111,6 @@ struct StatoTenuto
     /// The two before they were put right; not in the file. Letters that lead to the number of an earlier
     /// invoice put nothing right.
     QString NumeroPrima, DataPrima;
-    /// Not in the file: it stands in the place of one that was discarded, and is to have figures of its own.
-    bool AlSuoPosto = false;
     /// Not said behind its credit note, but before: that the invoice which it takes back is paid.
     bool PagataPrima = false;
     /// The figures of that document: a note that is worked on afterwards is owed what was asked for.

@@ -31,6 +31,8 @@ private Q_SLOTS:
     void ilNumeroDiUnaDiPrima_data();
     void ilNumeroDiUnaDiPrima();
     void unSecondoFileDiUnaDiPrima();
+    void leCifreDelFile();
+    void leCifreDelFileDiUnaPagata();
     void ogniFileEDelSuo();
     void unNumeroConLAnno();
     void diNuovoLaPrima();
@@ -226,6 +228,47 @@ void TestFatturaUscita::unSecondoFileDiUnaDiPrima()
     Numera(Nota, u"32"_s);
     (void)SegueStato(Nota, Vista);
     QCOMPARE(Numeri(Nota), u"12 30 | 32"_s);
+}
+
+/// The file of an earlier invoice, written again because it was wrong, says what is asked for; a sheet of it
+/// is a copy.
+void TestFatturaUscita::leCifreDelFile()
+{
+    ScriviFile(Nota);
+    Numera(Nota, u"30"_s);
+    ScriviFile(Nota);
+    Paga(Nota, 1150);
+    Paga(Nota, 1150);
+    (void)SegueStato(Nota, Vista);
+    QCOMPARE(Nota.Stato.Stato, Pagata);
+    Numera(Nota, u"12"_s);
+    Nota.xOnorari(0, OnoImporto) = 1100.0;
+    Stampa(Nota);
+    QCOMPARE(Nota.Stato.Emessi[0].Importi.Totale, Intero);
+    QCOMPARE(Totale(Nota), 1605.03);
+    ScriviFile(Nota);
+    QCOMPARE(Numeri(Nota), u"12 | 30"_s);
+    QCOMPARE(Nota.Stato.Emessi[0].Importi.Totale, 1605.03);
+    QCOMPARE(ImportiDellaNota(Nota).Totale, Intero);
+    QCOMPARE(Nota.Stato.Stato, Fatturata);
+    QCOMPARE(RestiDellaNota(Nota), (QList<double>{0.0, 145.91}));
+}
+
+/// So does the file of a paid one under its own number.
+void TestFatturaUscita::leCifreDelFileDiUnaPagata()
+{
+    ScriviFile(Nota);
+    Paga(Nota, 1150);
+    (void)SegueStato(Nota, Vista);
+    ScriviFile(Nota);
+    QCOMPARE(Nota.Stato.Stato, Pagata);
+    Nota.xOnorari(0, OnoImporto) = 1100.0;
+    Stampa(Nota);
+    QCOMPARE(ImportiDellaNota(Nota).Totale, Intero);
+    ScriviFile(Nota);
+    QCOMPARE(ImportiDellaNota(Nota).Totale, 1605.03);
+    QCOMPARE(Nota.Stato.Stato, Fatturata);
+    QCOMPARE(RestiDellaNota(Nota), QList<double>{145.91});
 }
 
 /// Whichever invoice of the note is in hand, its file is known for written, and no other one's is.
