@@ -205,7 +205,8 @@ QStringList Figure(const VoceTrova& Nota, const LegameFattura& Legame)
 }
 
 /// What was paid of the document; nothing where it is not known. Of a draft nothing was asked for. Of one
-/// that the user has called paid nobody has paid what was taken back.
+/// that the user has called paid nobody has paid what its file had taken back before; a credit note of
+/// another file comes behind the word, and gives back what was paid.
 std::optional<double> PagatoDi(const VoceTrova& Nota, const LegameFattura& Legame)
 {
     const StatoLetto& Stato = Nota.Dati.Stato;
@@ -215,7 +216,7 @@ std::optional<double> PagatoDi(const VoceTrova& Nota, const LegameFattura& Legam
         return 0.0;
     const double Versato = std::max(0.0, Stato.Importi->Netto - Stato.Resto);
     if (Stato.Stato == StatoNota::Pagata)
-        return std::max(Versato, Arrotonda2(Stato.Importi->Netto - Legame.Stornato));
+        return std::max(Versato, Arrotonda2(Stato.Importi->Netto - Legame.StornatoQui));
     return Versato;
 }
 
@@ -382,7 +383,10 @@ QHash<const VoceTrova*, LegameFattura> LegamiFatture(const std::vector<const Voc
         }
         Legami[Nota].Citata = true;
         Legami[Nota].Ripresa = Ripresa;
-        Legami[Ripresa].Stornato += Stato.Importi ? std::max(0.0, Stato.Importi->Netto) : 0.0;
+        const double Netto = Stato.Importi ? std::max(0.0, Stato.Importi->Netto) : 0.0;
+        Legami[Ripresa].Stornato += Netto;
+        if (Ripresa->Percorso == Nota->Percorso)
+            Legami[Ripresa].StornatoQui += Netto;
         Legami[Ripresa].StornoIgnoto = Legami[Ripresa].StornoIgnoto || !Stato.Importi;
     }
     return Legami;
@@ -540,7 +544,8 @@ QStringList RigaScadenzario(const VoceTrova& Nota, const CodiciCliente& Codici, 
     const VoceTrova& Cifre = ConLeCifre(Nota, Legame);
     const auto Pagato = PagatoDi(Cifre, Legame);
     // Among others that are paid: of this one nothing was.
-    const bool SoloStornata = Dati.Stato.Stato == StatoNota::Pagata && Legame.Stornato > 0 && Pagato == 0.0;
+    const bool SoloStornata =
+        Dati.Stato.Stato == StatoNota::Pagata && Legame.StornatoQui > 0 && Pagato == 0.0;
     Celle << NomeStato(SoloStornata ? StatoNota::Fatturata : Dati.Stato.Stato)
           << (SoloStornata ? QString() : Dati.Stato.Dal) << Dati.Stato.Scadenza;
     Celle += Figure(Cifre, Legame);

@@ -92,6 +92,8 @@ private Q_SLOTS:
     void nessunoHaPagatoLaStornata();
     void citataAltrove();
     void pagataDaiDue();
+    void pagataEPoiResa_data();
+    void pagataEPoiResa();
 
 private:
     Parcella Nota;
@@ -216,6 +218,38 @@ void TestStornoCitato::pagataDaiDue()
     (void)ScegliStato(Nota, StatoNota::Pagata);
     Emetti(Nota, 13, true);
     QCOMPARE(Tabella(Letta(Nota))[0], u"Fattura analitica|12|1459,12|1459,12|0,00"_s);
+}
+
+void TestStornoCitato::pagataEPoiResa_data()
+{
+    QTest::addColumn<double>("Onorari");
+    QTest::newRow("whole") << 1000.0;
+    QTest::newRow("part") << 100.0;
+}
+
+/// The client had paid it, and was given back by a credit note of another file: paid it was.
+void TestStornoCitato::pagataEPoiResa()
+{
+    QFETCH(double, Onorari);
+    Parcella Altra = Nota;
+    Il(9);
+    Emetti(Nota, 12);
+    Il(15);
+    (void)ScegliStato(Nota, StatoNota::Pagata);
+    Il(20);
+    Altra.xOnorari(0, OnoImporto) = Onorari;
+    Cita(Altra, u"12"_s, u"9/11/2026"_s);
+    Emetti(Altra, 13, true);
+    const VoceTrova Sua = Letta(Nota);
+    VoceTrova Storno = Letta(Altra);
+    Storno.Percorso = u"/note/altra.mdb"_s;
+    const std::vector<QStringList> Righe =
+        RigheScadenzario({&Sua, &Storno}, [](int) { return CodiciCliente(); });
+    QCOMPARE(qsizetype(Righe.size()), 2);
+    QCOMPARE(Righe[1][3], u"Nota di credito della fattura 12"_s);
+    QVERIFY(Righe[1][14].startsWith(u'-'));
+    QCOMPARE(QStringList({Righe[0][4], Righe[0][6], Righe[0][7], Righe[0][15], Righe[0][16]}).join(u' '),
+             u"12 Pagata 15/11/2026 1459,12 0,00"_s);
 }
 
 #include "TestStornoCitato.moc"
