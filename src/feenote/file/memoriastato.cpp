@@ -243,7 +243,8 @@ QList<EmessoLetto> LeggiEmessi(const MemoriaFile& Memoria, double Massimo)
             Che.Dal = GiornoBuono(Memoria.value(VociDal[i]));
             Che.ConFile = Memoria.value(VociConFile[i]) == u"1";
             if (Che.AMano > 0)
-                Letti.last().Resto = std::clamp(Memoria.value(VociResto[i]).toDouble(), 0.0, Massimo);
+                if (const auto Resto = LeggiValori<1>({QStringView(Memoria.value(VociResto[i]))}, Massimo))
+                    Letti.last().Resto = std::max(0.0, Resto->front());
         }
     return Letti;
 }

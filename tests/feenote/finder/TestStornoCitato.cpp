@@ -92,6 +92,8 @@ private Q_SLOTS:
     void nessunoHaPagatoLaStornata();
     void citataAltrove();
     void pagataDaiDue();
+    void ilRestoGuasto_data();
+    void ilRestoGuasto();
     void pagataEPoiResa_data();
     void pagataEPoiResa();
 
@@ -218,6 +220,29 @@ void TestStornoCitato::pagataDaiDue()
     (void)ScegliStato(Nota, StatoNota::Pagata);
     Emetti(Nota, 13, true);
     QCOMPARE(Tabella(Letta(Nota))[0], u"Fattura analitica|12|1459,12|1459,12|0,00"_s);
+}
+
+void TestStornoCitato::ilRestoGuasto_data()
+{
+    QTest::addColumn<QString>("Resto");
+    for (const QString& Uno : {u"nan"_s, u"inf"_s, u"-5"_s, u"1e300"_s, u"x"_s})
+        QTest::newRow(qPrintable(Uno)) << Uno;
+}
+
+/// An entry that is damaged makes no sum unknown.
+void TestStornoCitato::ilRestoGuasto()
+{
+    QFETCH(QString, Resto);
+    Emetti(Nota, 12);
+    Nota.xAcconti(NuovoAcconto(Nota), AccCorrispettivi) = 400.0;
+    (void)ScegliStato(Nota, StatoNota::Pagata);
+    Emetti(Nota, 13, true);
+    VoceTrova Voce = Letta(Nota);
+    MemoriaFile Memoria;
+    ScriviStato(Nota, Memoria);
+    Memoria[u"Stato.Resto.Emesso.1"_s] = Resto;
+    Voce.Dati.Stato = LeggiStatoLetto(Memoria);
+    QCOMPARE(Tabella(Voce)[0], u"Fattura analitica|12|1459,12|1459,12|0,00"_s);
 }
 
 void TestStornoCitato::pagataEPoiResa_data()
