@@ -270,16 +270,19 @@ void TieniEmesso(Parcella& Nota, bool Storno)
     // What has paid the invoices so far has not paid the next one. What the user has said is paid needs no
     // payments that say so.
     const bool AMano = Tenuto.Stato == StatoNota::Pagata && !Tenuto.Prima;
-    for (qsizetype i = 0; AMano && i < Tenuto.Emessi.size(); ++i) {
+    for (qsizetype i = 0; i < Tenuto.Emessi.size(); ++i) {
         DocumentoEmesso& Uno = Tenuto.Emessi[i];
+        if (!AMano || !Storno)
+            Uno.DalPrima.reset();
         // Nobody has paid what a credit note had taken back before.
         const double Pagato = InCentesimi(Resti[i] - Ripresi[i]);
-        if (!Uno.Storno && Pagato > 0) {
+        if (AMano && !Uno.Storno && Pagato > 0) {
             Uno.AMano += Pagato;
+            if (Storno)
+                Uno.DalPrima = Uno.Dal;
             Uno.Dal = Tenuto.Dal();
         }
     }
-    Tenuto.PagataPrima = AMano && Storno;
     if (Tenuto.Stato == StatoNota::Pagata && !Storno) {
         Tenuto.Stato = StatoNota::Fatturata;
         Tenuto.Prima.reset();
@@ -451,10 +454,11 @@ bool ScegliStato(Parcella& Nota, StatoNota Scelto)
         return false;
     const StatoTenuto Era = Tenuto;
     // What that very word had called paid before the credit note was not paid either.
-    if (std::exchange(Tenuto.PagataPrima, false))
-        for (DocumentoEmesso& Uno : Tenuto.Emessi)
-            if (Uno.Dal == GiornoDi(Tenuto, StatoNota::Pagata))
-                Uno.AMano = 0.0;
+    for (DocumentoEmesso& Uno : Tenuto.Emessi)
+        if (const auto Prima = std::exchange(Uno.DalPrima, std::nullopt)) {
+            Uno.AMano = 0.0;
+            Uno.Dal = *Prima;
+        }
     Tenuto.Stato = Scelto;
     Tenuto.Prima.reset();
     if (!ETipoStampa(Tenuto.Documento))

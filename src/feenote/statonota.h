@@ -85,6 +85,9 @@ struct DocumentoEmesso
     QString CitataNumero = {}, CitataData = {};  ///< of a credit note: the invoice that it cited
     /// Since when it is invoiced, or paid where the user has said so, dd/mm/yyyy; empty: not known.
     QString Dal = {};
+    /// The same before the user's word "paid" that its credit note has followed: where that word is taken
+    /// back, so is AMano. Nothing where another word made it paid, or none.
+    std::optional<QString> DalPrima = {};
     bool ConFile = false;  ///< its electronic file is written
 
     friend bool operator==(const DocumentoEmesso&, const DocumentoEmesso&) = default;
@@ -111,8 +114,6 @@ struct StatoTenuto
     /// The two before they were put right; not in the file. Letters that lead to the number of an earlier
     /// invoice put nothing right.
     QString NumeroPrima, DataPrima;
-    /// Not said behind its credit note, but before: that the invoice which it takes back is paid.
-    bool PagataPrima = false;
     /// The figures of that document: a note that is worked on afterwards is owed what was asked for.
     std::optional<ImportiDocumento> Importi;
     /// What has gone out before it and stands, the oldest first: an invoice that was taken back, its credit

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void saldateTutte();
     void unaParolaDiPrima();
     void ilFileDiUnaStampataPrima();
+    void dueParoleInUnGiorno();
     void pagataAMano();
     void pagataAManoDopoLoStorno();
     void nonPagataLaStornata();
@@ -412,6 +413,46 @@ void TestFatturaUscita::unaParolaDiPrima()
     (void)ScegliStato(Nota, Pagata);
     (void)ScegliStato(Nota, Fatturata);
     QCOMPARE(Nota.Stato.Emessi[0].AMano, Intero);
+}
+
+/// Nor does one of the same day, which was said of the credit note's own invoice.
+void TestFatturaUscita::dueParoleInUnGiorno()
+{
+    InstallaOrologio([] { return QDateTime(QDate(2026, 11, 9), QTime(10, 0)); });
+    ScriviFile(Nota);
+    InstallaOrologio([] { return QDateTime(QDate(2026, 11, 22), QTime(10, 0)); });
+    (void)ScegliStato(Nota, Pagata);
+    Numera(Nota, u"14"_s);
+    ScriviFile(Nota);
+    (void)ScegliStato(Nota, Pagata);
+    Nota.FatturaXml.Tipo = u"TD04"_s;
+    Nota.FatturaXml.CitataNumero = u"14"_s;
+    Nota.FatturaXml.CitataData = u"9/11/2026"_s;
+    Numera(Nota, u"15"_s);
+    InstallaOrologio([] { return QDateTime(QDate(2026, 11, 23), QTime(10, 0)); });
+    ScriviFile(Nota);
+    const auto Pagate = [this] {
+        QStringList Tutte;
+        for (const DocumentoEmesso& Uno : Nota.Stato.Emessi)
+            Tutte += u"%1 %2 %3"_s.arg(Uno.Numero).arg(Uno.AMano).arg(Uno.Dal);
+        return Tutte;
+    };
+    QCOMPARE(Pagate(), (QStringList{u"12 1459.12 22/11/2026"_s, u"14 1459.12 22/11/2026"_s}));
+    (void)ScegliStato(Nota, Fatturata);
+    QCOMPARE(Pagate(), (QStringList{u"12 1459.12 22/11/2026"_s, u"14 0 22/11/2026"_s}));
+    // The day on which it was invoiced comes back, not that of the word.
+    Parcella Una = NotaDaMille(StampaFatturaAnalitica);
+    Numera(Una, u"12"_s);
+    InstallaOrologio([] { return QDateTime(QDate(2026, 11, 9), QTime(10, 0)); });
+    ScriviFile(Una);
+    InstallaOrologio([] { return QDateTime(QDate(2026, 11, 15), QTime(10, 0)); });
+    (void)ScegliStato(Una, Pagata);
+    Una.FatturaXml.Tipo = u"TD04"_s;
+    Numera(Una, u"13"_s);
+    ScriviFile(Una);
+    QCOMPARE(Una.Stato.Emessi[0].Dal, u"15/11/2026"_s);
+    (void)ScegliStato(Una, Fatturata);
+    QCOMPARE(Una.Stato.Emessi[0].Dal, u"09/11/2026"_s);
 }
 
 /// By hand, as in an office that writes no payments down: the next invoice is open, this one is not.

@@ -20,7 +20,6 @@ const QString VoceStorno = u"Stato.Storno"_s;
 const QString VoceImporti = u"Stato.Importi"_s;
 const QString VoceFattura = u"Stato.Fattura"_s;
 const QString VoceConFile = u"Stato.ConFile"_s;
-const QString VocePagataPrima = u"Stato.PagataPrima"_s;
 const QString VoceConSocio = u"Stato.ConSocio"_s;
 const QString VoceSocio = u"Stato.Socio"_s;
 const std::array VociEmessi{u"Stato.Emesso.1"_s, u"Stato.Emesso.2"_s, u"Stato.Emesso.3"_s,
@@ -38,6 +37,9 @@ static_assert(VociDal.size() == VociEmessi.size());
 const std::array VociResto{u"Stato.Resto.Emesso.1"_s, u"Stato.Resto.Emesso.2"_s, u"Stato.Resto.Emesso.3"_s,
                            u"Stato.Resto.Emesso.4"_s};
 static_assert(VociResto.size() == VociEmessi.size());
+const std::array VociDalPrima{u"Stato.DalPrima.Emesso.1"_s, u"Stato.DalPrima.Emesso.2"_s,
+                              u"Stato.DalPrima.Emesso.3"_s, u"Stato.DalPrima.Emesso.4"_s};
+static_assert(VociDalPrima.size() == VociEmessi.size());
 const std::array VociConFile{u"Stato.ConFile.Emesso.1"_s, u"Stato.ConFile.Emesso.2"_s,
                              u"Stato.ConFile.Emesso.3"_s, u"Stato.ConFile.Emesso.4"_s};
 static_assert(VociConFile.size() == VociEmessi.size());
@@ -241,6 +243,9 @@ QList<EmessoLetto> LeggiEmessi(const MemoriaFile& Memoria, double Massimo)
             DocumentoEmesso& Che = Letti.last().Che;
             LeggiFattura(Memoria.value(VociCitate[i]), Che.CitataNumero, Che.CitataData);
             Che.Dal = GiornoBuono(Memoria.value(VociDal[i]));
+            // A day that is not known is written as a line.
+            if (const QString Prima = Memoria.value(VociDalPrima[i]); !Prima.isEmpty())
+                Che.DalPrima = GiornoBuono(Prima);
             Che.ConFile = Memoria.value(VociConFile[i]) == u"1";
             if (Che.AMano > 0)
                 if (const auto Resto = LeggiValori<1>({QStringView(Memoria.value(VociResto[i]))}, Massimo))
@@ -342,12 +347,13 @@ void ScriviStato(const Parcella& Nota, MemoriaFile& Memoria)
         Metti(VociDal[size_t(i)], Uno.Dal);
         const bool AMano = Uno.AMano > 0 && Uno.Guasto.isEmpty() && Resti.value(i) > 0;
         Metti(VociResto[size_t(i)], AMano ? QString::number(Resti.value(i), 'f', 2) : QString());
+        const QString Prima = Uno.DalPrima.value_or(QString());
+        Metti(VociDalPrima[size_t(i)], Uno.DalPrima && Prima.isEmpty() ? u"-"_s : Prima);
         Metti(VociConFile[size_t(i)], Uno.ConFile ? u"1"_s : QString());
     }
     const std::optional<SocioTenuto> Socio = SocioDellaNota(Nota);
     const std::optional<AccontiTenuti> Detti = Tenuto.Importi ? Tenuto.Importi->DelSocio : std::nullopt;
     Metti(VoceConFile, Tenuto.ConFile ? u"1"_s : QString());
-    Metti(VocePagataPrima, Tenuto.PagataPrima ? u"1"_s : QString());
     Metti(VoceConSocio, Tenuto.ConSocio ? MarcaSocio(true, Detti) : QString());
     Metti(VoceSocio, Socio ? Scritto(*Socio) : QString());
 }
@@ -372,7 +378,6 @@ void LeggiStato(Parcella& Nota, const MemoriaFile& Memoria)
         LeggiFattura(Memoria.value(VoceCitata), Tenuto.CitataNumero, Tenuto.CitataData);
         const QString Marca = Memoria.value(VoceConSocio);
         Tenuto.ConFile = Memoria.value(VoceConFile) == u"1";
-        Tenuto.PagataPrima = Memoria.value(VocePagataPrima) == u"1";
         Tenuto.ConSocio = EConSocio(Marca);
         Tenuto.Importi->DelSocio = LeggiDetti(Marca);
         for (EmessoLetto& Letto : LeggiEmessi(Memoria, MassimoImporto))
@@ -394,9 +399,10 @@ void LeggiStato(Parcella& Nota, const MemoriaFile& Memoria)
 const QStringList& VociDiStato()
 {
     static const QStringList Voci = [] {
-        QStringList Tutte{VocePrima, VoceEmessa, VoceConFile, VoceConSocio, VocePagataPrima, VoceSocio};
-        for (const QString& Voce : VociConFile)
-            Tutte += Voce;
+        QStringList Tutte{VocePrima, VoceEmessa, VoceConFile, VoceConSocio, VoceSocio};
+        for (const auto& DegliEmessi : {VociConFile, VociDalPrima})
+            for (const QString& Voce : DegliEmessi)
+                Tutte += Voce;
         for (const QString& Nome : VociStatoLetto())
             if (Nome.startsWith(VoceStato))
                 Tutte += Nome;

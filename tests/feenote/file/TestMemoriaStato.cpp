@@ -118,7 +118,7 @@ void TestMemoriaStato::torna_data()
         QVERIFY(Nota.Stato.Emessi[0].AMano > 0 && Nota.Stato.ConFile);
         Nota.Stato.Emessi[0].Dal = u"09/11/2026"_s;
         QVERIFY(Nota.Stato.Emessi[0].ConFile);
-        Nota.Stato.PagataPrima = true;
+        Nota.Stato.Emessi[0].DalPrima = u"08/11/2026"_s;
     });
     Caso("fattura senza numero", Fatturata, [](Parcella& Nota) {
         Nota.txtDatiPar.remove(DatoNumFatt);
