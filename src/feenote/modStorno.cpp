@@ -227,7 +227,7 @@ QList<qsizetype> FattureStornate(const StatoTenuto& Tenuto)
 
 bool CitataAltrove(const Parcella& Nota)
 {
-    if (!ENotaDiCredito(Nota) || Nota.Stato.Emessi.size() >= MassimiEmessi)
+    if (!ENotaDiCredito(Nota))
         return false;
     const QList<DocumentoEmesso> Fra = Usciti(Nota.Stato);
     return std::ranges::count(Fra, false, &DocumentoEmesso::Storno) > 0 &&

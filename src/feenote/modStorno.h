@@ -16,10 +16,11 @@
 [[nodiscard]] QList<qsizetype> FattureStornate(const StatoTenuto& Tenuto);
 
 /// The credit note in hand cites an invoice that is none of those which the note has sent out: that of
-/// another file, or a number that is mistyped. It takes back none of them, and none of their payments away.
+/// another file, a number that is mistyped, or one so old that the note no longer knows it. It takes back
+/// none of them, and none of their payments away.
 [[nodiscard]] bool CitataAltrove(const Parcella& Nota);
-inline constexpr QStringView FraseCitataAltrove =
-    u"La fattura citata non è fra quelle uscite da questa parcella: la nota di credito non ne storna nessuna";
+inline constexpr QStringView FraseCitataAltrove = u"La fattura citata non è fra quelle che questa parcella "
+                                                  u"ricorda: la nota di credito non ne storna nessuna";
 
 /// The payments that a document takes away, row by row.
 struct AccontiDetratti

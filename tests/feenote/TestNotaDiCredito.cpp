@@ -80,6 +80,8 @@ private Q_SLOTS:
     void righeCambiate();
     void rimborsata();
     void qualeFattura();
+    void citataAltroveDopoTante_data();
+    void citataAltroveDopoTante();
     void senzaLaFattura();
     void gliAltriDocumenti();
 };
@@ -239,6 +241,29 @@ void TestNotaDiCredito::qualeFattura()
     ComeCredito(Nota, u"99"_s);
     QCOMPARE(Elenco(Nota), QString());
     QVERIFY(CitataAltrove(Nota));
+}
+
+void TestNotaDiCredito::citataAltroveDopoTante_data()
+{
+    QTest::addColumn<int>("Fatture");
+    for (const int Quante : {1, 3, 4, 5, 6})
+        QTest::addRow("%d", Quante) << Quante;
+}
+
+/// However many went out before, the copy says what the credit note has said.
+void TestNotaDiCredito::citataAltroveDopoTante()
+{
+    QFETCH(int, Fatture);
+    Parcella Nota = NotaDaMille(StampaFatturaAnalitica);
+    Paga(Nota, u"bonifico"_s, 400);
+    for (int i = 0; i < Fatture; ++i)
+        Emetti(Nota, QString::number(12 + i));
+    ComeCredito(Nota, u"99"_s);
+    for (int i = 0; i < 2; ++i) {
+        QVERIFY(CitataAltrove(Nota));
+        QCOMPARE(Elenco(Nota), QString());
+        Emetti(Nota, u"30"_s);
+    }
 }
 
 /// A credit note in a file of its own says itself what it takes away, and its state says the same.
