@@ -38,6 +38,8 @@ private Q_SLOTS:
     void laNotaSalvataLoRicordaSubito();
     void laSecondaVoltaChiede();
     void unAltroNumeroNonChiede();
+    void leDateSiCompletano_data();
+    void leDateSiCompletano();
     void unFileCheCERestaComE();
     void ilNomeNonSiCambia();
     void annullatoNonPrendeNumero();
@@ -348,6 +350,28 @@ void TestFatturaElettronica::unAltroNumeroNonChiede()
     ApriPannello();
     QVERIFY2(Stato().startsWith(u"Non manca nulla"_s), qPrintable(Stato()));
     SalvaIn(T->Ufficio.Cartella(), 2);
+}
+
+void TestFatturaElettronica::leDateSiCompletano_data()
+{
+    QTest::addColumn<QString>("Box");
+    QTest::newRow("due") << u"txtScadenzaXml"_s;
+    QTest::newRow("of the cited invoice") << u"txtCitataData"_s;
+}
+
+void TestFatturaElettronica::leDateSiCompletano()
+{
+    QFETCH(QString, Box);
+    ApriPannello();
+    auto* Data = Controllo<QLineEdit>(F, qPrintable(Box));
+    Scrivi(Data, u"1/2/2026"_s);
+    Premi(Qt::Key_Tab);
+    QCOMPARE(Data->text(), u"01/02/2026"_s);
+    const DatiFatturaXml& Tenuti = F->Nota.FatturaXml;
+    QCOMPARE(Tenuti.Scadenza + Tenuti.CitataData, u"01/02/2026"_s);
+    Scrivi(Data, u"presto"_s);
+    Premi(Qt::Key_Tab);
+    QCOMPARE(Data->text(), u"presto"_s);
 }
 
 void TestFatturaElettronica::unFileCheCERestaComE()
