@@ -1,5 +1,6 @@
 #include "feenote/modFatturaXml.h"
 
+#include "feenote/codicifattura.h"
 #include "feenote/modEmessi.h"
 #include "feenote/modStato.h"
 #include "platform/base/regionale.h"
@@ -19,6 +20,11 @@ bool FatturaNumerata(const Parcella& Nota)
 
 namespace {
 
+QString Nome(const DatiFatturaXml& Dati)
+{
+    return Dati.Tipo == codici::NotaDiCredito ? u"La nota di credito"_s : u"La fattura"_s;
+}
+
 /// The file that the note names is that of the invoice that it has now.
 bool ENominata(const Parcella& Nota)
 {
@@ -34,14 +40,15 @@ bool FatturaGiaScritta(const Parcella& Nota)
 
 QString FraseGiaScritta(const DatiFatturaXml& Scritta)
 {
-    return u"La fattura è già stata scritta il %1 come %2"_s.arg(Scritta.Quando, Scritta.File);
+    return Nome(Scritta) + u" è già stata scritta il %1 come %2"_s.arg(Scritta.Quando, Scritta.File);
 }
 
 QString FraseGiaScritta(const Parcella& Nota)
 {
     return ENominata(Nota)
                ? FraseGiaScritta(Nota.FatturaXml)
-               : u"La fattura %1 è già stata scritta come file"_s.arg(Nota.DatiPar(DatoNumFatt).simplified());
+               : Nome(Nota.FatturaXml) +
+                     u" %1 è già stata scritta come file"_s.arg(Nota.DatiPar(DatoNumFatt).simplified());
 }
 
 void SegnaFatturaScritta(Parcella& Nota, const QString& File, const QString& Progressivo)

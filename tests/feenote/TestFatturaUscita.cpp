@@ -302,6 +302,17 @@ void TestFatturaUscita::ogniFileEDelSuo()
     Nota.FatturaXml.Tipo = u"TD04"_s;
     QCOMPARE(Scritte(), u"30 "_s);  // by the name of the file alone, whatever its kind
     Nota.FatturaXml.Tipo.clear();
+    // A credit note is called one.
+    Parcella Credito = Nota;
+    Credito.FatturaXml.Tipo = u"TD04"_s;
+    for (const QString& Numero : {u"13"_s, u"14"_s}) {
+        Numera(Credito, Numero);
+        ScriviFile(Credito);
+    }
+    QCOMPARE(FraseGiaScritta(Credito),
+             u"La nota di credito è già stata scritta il 22/11/2026 come IT1.xml"_s);
+    Numera(Credito, u"13"_s);
+    QCOMPARE(FraseGiaScritta(Credito), u"La nota di credito 13 è già stata scritta come file"_s);
     // Again the first, on the user's word: that of the last one is known none the less.
     Numera(Nota, u"12"_s);
     ScriviFile(Nota);

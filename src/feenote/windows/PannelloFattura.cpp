@@ -285,8 +285,10 @@ void PannelloFattura::MostraStato()
 {
     QString Stato;
     if (FatturaGiaScritta(Nota))
-        Stato =
-            FraseGiaScritta(Nota).replace(u"La fattura è già stata scritta"_s, u"Già scritta"_s) + u". "_s;
+        Stato = FraseGiaScritta(Nota)
+                    .replace(u"La fattura è già stata scritta"_s, u"Già scritta"_s)
+                    .replace(u"La nota di credito è già stata scritta"_s, u"Già scritta"_s) +
+                u". "_s;
     const int Quante = int(Composta.Mancanze.size());
     if (Quante == 0)
         Stato += u"Non manca nulla: il file si può salvare."_s;
