@@ -134,23 +134,19 @@ void TestFinestre::schedaIvaDifferita()
     ATTENDI(u"fuoco"_s, "cmdSkIvaDiff");
 }
 
-/// The panel takes room from the lines: each time it opens, what has no room is still reached by the bar.
+/// The panel takes its room from the descriptions: each time it opens every column is in view, and no bar is needed.
 void TestFinestre::pannelloRiaperto()
 {
     Apri(u"Onorari"_s);
     if (QTest::currentTestFailed())
         return;
     ATTENDI(u"barra tdbOnor"_s, "0 0");
-    QString Prima;
     for (int Volta = 1; Volta <= 4; ++Volta) {
         if (Volta == 3)  // by its key and its own buttons, too
             P->Clic(P->Cella(u"tdbOnor"_s, 1, 1));
         P->Clic(u"barListaOnoDir_variaz"_s);
         ATTENDI(u"fuoco"_s, "sldGraduaOno");
-        ATTENDI_CHE(P->Chiedi(u"barra tdbOnor"_s).startsWith(u"1 "));
-        if (Volta == 1)
-            Prima = P->Chiedi(u"barra tdbOnor"_s);
-        QTRY_COMPARE(P->Chiedi(u"barra tdbOnor"_s), Prima);
+        ATTENDI(u"barra tdbOnor"_s, "0 0");
         if (Volta % 2 == 0)
             P->Clic(u"barListaOnoDir_variaz"_s);
         else
