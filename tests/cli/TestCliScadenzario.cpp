@@ -289,12 +289,12 @@ void TestCliScadenzario::unaFatturaEIlSuoStorno()
 {
     Crea(u"f.mdb"_s, u"Gialli"_s, FatturaEStorna);
     const Esito Fatto = Chiama({u"scadenzario"_s, Radice, u"--stato"_s, u"fatturata"_s});
-    QCOMPARE(Fatto.Uscita,
-             u"Gialli|||Fattura "
-             u"analitica|7|01/11/2026|Fatturata|22/11/2026||1150,00|46,00|263,12|0,00|1459,12|1459,12|0,00|0,00|f\n"
-             u"Gialli|||Nota di credito della fattura "
-             u"7/2026|8|01/11/2026|Fatturata|22/11/2026||-1150,00|-46,00|-263,12|"
-             u"0,00|-1459,12|-1459,12|0,00|0,00|f\nAperto: 0,00 in 0 parcelle\n"_s);
+    QCOMPARE(Fatto.Uscita, u"Gialli|||Fattura "
+                           u"analitica|7|01/11/2026|Fatturata|22/11/"
+                           u"2026||1150,00|46,00|263,12|0,00|1459,12|1459,12|0,00|0,00|f\n"
+                           u"Gialli|||Nota di credito della fattura "
+                           u"7/2026|8|01/11/2026|Fatturata|22/11/2026||-1150,00|-46,00|-263,12|"
+                           u"0,00|-1459,12|-1459,12|0,00|0,00|f\nAperto: 0,00 in 0 parcelle\n"_s);
     const QString File = Radice + u"due.csv"_s;
     QCOMPARE(Chiama({u"scadenzario"_s, Radice, u"--stato"_s, u"fatturata"_s, u"--csv"_s, File}).Uscita,
              u"2\n"_s);

@@ -76,13 +76,12 @@ void TestStatoStorni::laFatturaResta()
     Prova.xOnorari(0, OnoImporto) = 100.0;
     Emetti(Prova, 13, true);
     QCOMPARE(Numeri(Prova), u"12 | -13"_s);
-    QCOMPARE(Prova.Stato.Emessi,
-             (QList<DocumentoEmesso>{{.Documento = StampaFatturaAnalitica,
-                                      .Numero = u"12"_s,
-                                      .Data = u"09/11/2026"_s,
-                                      .Importi = Sue,
-                                      .Dal = u"22/11/2026"_s,
-                                      .ConFile = true}}));
+    QCOMPARE(Prova.Stato.Emessi, (QList<DocumentoEmesso>{{.Documento = StampaFatturaAnalitica,
+                                                          .Numero = u"12"_s,
+                                                          .Data = u"09/11/2026"_s,
+                                                          .Importi = Sue,
+                                                          .Dal = u"22/11/2026"_s,
+                                                          .ConFile = true}}));
     QCOMPARE(ImportiDellaNota(Prova).Netto, 145.91);
     // The same on paper: the number is typed, the print says the rest.
     Parcella Carta = Nota();

@@ -134,7 +134,7 @@ void TestFinestre::schedaIvaDifferita()
     ATTENDI(u"fuoco"_s, "cmdSkIvaDiff");
 }
 
-/// The panel takes its room from the descriptions: each time it opens every column is in view, and no bar is needed.
+/// The panel takes its room from the descriptions: each time it opens every column is in view, without a bar.
 void TestFinestre::pannelloRiaperto()
 {
     Apri(u"Onorari"_s);
