@@ -69,7 +69,7 @@ const QString InizioProvvisori = u".importa-"_s;
 /// Deletes the working copies that a program which was ended has left: they hold names of people.
 void SpazzaProvvisori(const QString& Cartella)
 {
-    constexpr qint64 SecondiPerGiorno = 24 * 60 * 60;
+    constexpr qint64 SecondiPerGiorno = qint64(24) * 60 * 60;
     const QDateTime Ora = QDateTime::currentDateTimeUtc();
     for (const QString& Nome : NomiDeiFile(Cartella))
         if (Nome.startsWith(InizioProvvisori) &&

@@ -126,7 +126,7 @@ private:
 int RighePari(QStringView Testo, QChar Separatore)
 {
     constexpr int Guardate = 30;
-    constexpr qsizetype Caratteri = 64 * 1024;
+    constexpr qsizetype Caratteri = qsizetype(64) * 1024;
     Lettore Prova(Testo.first(std::min(Testo.size(), Caratteri)), Separatore);
     QStringList Celle;
     qsizetype Prime = 0;
