@@ -181,6 +181,10 @@ QStringList AlPostoDellaScartata(const Parcella& Nota)
     const auto Prima = ForseScartato(Nota);
     if (!Prima)
         return {};
+    Parcella Sua = Nota;
+    PrendiIlPosto(Sua);
+    if (!ComponiDellaNota(Sua, ProgressivoFile(ProssimaTrasmissione()), Oggi()).Completa())
+        return {};
     return {u"se la fattura %1 del %2 è stata scartata, questa si salva al suo posto dalla finestra della "
             u"parcella"_s.arg(Prima->Numero, Prima->Data)};
 }

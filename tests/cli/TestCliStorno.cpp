@@ -179,6 +179,11 @@ void TestCliStorno::pagataERimandata()
         Guasti.contains(u"Il totale della fattura è zero; se la fattura 7 del 15/01/2026 è stata scartata, "
                         u"questa si salva al suo posto dalla finestra della parcella"_s),
         qPrintable(Guasti));
+    // Where something else is missing too, it cannot be saved there either.
+    Riscrivi(File, [](Parcella& Nota) { Nota.FatturaXml.Scadenza = u"presto"_s; });
+    const QString Altro = Qui.Fattura(File, Qui.Cartella + u"ITRSSMRA80A01H501U_00002.xml"_s).Guasti;
+    QVERIFY2(Altro.contains(u"Il totale della fattura è zero"_s) && !Altro.contains(u"scartata"_s),
+             qPrintable(Altro));
 }
 
 /// A mistyped citation takes none of the payments away, and is told.
