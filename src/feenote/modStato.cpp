@@ -210,15 +210,12 @@ bool HaDocumenti(const StatoTenuto& Tenuto)
 /// What the credit notes of a file take back of each of its documents.
 QList<double> RipresiDa(const StatoTenuto& Tenuto)
 {
-    const QList<qsizetype> Riprese = FattureStornate(Tenuto);
-    QList<double> Ripresi(Riprese.size(), 0.0);
-    for (qsizetype i = 0; i < Riprese.size(); ++i) {
-        const double Netto =
-            i < Tenuto.Emessi.size() ? Tenuto.Emessi[i].Importi.Netto : Tenuto.Importi->Netto;
-        if (Riprese[i] >= 0)
-            Ripresi[Riprese[i]] += std::max(0.0, Netto);
-    }
-    return Ripresi;
+    QList<DocumentoEmesso> Usciti = Tenuto.Emessi;
+    Usciti.append({.Storno = Tenuto.Storno,
+                   .Importi = *Tenuto.Importi,
+                   .CitataNumero = Tenuto.CitataNumero,
+                   .CitataData = Tenuto.CitataData});
+    return RipresiDagliStorni(Usciti);
 }
 
 /// Each document that has asked for money is paid, less what its credit notes take back, whatever lines came
@@ -382,8 +379,9 @@ void RimandaEmesso(Parcella& Nota, qsizetype Posto, int Tipo)
         Uno.CitataNumero = Nota.FatturaXml.CitataNumero.simplified();
         Uno.CitataData = GiornoCitato(Nota);
     }
-    if (Ora == Uno.Importi)
+    if (Ora == Uno.Importi && Uno.Guasto.isEmpty())
         return;
+    Uno.Guasto.clear();  // it is known again what it asks for
     Uno.Documento = Tipo;
     Uno.ConSocio = Nota.Multipla();
     Uno.AMano = std::min(Uno.AMano, std::max(0.0, Ora.Netto));

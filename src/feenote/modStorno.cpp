@@ -211,6 +211,15 @@ qsizetype FatturaStornata(const QList<DocumentoEmesso>& Usciti, qsizetype Storno
     return Posto;
 }
 
+QList<double> RipresiDagliStorni(const QList<DocumentoEmesso>& Usciti)
+{
+    QList<double> Ripresi(Usciti.size(), 0.0);
+    for (qsizetype i = 0; i < Usciti.size(); ++i)
+        if (const qsizetype Posto = Usciti[i].Storno ? FatturaStornata(Usciti, i) : -1; Posto >= 0)
+            Ripresi[Posto] += std::max(0.0, Usciti[i].Importi.Netto);
+    return Ripresi;
+}
+
 QList<qsizetype> FattureStornate(const StatoTenuto& Tenuto)
 {
     QList<DocumentoEmesso> Usciti = Tenuto.Emessi;

@@ -12,7 +12,9 @@
 /// @param Usciti what has gone out of its file, the oldest first
 /// @param Storno the place of the credit note
 [[nodiscard]] qsizetype FatturaStornata(const QList<DocumentoEmesso>& Usciti, qsizetype Storno);
-/// The same of each document of Stato.Emessi and, last, of that one.
+/// What the credit notes among the documents of a file take back of each of them, euro.
+[[nodiscard]] QList<double> RipresiDagliStorni(const QList<DocumentoEmesso>& Usciti);
+/// The place of that invoice, for each document of Stato.Emessi and, last, of that one.
 [[nodiscard]] QList<qsizetype> FattureStornate(const StatoTenuto& Tenuto);
 
 /// The credit note in hand cites an invoice that is none of those which the note has sent out: that of

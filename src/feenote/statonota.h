@@ -74,8 +74,8 @@ struct DocumentoEmesso
     int Documento = -1;     ///< a TipoStampa
     bool Storno = false;    ///< a credit note
     bool ConSocio = false;  ///< of this note and of the associated one
-    QString Numero;
-    QString Data;  ///< dd/mm/yyyy, empty where it is not known
+    QString Numero = {};
+    QString Data = {};  ///< dd/mm/yyyy, empty where it is not known
     ImportiDocumento Importi = {};
     /// What of an invoice the user has called paid, euro, beside what its payments had paid by then. What is
     /// paid later pays the next one.

@@ -32,6 +32,7 @@ private Q_SLOTS:
     void ilNumeroDiUnaDiPrima();
     void unSecondoFileDiUnaDiPrima();
     void leCifreDelFile();
+    void leCifreDiUnaGuasta();
     void leCifreDelFileDiUnaPagata();
     void ogniFileEDelSuo();
     void unNumeroConLAnno();
@@ -253,6 +254,20 @@ void TestFatturaUscita::leCifreDelFile()
     QCOMPARE(ImportiDellaNota(Nota).Totale, Intero);
     QCOMPARE(Nota.Stato.Stato, Fatturata);
     QCOMPARE(RestiDellaNota(Nota), (QList<double>{0.0, 145.91}));
+}
+
+/// Of an entry that could not be read the file tells again what it asks for.
+void TestFatturaUscita::leCifreDiUnaGuasta()
+{
+    ScriviFile(Nota);
+    Numera(Nota, u"30"_s);
+    ScriviFile(Nota);
+    Nota.Stato.Emessi[0].Guasto = u"3;0;0;x;09/11/2026;12"_s;
+    Nota.Stato.Emessi[0].Importi = {};
+    Numera(Nota, u"12"_s);
+    ScriviFile(Nota);
+    QCOMPARE(Nota.Stato.Emessi[0].Guasto, QString());
+    QCOMPARE(Nota.Stato.Emessi[0].Importi.Totale, Intero);
 }
 
 /// So does the file of a paid one under its own number.

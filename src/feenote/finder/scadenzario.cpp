@@ -125,8 +125,23 @@ std::optional<double> ApertoDelDocumento(const VoceTrova& Nota)
     return Stato.Importi ? std::optional(Stato.Resto) : std::nullopt;
 }
 
+/// What the credit notes of its own file take back of each document of a note, the last one behind the
+/// others.
+QList<double> RipresiDi(const StatoLetto& Stato)
+{
+    QList<DocumentoEmesso> Usciti;
+    for (const EmessoLetto& Emesso : Stato.Emessi)
+        Usciti.append(Emesso.Che);
+    Usciti.append({.Storno = EStorno(Stato),
+                   .Importi = Stato.Importi.value_or(ImportiDocumento()),
+                   .CitataNumero = Stato.CitataNumero,
+                   .CitataData = Stato.CitataData});
+    return RipresiDagliStorni(Usciti);
+}
+
 /// A document of a note's file that another one has followed, as a note of its own.
-VoceTrova VoceDi(const VoceTrova& Nota, const EmessoLetto& Emesso)
+/// @param Ripreso what its credit notes take back of it, euro
+VoceTrova VoceDi(const VoceTrova& Nota, const EmessoLetto& Emesso, double Ripreso)
 {
     VoceTrova Voce = Nota;
     StatoLetto& Stato = Voce.Dati.Stato;
@@ -145,7 +160,9 @@ VoceTrova VoceDi(const VoceTrova& Nota, const EmessoLetto& Emesso)
     // Which day's payments have paid it is not known.
     const bool Saldata = Stato.Stato == StatoNota::Pagata && Emesso.Che.AMano <= 0;
     Stato.Dal = Saldata ? QString() : Emesso.Che.Dal;
-    Stato.Stato = Saldata || Emesso.Che.AMano > 0 ? StatoNota::Pagata : StatoNota::Fatturata;
+    // Sent again for a larger sum behind the word, it is not paid whole.
+    const bool AMano = Emesso.Che.AMano > 0 && Arrotonda2(Emesso.Resto - Ripreso) <= 0;
+    Stato.Stato = Saldata || AMano ? StatoNota::Pagata : StatoNota::Fatturata;
     return Voce;
 }
 
@@ -332,8 +349,10 @@ DocumentiNote::DocumentiNote(const std::vector<const VoceTrova*>& Quelle)
     Note.reserve(Quelle.size());
     for (const VoceTrova* Nota : Quelle) {
         if (HaEmessi(*Nota))
-            for (const EmessoLetto& Emesso : Nota->Dati.Stato.Emessi) {
-                Prima.push_back(VoceDi(*Nota, Emesso));
+            for (const QList<double> Ripresi = RipresiDi(Nota->Dati.Stato);
+                 const EmessoLetto& Emesso : Nota->Dati.Stato.Emessi) {
+                const qsizetype Posto = &Emesso - Nota->Dati.Stato.Emessi.constData();
+                Prima.push_back(VoceDi(*Nota, Emesso, Ripresi[Posto]));
                 Voci.push_back(&Prima.back());
                 Note.push_back(Nota);
             }

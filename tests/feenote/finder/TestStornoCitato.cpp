@@ -92,6 +92,7 @@ private Q_SLOTS:
     void nessunoHaPagatoLaStornata();
     void citataAltrove();
     void pagataDaiDue();
+    void rimandataPiuGrande();
     void ilRestoGuasto_data();
     void ilRestoGuasto();
     void pagataEPoiResa_data();
@@ -220,6 +221,20 @@ void TestStornoCitato::pagataDaiDue()
     (void)ScegliStato(Nota, StatoNota::Pagata);
     Emetti(Nota, 13, true);
     QCOMPARE(Tabella(Letta(Nota))[0], u"Fattura analitica|12|1459,12|1459,12|0,00"_s);
+}
+
+/// Called paid, then discarded and sent again for more: the rest is open.
+void TestStornoCitato::rimandataPiuGrande()
+{
+    Emetti(Nota, 12);
+    (void)ScegliStato(Nota, StatoNota::Pagata);
+    Emetti(Nota, 30);
+    Nota.xOnorari(0, OnoImporto) = 1100.0;
+    Emetti(Nota, 12);
+    QCOMPARE(Tabella(Letta(Nota)), (QStringList{u"Fattura analitica|12|1605,03|1459,12|145,91"_s,
+                                                u"Fattura analitica|30|1459,12|0,00|1459,12"_s}));
+    QCOMPARE(ApertoDi(Letta(Nota)), std::optional(1605.03));
+    QCOMPARE(Giorni(Letta(Nota))[0].section(u' ', 1, 1), u"Fatturata"_s);
 }
 
 void TestStornoCitato::ilRestoGuasto_data()
