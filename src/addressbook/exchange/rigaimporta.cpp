@@ -159,7 +159,7 @@ QString ComposizioneRighe::NomeDi(Testi& Pezzi) const
     const QString Persona =
         (Pezzi.Parti[parte::Cognome.toString()] + u' ' + Pezzi.Parti[parte::Nome.toString()]).simplified();
     const QString Ente = Pezzi.Parti[parte::Organizzazione.toString()];
-    const QString Nome = !Proprio.isEmpty() ? Proprio : !Persona.isEmpty() ? Persona : Ente;
+    QString Nome = !Proprio.isEmpty() ? Proprio : !Persona.isEmpty() ? Persona : Ente;
     if (!Persona.isEmpty() && NomePiano(Persona) != NomePiano(Nome))
         Pezzi.InNote.append(u"Referente: "_s + Persona);
     if (!Ente.isEmpty() && NomePiano(Ente) != NomePiano(Nome))
