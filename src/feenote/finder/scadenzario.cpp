@@ -222,8 +222,8 @@ QStringList Figure(const VoceTrova& Nota, const LegameFattura& Legame)
 }
 
 /// What was paid of the document; nothing where it is not known. Of a draft nothing was asked for. Of one
-/// that the user has called paid nobody has paid what its file had taken back before; a credit note of
-/// another file comes behind the word, and gives back what was paid.
+/// that the user has called paid nobody has paid what had been taken back before; a credit note that another
+/// file sends out behind the word gives back what was paid.
 std::optional<double> PagatoDi(const VoceTrova& Nota, const LegameFattura& Legame)
 {
     const StatoLetto& Stato = Nota.Dati.Stato;
@@ -233,7 +233,7 @@ std::optional<double> PagatoDi(const VoceTrova& Nota, const LegameFattura& Legam
         return 0.0;
     const double Versato = std::max(0.0, Stato.Importi->Netto - Stato.Resto);
     if (Stato.Stato == StatoNota::Pagata)
-        return std::max(Versato, Arrotonda2(Stato.Importi->Netto - Legame.StornatoQui));
+        return std::max(Versato, Arrotonda2(Stato.Importi->Netto - Legame.StornatoPrima));
     return Versato;
 }
 
@@ -404,8 +404,9 @@ QHash<const VoceTrova*, LegameFattura> LegamiFatture(const std::vector<const Voc
         Legami[Nota].Ripresa = Ripresa;
         const double Netto = Stato.Importi ? std::max(0.0, Stato.Importi->Netto) : 0.0;
         Legami[Ripresa].Stornato += Netto;
-        if (Ripresa->Percorso == Nota->Percorso)
-            Legami[Ripresa].StornatoQui += Netto;
+        const auto Uscita = LeggiData(Stato.Dal), Parola = LeggiData(Ripresa->Dati.Stato.Dal);
+        if (Ripresa->Percorso == Nota->Percorso || (Uscita && Parola && *Uscita <= *Parola))
+            Legami[Ripresa].StornatoPrima += Netto;
         Legami[Ripresa].StornoIgnoto = Legami[Ripresa].StornoIgnoto || !Stato.Importi;
     }
     return Legami;
@@ -564,7 +565,7 @@ QStringList RigaScadenzario(const VoceTrova& Nota, const CodiciCliente& Codici, 
     const auto Pagato = PagatoDi(Cifre, Legame);
     // Among others that are paid: of this one nothing was.
     const bool SoloStornata =
-        Dati.Stato.Stato == StatoNota::Pagata && Legame.StornatoQui > 0 && Pagato == 0.0;
+        Dati.Stato.Stato == StatoNota::Pagata && Legame.StornatoPrima > 0 && Pagato == 0.0;
     Celle << NomeStato(SoloStornata ? StatoNota::Fatturata : Dati.Stato.Stato)
           << (SoloStornata ? QString() : Dati.Stato.Dal) << Dati.Stato.Scadenza;
     Celle += Figure(Cifre, Legame);

@@ -101,9 +101,9 @@ struct LegameFattura
     const VoceTrova* Contata = nullptr;  ///< of a copy: the one that counts
     bool Sola = false;                   ///< of a copy: it stands for that one, which is not shown
     double Stornato = 0.0;               ///< of it by credit notes, euro
-    double StornatoQui = 0.0;   ///< of that by those of its own file, which a word "paid" came behind
-    bool StornoIgnoto = false;  ///< one of them has no figures that can be read
-    bool Citata = false;        ///< of a credit note: the invoice that it takes back is in the list
+    double StornatoPrima = 0.0;          ///< of that by its own file, or by another one before it was paid
+    bool StornoIgnoto = false;           ///< one of them has no figures that can be read
+    bool Citata = false;                 ///< of a credit note: the invoice that it takes back is in the list
     const VoceTrova* Ripresa = nullptr;  ///< that invoice
     friend bool operator==(const LegameFattura&, const LegameFattura&) = default;
 };

@@ -97,6 +97,7 @@ private Q_SLOTS:
     void ilRestoGuasto();
     void pagataEPoiResa_data();
     void pagataEPoiResa();
+    void resaEPoiPagata();
 
 private:
     Parcella Nota;
@@ -290,6 +291,27 @@ void TestStornoCitato::pagataEPoiResa()
     QVERIFY(Righe[1][14].startsWith(u'-'));
     QCOMPARE(QStringList({Righe[0][4], Righe[0][6], Righe[0][7], Righe[0][15], Righe[0][16]}).join(u' '),
              u"12 Pagata 15/11/2026 1459,12 0,00"_s);
+}
+
+/// A credit note of another file for a part of it, then the client pays the rest: that much was paid.
+void TestStornoCitato::resaEPoiPagata()
+{
+    Parcella Altra = Nota;
+    Il(9);
+    Emetti(Nota, 12);
+    Il(15);
+    Altra.xOnorari(0, OnoImporto) = 100.0;
+    Cita(Altra, u"12"_s, u"9/11/2026"_s);
+    Emetti(Altra, 13, true);
+    Il(20);
+    (void)ScegliStato(Nota, StatoNota::Pagata);
+    const VoceTrova Sua = Letta(Nota);
+    VoceTrova Storno = Letta(Altra);
+    Storno.Percorso = u"/note/altra.mdb"_s;
+    const std::vector<QStringList> Righe =
+        RigheScadenzario({&Sua, &Storno}, [](int) { return CodiciCliente(); });
+    QCOMPARE(QStringList({Righe[0][4], Righe[0][6], Righe[0][7], Righe[0][15], Righe[0][16]}).join(u' '),
+             u"12 Pagata 20/11/2026 1313,21 0,00"_s);
 }
 
 #include "TestStornoCitato.moc"
