@@ -168,7 +168,9 @@ bool SenzaIva(const ImportiDocumento& Chiesti)
 DocumentoDaPagare DaPagare(const Parcella& Nota, int Tipo, const ImportiDocumento& Chiesti, bool Storno,
                            bool ConSocio)
 {
-    DatiCatena Dati = CatenaPagata(Nota, Tipo);
+    // On lines that came since or went the taxes of a payment would be rounded another way.
+    DatiCatena Dati = ConImponibile(CatenaPagata(Nota, Tipo),
+                                    Chiesti.Imponibile + Chiesti.AccCorrispettivi + Chiesti.AccSpeseImp);
     const auto Lordi = [&Dati](const SommeAcconti& Acconti) {
         Dati.Acconti = {};
         const double Senza = CatenaFiscale(Dati).Netto;
@@ -308,7 +310,7 @@ void NonPiuPagata(Parcella& Nota)
 }
 
 /// @param ComeFile its electronic file is written, which says what is asked for; a sheet of what was paid
-///                 already is a copy
+///                 already, or has its file, is a copy
 bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata, bool ComeFile = false)
 {
     const StatoTenuto Era = Nota.Stato;
@@ -323,8 +325,11 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata, bool ComeFile = false)
     // Nobody owes a credit note, not even the draft of it that is shown before it has its number.
     const bool Storno = ENotaDiCredito(Nota) && TipoDi(Tipo).EFattura;
     const bool Altro = Numerata && EAltroDocumento(Nota, Storno);
-    const bool Copia = Tenuto.Stato == StatoNota::Pagata && Nuovo == Presente && !ENotaDiCredito(Nota) &&
-                       !Altro && !ComeFile;
+    // What was paid, and what an electronic file says, is asked for whatever sheet is printed behind it.
+    const bool DelFile = Numerata && Storno == Tenuto.Storno && HaFile(Nota) &&
+                         NumeroEmesso{Tenuto.Numero, Tenuto.Data} == NumeroInMano(Nota);
+    const bool Copia = !ComeFile && !Altro && Nuovo == Presente &&
+                       (DelFile || (Tenuto.Stato == StatoNota::Pagata && !ENotaDiCredito(Nota)));
     if (Nuovo >= Presente && !Copia) {
         if (Nuovo > Presente && GiornoDi(Tenuto, Verso).isEmpty())
             GiornoDi(Tenuto, Verso) = Giorno();

@@ -137,6 +137,19 @@ Catena CatenaFiscale(const DatiCatena& Dati)
     return Conti;
 }
 
+DatiCatena ConImponibile(const DatiCatena& Dati, double Base)
+{
+    DatiCatena Sua = Dati;
+    Sua.Acconti = {};
+    if (Arrotonda2(CatenaFiscale(Sua).Imponibile) != Arrotonda2(Base)) {
+        Sua.Onorari = Arrotonda2(Base);
+        Sua.SpeseImp = 0.0;
+        Sua.SpeseGen.Vale = false;
+    }
+    Sua.Acconti = Dati.Acconti;
+    return Sua;
+}
+
 Catena CatenaFiscale(const Parcella& Nota, int Tipo)
 {
     return CatenaFiscale(RaccogliCatena(Nota, Tipo));

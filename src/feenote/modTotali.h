@@ -86,6 +86,9 @@ struct Catena
     double Netto = 0.0;  ///< Totale - RA, rounded
 };
 [[nodiscard]] Catena CatenaFiscale(const DatiCatena& Dati);
+/// The same chain with another taxable base before payments, euro: as it is where its lines make that base to
+/// the cent, else the base alone stands for fees, expenses that are taxed and general expenses.
+[[nodiscard]] DatiCatena ConImponibile(const DatiCatena& Dati, double Base);
 [[nodiscard]] Catena CatenaFiscale(const Parcella& Nota, int Tipo);
 
 /// "lblRiep" and the number after the one given.

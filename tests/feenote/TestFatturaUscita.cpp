@@ -34,6 +34,7 @@ private Q_SLOTS:
     void leCifreDelFile();
     void leCifreDiUnaGuasta();
     void leCifreDelFileDiUnaPagata();
+    void leCifreDelFileDiUnaDaPagare();
     void ogniFileEDelSuo();
     void unNumeroConLAnno();
     void diNuovoLaPrima();
@@ -572,6 +573,19 @@ void TestFatturaUscita::laSinteticaDellaStessa()
     // One that has not gone out yet is as its sheet says.
     (void)ScegliStato(Nota, Bozza);
     QVERIFY(AccontiFatturati(Nota, StampaFatturaSintetica).Propri.Vuota());
+}
+
+/// What the client has received is asked for: a sheet that is printed behind it with other lines is no
+/// invoice.
+void TestFatturaUscita::leCifreDelFileDiUnaDaPagare()
+{
+    ScriviFile(Nota);
+    Nota.xOnorari(0, OnoImporto) = 1100.0;
+    Stampa(Nota);
+    QCOMPARE(ImportiDellaNota(Nota).Totale, Intero);
+    QCOMPARE(Nota.Stato.Stato, Fatturata);
+    ScriviFile(Nota);
+    QCOMPARE(ImportiDellaNota(Nota).Totale, 1605.03);
 }
 
 #include "TestFatturaUscita.moc"

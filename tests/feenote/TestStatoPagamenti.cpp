@@ -87,6 +87,8 @@ private Q_SLOTS:
     void citataNonPiuTenuta();
     void citataAltrove();
     void tolteDaUnaLista();
+    void rigaDopoIlPagamento_data();
+    void rigaDopoIlPagamento();
 };
 PROVA(TestStatoPagamenti);
 
@@ -506,6 +508,35 @@ void TestStatoPagamenti::tolteDaUnaLista()
     Prova.Multi.xAccontiMulti(Riga, AccValuta) = u"E"_s;
     Prova.Multi.xAccontiMulti(Riga, AccCorrispettivi) = 500.0;
     QCOMPARE(Resti(Prova), Due(Netto - Cinquecento, 2 * Netto - Cinquecento));
+}
+
+void TestStatoPagamenti::rigaDopoIlPagamento_data()
+{
+    QTest::addColumn<double>("Onorario");
+    QTest::addColumn<double>("Pagato");
+    QTest::addColumn<double>("Aggiunto");
+    QTest::newRow("550 and 550") << 550.0 << 632.5 << 550.0;
+    QTest::newRow("550 and 50") << 550.0 << 632.5 << 50.0;
+    QTest::newRow("800 and 400") << 800.0 << 920.0 << 400.0;
+    QTest::newRow("333,33 and 1") << 333.33 << 383.33 << 1.0;
+}
+
+/// Taxes of the payment are rounded with those of the invoice that it pays, not with those of a longer note.
+void TestStatoPagamenti::rigaDopoIlPagamento()
+{
+    QFETCH(double, Onorario);
+    QFETCH(double, Pagato);
+    QFETCH(double, Aggiunto);
+    Parcella Nota = NotaDaMille(StampaFatturaAnalitica);
+    Copertura Vista;
+    Emetti(Nota, 12, Onorario);
+    Paga(Nota, Pagato);
+    (void)SegueStato(Nota, Vista);
+    QCOMPARE(Nota.Stato.Stato, Pagata);
+    Nota.xOnorari(0, OnoImporto) = Onorario + Aggiunto;
+    (void)SegueStato(Nota, Vista);
+    QCOMPARE(Nota.Stato.Stato, Pagata);
+    QCOMPARE(RestiDellaNota(Nota), QList<double>{0.0});
 }
 
 #include "TestStatoPagamenti.moc"
