@@ -141,16 +141,19 @@ void TestFinestre::pannelloRiaperto()
     if (QTest::currentTestFailed())
         return;
     ATTENDI(u"barra tdbOnor"_s, "0 0");
+    const QString Intera = P->Chiedi(u"posto tdbOnor"_s);
     for (int Volta = 1; Volta <= 4; ++Volta) {
         if (Volta == 3)  // by its key and its own buttons, too
             P->Clic(P->Cella(u"tdbOnor"_s, 1, 1));
         P->Clic(u"barListaOnoDir_variaz"_s);
         ATTENDI(u"fuoco"_s, "sldGraduaOno");
+        ATTENDI_CHE(P->Chiedi(u"posto tdbOnor"_s) != Intera);
         ATTENDI(u"barra tdbOnor"_s, "0 0");
         if (Volta % 2 == 0)
             P->Clic(u"barListaOnoDir_variaz"_s);
         else
             P->Premi(u"Escape"_s);
+        QTRY_COMPARE(P->Chiedi(u"posto tdbOnor"_s), Intera);
         ATTENDI(u"barra tdbOnor"_s, "0 0");
     }
 }
