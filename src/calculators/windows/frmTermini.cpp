@@ -123,19 +123,9 @@ void frmTermini::Form_Activate()
 
 CampiTermini frmTermini::Campi() const
 {
-    return {.cmbNorme = ui->cmbNorme,
-            .cmbMateria = ui->cmbMateria,
-            .lblEta = ui->lblEta,
-            .mskDecorr = ui->mskDecorr,
-            .chkSosp = ui->chkSosp,
-            .chkSabato = ui->chkSabato,
-            .Calendario = ui->Calendario,
-            .lblRisult = ui->lblRisult,
-            .lblSettembre = ui->lblSettembre,
-            .cmdCopia = ui->cmdCopia,
-            .cmdStrada = ui->cmdStrada,
-            .cmdAgenda = ui->cmdAgenda,
-            .cmdScadenza = ui->cmdCalend_1};
+    CampiTermini Suoi = CampiDi(*ui);
+    Suoi.cmdScadenza = ui->cmdCalend_1;
+    return Suoi;
 }
 
 ParteTermini frmTermini::ParteSua()

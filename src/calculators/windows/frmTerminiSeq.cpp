@@ -31,7 +31,7 @@ frmTerminiSeq::frmTerminiSeq() : ui(std::make_unique<Ui::frmTerminiSeq>())
 {
     ui->setupUi(this);
     aspetto::MisuraConLeLettere({ui->mskDecorr});
-    Pannello = new PannelloTermini(this, Campi(), ui->modulo, 2, ParteSua());
+    Pannello = new PannelloTermini(this, CampiDi(*ui), ui->modulo, 2, ParteSua());
     setTabOrder(ui->mskDecorr, Pannello->Inizio().Casella());
     setTabOrder(Pannello->Inizio().Casella(), ui->chkSosp);
     ImpostaMenu(
@@ -85,22 +85,6 @@ bool frmTerminiSeq::eventFilter(QObject* Oggetto, QEvent* Evento)
     if (Evento->type() == QEvent::FocusIn && (Oggetto == ui->chkSosp || Oggetto == ui->cmbArticolo))
         ui->Calendario->hide();
     return QDialog::eventFilter(Oggetto, Evento);
-}
-
-CampiTermini frmTerminiSeq::Campi() const
-{
-    return {.cmbNorme = ui->cmbNorme,
-            .cmbMateria = ui->cmbMateria,
-            .lblEta = ui->lblEta,
-            .mskDecorr = ui->mskDecorr,
-            .chkSosp = ui->chkSosp,
-            .chkSabato = ui->chkSabato,
-            .Calendario = ui->Calendario,
-            .lblRisult = ui->lblRisult,
-            .lblSettembre = ui->lblSettembre,
-            .cmdCopia = ui->cmdCopia,
-            .cmdStrada = ui->cmdStrada,
-            .cmdAgenda = ui->cmdAgenda};
 }
 
 ParteTermini frmTerminiSeq::ParteSua()

@@ -61,7 +61,6 @@ private:
     void Svuota(bool Sospensione);
     [[nodiscard]] ParteDelCalcolo ParteComandi();
     [[nodiscard]] OpzioniTermine Opzioni() const;
-    [[nodiscard]] CampiTermini Campi() const;
     [[nodiscard]] ParteTermini ParteSua();
 
     std::unique_ptr<Ui::frmTerminiSeq> ui;

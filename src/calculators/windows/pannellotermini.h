@@ -36,6 +36,25 @@ struct CampiTermini
     QWidget* cmdScadenza = nullptr;  ///< the calendar of the result, where the window has one
 };
 
+/// Those of a window by their names, which both give alike; the calendar of the result is the window's to
+/// tell.
+template <class Modulo>
+[[nodiscard]] CampiTermini CampiDi(const Modulo& Suo)
+{
+    return {.cmbNorme = Suo.cmbNorme,
+            .cmbMateria = Suo.cmbMateria,
+            .lblEta = Suo.lblEta,
+            .mskDecorr = Suo.mskDecorr,
+            .chkSosp = Suo.chkSosp,
+            .chkSabato = Suo.chkSabato,
+            .Calendario = Suo.Calendario,
+            .lblRisult = Suo.lblRisult,
+            .lblSettembre = Suo.lblSettembre,
+            .cmdCopia = Suo.cmdCopia,
+            .cmdStrada = Suo.cmdStrada,
+            .cmdAgenda = Suo.cmdAgenda};
+}
+
 /// What differs between the two.
 struct ParteTermini
 {
