@@ -34,16 +34,7 @@ protected:
     /// One line of 1.000,00: 1.459,12 of net.
     [[nodiscard]] static Parcella Nota()
     {
-        Parcella Nuova;
-        NuovaParcella(Nuova);
-        const int Riga = Nuova.xOnorari.AggiungiRiga();
-        Nuova.xOnorari(Riga, OnoImporto) = 1000.0;
-        Nuova.chkSpeseGen.Attiva = true;
-        Nuova.txtSpeGen.Testo = u"15"_s;
-        Nuova.txtCP.Testo = u"4"_s;
-        Nuova.txtIVA.Testo = u"22"_s;
-        RicordaStampa(Nuova);
-        Nuova.txtCliente.Testo = u"Rossi Mario"_s;
+        Parcella Nuova = NotaDiRossi();
         ScegliTipoStampa(Nuova, StampaFatturaAnalitica);
         return Nuova;
     }

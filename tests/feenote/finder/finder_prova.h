@@ -3,6 +3,7 @@
 
 #include "feenote/file/file_prova.h"
 #include "feenote/finder/modTrova.h"
+#include "feenote/modInterruttori.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 #include "supporto/cartellaferma.h"
@@ -28,6 +29,22 @@ inline QString SalvaNota(const QString& File, const QString& Cliente = {}, const
     Nota.IDCon = IDCon;
     ScriviNota(File, Nota);
     return File;
+}
+
+/// A new note of one line of 1.000,00: 1.459,12 of net.
+inline Parcella NotaDiRossi()
+{
+    Parcella Nuova;
+    NuovaParcella(Nuova);
+    const int Riga = Nuova.xOnorari.AggiungiRiga();
+    Nuova.xOnorari(Riga, OnoImporto) = 1000.0;
+    Nuova.chkSpeseGen.Attiva = true;
+    Nuova.txtSpeGen.Testo = QStringLiteral("15");
+    Nuova.txtCP.Testo = QStringLiteral("4");
+    Nuova.txtIVA.Testo = QStringLiteral("22");
+    RicordaStampa(Nuova);
+    Nuova.txtCliente.Testo = QStringLiteral("Rossi Mario");
+    return Nuova;
 }
 
 /// Gives a file a date of change.
