@@ -10,14 +10,7 @@ class TestFatturaScartata : public QObject, private BancoFatturaUscita
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init()
-    {
-        AzzeraSessione();
-        InstallaOrologio([] { return QDateTime(QDate(2026, 11, 22), QTime(10, 0)); });
-        Nota = NotaDaMille(StampaFatturaAnalitica);
-        Numera(Nota, u"12"_s);
-        Vista = {};
-    }
+    void init() { Comincia(Nota, Vista); }
     void cleanup() { InstallaOrologio({}); }
     void forseScartata();
     void alPostoDellaScartata();

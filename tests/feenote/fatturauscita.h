@@ -9,12 +9,23 @@
 #include "feenote/modFatturaXml.h"
 #include "feenote/modStato.h"
 #include "feenote/modStorno.h"
+#include "platform/system/orologio.h"
 
 class BancoFatturaUscita
 {
 protected:
     static constexpr double Intero = 1459.12;
     static constexpr double Meno400 = 951.60;  // 750,00 with fund and VAT
+
+    /// Invoice 12 of a note of 1.000,00, before it goes out.
+    static void Comincia(Parcella& Nota, Copertura& Vista)
+    {
+        AzzeraSessione();
+        InstallaOrologio([] { return QDateTime(QDate(2026, 11, 22), QTime(10, 0)); });
+        Nota = NotaDaMille(StampaFatturaAnalitica);
+        Numera(Nota, QStringLiteral("12"));
+        Vista = {};
+    }
 
     static void Paga(Parcella& Nota, double Compensi)
     {
