@@ -4,6 +4,7 @@
 #include "core/sessione.h"
 #include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
+#include "platform/database/copiaintera.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
@@ -13,7 +14,6 @@
 #include <QUuid>
 
 #include <algorithm>
-#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -32,6 +32,11 @@ bool ENativo(const QString& File)
     return Letto.startsWith(Marca);
 }
 
+[[noreturn]] void NonSiLegge(const QString& File, const QString& Perche)
+{
+    RifiutaFile(u"Il file \"%1\" non si può leggere: %2."_s.arg(NomeFile(File), Perche));
+}
+
 std::optional<QStringList> Converti(const QString& Da, const QString& A,
                                     const std::function<bool(qint64)>& Prosegui)
 {
@@ -46,7 +51,7 @@ std::optional<QStringList> Converti(const QString& Da, const QString& A,
     } catch (const Errore& Guasto) {
         if (Guasto.Numero != errori::FormatoDatabase)
             throw;
-        RifiutaFile(u"Il file \"%1\" non si può leggere: %2."_s.arg(NomeFile(Da), Guasto.Descrizione));
+        NonSiLegge(Da, Guasto.Descrizione);
     }
 }
 
@@ -54,14 +59,12 @@ std::optional<QStringList> Copia(const QString& Da, const QString& A,
                                  const std::function<bool(qint64)>& Prosegui)
 {
     try {
-        if (CopiaFile(Da, A, std::numeric_limits<qint64>::max(), Prosegui, Lettori::Cartella))
-            return QStringList();
-    } catch (const Errore&) {
-        ScartaFile(A);
-        throw;
+        return CopiaIntera(Da, A, Prosegui) ? std::optional(QStringList()) : std::nullopt;
+    } catch (const Errore& Guasto) {
+        if (Guasto.Numero != errori::FormatoDatabase)
+            throw;
+        NonSiLegge(Da, Guasto.Descrizione);
     }
-    ScartaFile(A);
-    return std::nullopt;
 }
 
 const QString InizioProvvisori = u".importa-"_s;

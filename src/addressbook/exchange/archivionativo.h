@@ -10,7 +10,8 @@
 /// True for a database, native or of Access, by its first bytes. @throws Errore 53, 75
 [[nodiscard]] bool EArchivio(const QString& File);
 
-/// Writes the native form of a database into a new file; a native one is copied as it is.
+/// Writes the native form of a database into a new file; a native one is copied as it stands at one moment,
+/// with what its journal or log holds (see CopiaIntera).
 /// @param Prosegui asked now and then with the rows or bytes done; false stops it, and nothing is left
 /// @return what was left out, a line each; none when it was stopped
 /// @throws Errore NumeroFileRifiutato for what cannot be read, with what to do; 3204 the new file exists, 61,

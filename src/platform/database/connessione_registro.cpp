@@ -50,20 +50,6 @@ bool GiornaleAltrui(const QString& File)
            Giornale.read(Lunghezza) == QByteArray(reinterpret_cast<const char*>(Segno.data()), Lunghezza);
 }
 
-/// Whether a write that was cut off must be undone before the file can be read. Of one that goes on nothing
-/// is said: its journal is in use.
-bool DaRisanare(const QString& File)
-{
-    try {
-        const Connessione Aperta(File, Connessione::Modo::SolaLettura);
-        Istruzione Lettura(Aperta, u"PRAGMA schema_version"_s);
-        (void)Lettura.Avanza();
-        return false;
-    } catch (const Errore& Guasto) {
-        return Guasto.Numero == errori::DatabaseSolaLettura;
-    }
-}
-
 /// A write that was cut off in a file which is read-only by now: nobody could read it before it is undone.
 /// That is done in a copy, which then takes the place, so that no moment in between leaves the file writable;
 /// its names are those of a note that is being built, and go with what killed saves leave.
@@ -133,6 +119,28 @@ void ControllaFile(const QString& Percorso)
 
 }  // namespace
 
+bool DaRisanare(const QString& File)
+{
+    try {
+        const Connessione Aperta(File, Connessione::Modo::SolaLettura);
+        Istruzione Lettura(Aperta, u"PRAGMA schema_version"_s);
+        (void)Lettura.Avanza();
+        return false;
+    } catch (const Errore& Guasto) {
+        return Guasto.Numero == errori::DatabaseSolaLettura;
+    }
+}
+
+bool ControllaPrimaDiAprire(const QString& File)
+{
+    ControllaFile(File);
+    if (GiornaleAltrui(File))
+        throw Errore(errori::FormatoDatabase,
+                     u"Il file "_s + NomeFile(File) +
+                         u"-journal, che sta accanto al database, non è di questo programma"_s);
+    return ControllaTestata(File);
+}
+
 void Connessione::Prepara()
 {
     AttendiBlocchi(attese::BlocchiMs);
@@ -163,11 +171,7 @@ std::shared_ptr<Connessione> Connessione::Condivisa(const QString& Percorso)
     if (const auto Presente = Registro().value(Chiave).lock();
         Presente && !Presente->Spostato() && (Presente->Scrivibile() || !SiScrive))
         return Presente;
-    if (GiornaleAltrui(Chiave))
-        throw Errore(errori::FormatoDatabase,
-                     u"Il file "_s + NomeFile(Chiave) +
-                         u"-journal, che sta accanto al database, non è di questo programma"_s);
-    const bool AltroGiornale = ControllaTestata(Chiave);
+    const bool AltroGiornale = ControllaPrimaDiAprire(Chiave);
     if (!SiScrive)
         RisanaSolaLettura(Chiave);
     // Where nothing may be written, and no log holds anything, a reader leaves no file of one either.

@@ -361,7 +361,7 @@ void TestSorgente::leVecchieParcelle()
         Detti.append(Esito.Nome + (Esito.Copiata ? u"+"_s : u"-"_s) + Esito.Detto);
     QCOMPARE(Detti,
              (QStringList{u"DatiStudio.mdb+"_s, u"rotta.mdb-non è una parcella"_s, u"Modelli/uno.MDB+"_s}));
-    QCOMPARE(LeggiFile(A + u"Modelli/uno.MDB"_s), S.Byte());
+    QCOMPARE(OpenDatabase(A + u"Modelli/uno.MDB"_s, true).Tabelle(), OpenDatabase(S.File, true).Tabelle());
     QCOMPARE(DataFile(A + u"DatiStudio.mdb"_s), DataFile(S.File));
     QVERIFY(ResocontoNote(S.Cartella, A, *Esiti).contains(u"Copiate: 2 di 3\n"));
     Esiti = CopiaNote(S.Cartella, A);

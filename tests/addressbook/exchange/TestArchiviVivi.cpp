@@ -1,0 +1,206 @@
+// Archives and notes that another program keeps in its own way, has open, or was killed over: what is taken
+// of them is whole, and they stay as they are.
+#include "studio.h"
+
+#include "addressbook/exchange/archiviointero.h"
+#include "addressbook/exchange/notevecchie.h"
+#include "platform/base/errore.h"
+#include "platform/database/connessione.h"
+#include "supporto/guasti.h"
+
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int Nomi = 3000;
+
+/// How another program has left an archive.
+enum class Lasciato { Chiuso, ColGiornale, ColLog, Aperto };
+
+/// An archive of some names, in a folder of its own; another program's way to keep it.
+class Altrui
+{
+public:
+    explicit Altrui(Lasciato Come)
+        : Cartella(NuovaCartella() + u"altri/"_s), File(Cartella + u"archivio.mdb"_s)
+    {
+        QDir().mkpath(Cartella);
+        const Studio S;
+        {
+            const Database Db = OpenDatabase(S.File);
+            Transazione Insieme(Db);
+            for (int i = 1; i <= Nomi; ++i)
+                Db.Execute(u"INSERT INTO clienti (Nominativo, Citta) VALUES (?, 'Lucca')"_s,
+                           {u"Cliente numero %1"_s.arg(i)});
+            Insieme.Conferma();
+        }
+        if (Come == Lasciato::ColGiornale)
+            Interrotto(S.File);
+        else if (Come != Lasciato::Chiuso)
+            InUnLog(S.File, Come == Lasciato::Aperto);
+        else
+            QVERIFY(QFile::copy(S.File, File));
+    }
+    /// Everything in the folder but the engine's own scratch.
+    [[nodiscard]] QMap<QString, QByteArray> Stato() const
+    {
+        QMap<QString, QByteArray> Tutto;
+        for (const QString& Nome : ContenutoDi(Cartella))
+            Tutto.insert(Nome, Nome.endsWith(u"-shm") ? QByteArray() : LeggiFile(Cartella + Nome));
+        return Tutto;
+    }
+
+    const QString Cartella;
+    const QString File;
+    std::unique_ptr<Connessione> Aperta;
+
+private:
+    /// A write of which half has reached the file.
+    void Interrotto(const QString& Vero) const
+    {
+        Connessione Conn(Vero, Connessione::Modo::Scrittura);
+        Conn.Esegui(u"PRAGMA cache_size=4"_s);
+        Conn.Esegui(u"BEGIN IMMEDIATE"_s);
+        Conn.Esegui(u"UPDATE clienti SET Nominativo='x' || Nominativo, Citta='altrove'"_s);
+        Conn.Esegui(u"DELETE FROM clienti WHERE ID % 2 = 0"_s);
+        QVERIFY(QFileInfo(Vero + u"-journal"_s).size() > 0);
+        QVERIFY(QFile::copy(Vero, File));
+        QVERIFY(QFile::copy(Vero + u"-journal"_s, File + u"-journal"_s));
+        Conn.Esegui(u"ROLLBACK"_s);
+    }
+    /// Half of the names stand in the log alone.
+    void InUnLog(const QString& Vero, bool RestaAperto)
+    {
+        const QString Dove = RestaAperto ? File : Vero;
+        if (RestaAperto)
+            QVERIFY(QFile::copy(Vero, File));
+        Aperta = std::make_unique<Connessione>(Dove, Connessione::Modo::Scrittura);
+        Aperta->Esegui(u"DELETE FROM clienti WHERE ID > %1"_s.arg(Nomi / 2));
+        Aperta->Esegui(u"PRAGMA journal_mode=WAL"_s);
+        Aperta->Esegui(
+            u"WITH RECURSIVE n(i) AS (SELECT %1 UNION ALL SELECT i+1 FROM n WHERE i<%2) INSERT INTO "
+            "clienti (Nominativo, Citta) SELECT 'Cliente numero ' || i, 'Lucca' FROM n"_s.arg(
+                QString::number(Nomi / 2 + 1), QString::number(Nomi)));
+        if (RestaAperto)
+            return;
+        QVERIFY(QFile::copy(Dove, File));
+        QVERIFY(QFile::copy(Dove + u"-wal"_s, File + u"-wal"_s));
+        Aperta.reset();
+    }
+};
+
+int Lucchesi(const QString& File)
+{
+    const Recordset Righe =
+        OpenDatabase(File, true)
+            .OpenRecordset(u"SELECT ID FROM clienti WHERE Nominativo LIKE 'Cliente numero "
+                           "%' AND Citta='Lucca'"_s);
+    return Righe.RecordCount();
+}
+
+void Forme()
+{
+    QTest::addColumn<Lasciato>("Come");
+    QTest::newRow("closed") << Lasciato::Chiuso;
+    QTest::newRow("killed in a write") << Lasciato::ColGiornale;
+    QTest::newRow("killed, with a log") << Lasciato::ColLog;
+    QTest::newRow("open, with a log") << Lasciato::Aperto;
+}
+
+}  // namespace
+
+class TestArchiviVivi : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void unArchivioIntero_data() { Forme(); }
+    void unArchivioIntero();
+    void leVecchieParcelle_data() { Forme(); }
+    void leVecchieParcelle();
+    void mentreUnAltroScrive();
+    void unLogIlleggibile();
+    void unoDanneggiato();
+};
+PROVA(TestArchiviVivi);
+
+void TestArchiviVivi::unArchivioIntero()
+{
+    QFETCH(Lasciato, Come);
+    const Altrui Da(Come);
+    const auto Prima = Da.Stato();
+    const QString Cartella = NuovaCartella();
+    const auto Preso = PrendiArchivio(Da.File, Cartella);
+    QVERIFY(Preso);
+    QCOMPARE(Preso->Clienti, Nomi);
+    QCOMPARE(Lucchesi(Preso->File), Nomi);
+    QCOMPARE(Da.Stato(), Prima);
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"DatiStudio.mdb"_s});
+    QCOMPARE(LeggiFile(Preso->File).sliced(18, 2), QByteArray("\1\1"));
+}
+
+void TestArchiviVivi::leVecchieParcelle()
+{
+    QFETCH(Lasciato, Come);
+    const Altrui Da(Come);
+    const auto Prima = Da.Stato();
+    const QString A = NuovaCartella() + u"nuove/"_s;
+    const auto Esiti = CopiaNote(Da.Cartella, A);
+    QVERIFY(Esiti);
+    QVERIFY2(Esiti->first().Copiata, qPrintable(Esiti->first().Detto));
+    QCOMPARE(Lucchesi(A + u"archivio.mdb"_s), Nomi);
+    QCOMPARE(Da.Stato(), Prima);
+    QCOMPARE(ContenutoDi(A), QStringList{u"archivio.mdb"_s});
+}
+
+/// A colleague who saves in the middle of it waits, or is told to.
+void TestArchiviVivi::mentreUnAltroScrive()
+{
+    const Altrui Da(Lasciato::Chiuso);
+    Connessione Collega(Da.File, Connessione::Modo::Scrittura);
+    int Provato = 0;
+    const auto Preso = PrendiArchivio(Da.File, NuovaCartella(), [&](qint64) {
+        if (Provato == 0)
+            Provato = NumeroErrore([&] { Collega.Esegui(u"UPDATE clienti SET Citta='altrove'"_s); });
+        return true;
+    });
+    QCOMPARE(Provato, errori::DatiBloccati);
+    QCOMPARE(Lucchesi(Preso->File), Nomi);
+    Collega.Esegui(u"UPDATE clienti SET Citta='altrove'"_s);
+}
+
+void TestArchiviVivi::unLogIlleggibile()
+{
+    const Altrui Da(Lasciato::ColLog);
+    QVERIFY(QFile::setPermissions(Da.File + u"-wal"_s, {}));
+    const QString Cartella = NuovaCartella();
+    QCOMPARE(DescrizioneErroreDi([&] { (void)PrendiArchivio(Da.File, Cartella); }),
+             u"Il file \"archivio.mdb\" è di un altro programma, e ciò che questo vi ha scritto per ultimo "
+             "(\"archivio.mdb-wal\") non si può leggere: chiudere il programma e riprovare"_s);
+    QCOMPARE(ContenutoDi(Cartella), QStringList());
+    QVERIFY(QFile::setPermissions(Da.File + u"-wal"_s, QFile::ReadOwner));
+}
+
+/// Of a file with a page of nothing no copy is called whole.
+void TestArchiviVivi::unoDanneggiato()
+{
+    const Altrui Da(Lasciato::Chiuso);
+    constexpr qint64 Pagina = 4096;
+    QFile File(Da.File);
+    QVERIFY(File.open(QIODevice::ReadWrite) && File.seek(File.size() / 2 / Pagina * Pagina));
+    QVERIFY(File.write(QByteArray(Pagina, '\xff')) == Pagina);
+    File.close();
+    const QString Cartella = NuovaCartella();
+    QCOMPARE(
+        DescrizioneErroreDi([&] { (void)PrendiArchivio(Da.File, Cartella); }),
+        u"Il file \"archivio.mdb\" non si può leggere: il file è danneggiato, e non tutto ciò che contiene "
+        "si può leggere."_s);
+    QCOMPARE(ContenutoDi(Cartella), QStringList());
+    const auto Esiti = CopiaNote(Da.Cartella, Cartella);
+    QVERIFY(!Esiti->first().Copiata);
+    QCOMPARE(ContenutoDi(Cartella), QStringList());
+}
+
+#include "TestArchiviVivi.moc"
