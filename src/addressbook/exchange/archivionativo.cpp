@@ -1,7 +1,6 @@
 #include "addressbook/exchange/archivionativo.h"
 
 #include "addressbook/exchange/tabellaestranea.h"
-#include "core/sessione.h"
 #include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"
 #include "platform/database/copiaintera.h"
@@ -9,8 +8,6 @@
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 
-#include <QDateTime>
-#include <QFileInfo>
 #include <QUuid>
 
 #include <algorithm>
@@ -38,10 +35,11 @@ bool ENativo(const QString& File)
 }
 
 std::optional<QStringList> Converti(const QString& Da, const QString& A,
-                                    const std::function<bool(qint64)>& Prosegui)
+                                    const std::function<bool(qint64)>& Prosegui, Lettori Chi)
 {
     try {
-        const auto Rapporto = ConvertiAccess(Da, A, {.Secondi = SecondiDiLettura, .Prosegui = Prosegui});
+        const auto Rapporto =
+            ConvertiAccess(Da, A, {.Secondi = SecondiDiLettura, .Prosegui = Prosegui, .Chi = Chi});
         if (!Rapporto)
             return std::nullopt;
         QStringList Fuori;
@@ -56,10 +54,10 @@ std::optional<QStringList> Converti(const QString& Da, const QString& A,
 }
 
 std::optional<QStringList> Copia(const QString& Da, const QString& A,
-                                 const std::function<bool(qint64)>& Prosegui)
+                                 const std::function<bool(qint64)>& Prosegui, Lettori Chi)
 {
     try {
-        return CopiaIntera(Da, A, Prosegui) ? std::optional(QStringList()) : std::nullopt;
+        return CopiaIntera(Da, A, Prosegui, Chi) ? std::optional(QStringList()) : std::nullopt;
     } catch (const Errore& Guasto) {
         if (Guasto.Numero != errori::FormatoDatabase)
             throw;
@@ -67,18 +65,13 @@ std::optional<QStringList> Copia(const QString& Da, const QString& A,
     }
 }
 
-const QString InizioProvvisori = u".importa-"_s;
-
-/// Deletes the working copies that a program which was ended has left: they hold names of people.
-void SpazzaProvvisori(const QString& Cartella)
+/// A native form that is opened in a file's place, as long as somebody works with it.
+QString CartellaDiLavoro()
 {
-    constexpr qint64 SecondiPerGiorno = qint64(24) * 60 * 60;
-    const QDateTime Ora = QDateTime::currentDateTimeUtc();
-    for (const QString& Nome : NomiDeiFile(Cartella))
-        if (Nome.startsWith(InizioProvvisori) &&
-            QFileInfo(Cartella + Nome).lastModified().secsTo(Ora) > SecondiPerGiorno)
-            ScartaFile(Cartella + Nome);
+    return CartellaDati() + Barra(u"importa"_s);
 }
+
+const QString FineTurno = u".blocco"_s;
 
 }  // namespace
 
@@ -93,31 +86,47 @@ bool TabellaDiSistema(const QString& Detto)
 }
 
 std::optional<QStringList> ScriviNativo(const QString& Da, const QString& A,
-                                        const std::function<bool(qint64)>& Prosegui)
+                                        const std::function<bool(qint64)>& Prosegui, Lettori Chi)
 {
     if (EsisteFile(A))
         throw Errore(errori::DatabasePresente);
     if (ENativo(Da))
-        return Copia(Da, A, Prosegui);
+        return Copia(Da, A, Prosegui, Chi);
     if (!EDiAccess(Da))
         RifiutaFile(u"Il file \"%1\" non è un archivio: sceglierne un altro."_s.arg(NomeFile(Da)));
-    return Converti(Da, A, Prosegui);
+    return Converti(Da, A, Prosegui, Chi);
+}
+
+void TogliRestiDiSorgenti()
+{
+    const QString Cartella = CartellaDiLavoro();
+    for (const QString& Nome : NomiDeiFile(Cartella, u".mdb"_s)) {
+        if (Nome.startsWith(u'.'))  // one that is being made has a turn of another name
+            continue;
+        FileBlocco Turno(Cartella + Nome + FineTurno);
+        if (Turno.Prendi(0) == FileBlocco::Esito::Preso)
+            ScartaFile(Cartella + Nome);
+    }
+    for (const QString& Nome : NomiDeiFile(Cartella, FineTurno))
+        ScartaBlocco(Cartella + Nome);
 }
 
 ArchivioNativo::ArchivioNativo(const QString& DiFile, const std::function<bool(qint64)>& Prosegui)
     : Nativo(DiFile)
 {
-    if (ENativo(DiFile))
+    if (ENativo(DiFile) && LeggibileDoveSta(DiFile))
         return;
-    CreaCartella(sessione::UserFolder);
-    SpazzaProvvisori(Barra(sessione::UserFolder));
-    Provvisorio = Barra(sessione::UserFolder) + InizioProvvisori +
-                  QUuid::createUuid().toString(QUuid::Id128) + u".mdb"_s;
-    const auto Detti = ScriviNativo(DiFile, Provvisorio, Prosegui);
+    const QString Cartella = CartellaDiLavoro();
+    CreaCartellaPrivata(Cartella);
+    TogliRestiDiSorgenti();
+    const QString Copia = Cartella + QUuid::createUuid().toString(QUuid::Id128) + u".mdb"_s;
+    Turno = std::make_unique<FileBlocco>(Copia + FineTurno);
+    (void)Turno->Prendi(0);  // a name that nobody else has
+    const auto Detti = ScriviNativo(DiFile, Copia, Prosegui, Lettori::SoloUtente);
     if (!Detti)
         throw Interrotto();
     Fuori = *Detti;
-    Nativo = Provvisorio;
+    Nativo = Provvisorio = Copia;
 }
 
 ArchivioNativo::~ArchivioNativo()

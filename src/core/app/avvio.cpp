@@ -1,6 +1,7 @@
 #include "core/app/avvio.h"
 
 #include "addressbook/exchange/annullo.h"
+#include "addressbook/exchange/archivionativo.h"
 #include "core/aperture.h"
 #include "core/app/altriavvii.h"
 #include "core/app/paginaavviso.h"
@@ -138,6 +139,7 @@ void TogliResti()
         ScartaBlocco(Utente + u".~kr5.ini.lock"_s);
         SpazzaInvii();
         TogliRestiDiImportazioni(Archivio);
+        TogliRestiDiSorgenti();
         for (const QString& Cartella : Cartelle)
             if (!Cartella.isEmpty())
                 TogliRestiDiNote(Cartella);

@@ -282,7 +282,7 @@ std::optional<RapportoAccess> Converti(const QString& Da, const QString& A, cons
             return std::nullopt;
         if (ImprontaDi(Origine) != Prima)
             continue;
-        DaiPermessi(Accanto, Arrivo, Lettori::Cartella);
+        DaiPermessi(Accanto, Arrivo, Come.Chi);
         if (SulDisco)
             ScriviSulDisco(Accanto);
         RinominaFile(Accanto, Arrivo);

@@ -9,6 +9,7 @@
 #pragma once
 
 #include "platform/database/database.h"
+#include "platform/system/permessi.h"
 
 #include <QList>
 #include <QString>
@@ -49,6 +50,8 @@ struct ModoAccess
     int Secondi = 10;
     /// Asked now and then with the rows written so far, in the caller's thread; false stops it.
     std::function<bool(qint64 Righe)> Prosegui = {};
+    /// May read the copy.
+    Lettori Chi = Lettori::Cartella;
 };
 
 /// True for a file that begins as those of Access do, whatever its name. It need not be whole or readable.

@@ -120,6 +120,8 @@ private Q_SLOTS:
     void unArchivioIntero();
     void leVecchieParcelle_data() { Forme(); }
     void leVecchieParcelle();
+    void iNominativi_data() { Forme(); }
+    void iNominativi();
     void mentreUnAltroScrive();
     void unLogIlleggibile();
     void unoDanneggiato();
@@ -153,6 +155,23 @@ void TestArchiviVivi::leVecchieParcelle()
     QCOMPARE(Lucchesi(A + u"archivio.mdb"_s), Nomi);
     QCOMPARE(Da.Stato(), Prima);
     QCOMPARE(ContenutoDi(A), QStringList{u"archivio.mdb"_s});
+}
+
+/// To look at another program's names changes nothing of it.
+void TestArchiviVivi::iNominativi()
+{
+    QFETCH(Lasciato, Come);
+    const Altrui Da(Come);
+    const auto Prima = Da.Stato();
+    {
+        const SorgenteNominativi Aperta(Da.File);
+        OpzioniSorgente Quali;
+        const TabellaEstranea Lette = Aperta.Leggi(Quali);
+        QCOMPARE(Lette.Righe.size(), size_t(Nomi));
+        QCOMPARE(Lette.Righe.back()[Lette.Titoli.indexOf(u"Nominativo"_s)], u"Cliente numero %1"_s.arg(Nomi));
+        QCOMPARE(Da.Stato(), Prima);
+    }
+    QCOMPARE(Da.Stato(), Prima);
 }
 
 /// A colleague who saves in the middle of it waits, or is told to.

@@ -9,6 +9,8 @@
 #include "addressbook/exchange/turnoarchivio.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
+#include "platform/system/blocco.h"
+#include "platform/system/cartelle.h"
 #include "platform/system/guasti.h"
 #include "supporto/guasti.h"
 #include "supporto/scrittoreaccess.h"
@@ -447,23 +449,32 @@ void TestSorgente::leVecchieParcelleSulDiscoPieno()
 /// What a program that was ended has left goes with the next one; another program's may be in use.
 void TestSorgente::leCopieDiLavoro()
 {
-    const QScopedValueRollback Cartella(sessione::UserFolder, NuovaCartella());
-    const auto Lascia = [](const QString& Nome, int Giorni) {
-        ScriviFile(sessione::UserFolder + Nome, "x");
-        ImpostaDataFile(sessione::UserFolder + Nome, QDateTime::currentDateTimeUtc().addDays(-Giorni));
-    };
-    Lascia(u".importa-1.mdb"_s, 2);
-    Lascia(u".importa-2.mdb"_s, 0);
-    Lascia(u"nota.mdb"_s, 2);
+    const QString Lavoro = CartellaDati() + u"importa/"_s;
+    CreaCartellaPrivata(Lavoro);
+    ScriviFile(Lavoro + u"1.mdb"_s, "x");
+    ScriviFile(Lavoro + u"2.mdb"_s, "x");
+    ScriviFile(Lavoro + u"3.mdb.blocco"_s, QByteArray());
+    QFile Vuoto(Lavoro + u"3.mdb.blocco"_s);
+    QVERIFY(Vuoto.open(QIODevice::ReadWrite) &&
+            Vuoto.setFileTime(QDateTime::currentDateTime().addSecs(-5), QFileDevice::FileModificationTime));
+    FileBlocco DiUnVivo(Lavoro + u"2.mdb.blocco"_s);
+    QCOMPARE(DiUnVivo.Prendi(0), FileBlocco::Esito::Preso);
     const Studio S;
     const QString File =
         ScriviAccess(S.Cartella + u"vecchio.mdb"_s,
                      {.Tabelle = {{.Nome = u"clienti"_s, .Colonne = {{.Nome = u"Nominativo"_s}}}}});
     {
         const ArchivioNativo Aperto(File);
-        QVERIFY(Aperto.File().startsWith(sessione::UserFolder));
+        QVERIFY(Aperto.File().startsWith(Lavoro));
+        constexpr QFile::Permissions Altri =
+            QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+        QCOMPARE(QFile::permissions(Aperto.File()) & Altri, QFile::Permissions());
+        QCOMPARE(QFile::permissions(Lavoro) & Altri, QFile::Permissions());
+        TogliRestiDiSorgenti();
+        QVERIFY(EsisteFile(Aperto.File()));
     }
-    QCOMPARE(ContenutoDi(sessione::UserFolder), (QStringList{u".importa-2.mdb"_s, u"nota.mdb"_s}));
+    QCOMPARE(ContenutoDi(Lavoro), (QStringList{u"2.mdb"_s, u"2.mdb.blocco"_s}));
+    QCOMPARE(ContenutoDi(S.Cartella), (QStringList{u"DatiStudio.mdb"_s, u"vecchio.mdb"_s}));
 }
 
 void TestSorgente::leVecchieParcelleRifiutate()
