@@ -16,6 +16,7 @@
 
 #include <QDateTime>
 #include <QFileInfo>
+#include <QMap>
 #include <QRegularExpression>
 
 #include <utility>
@@ -252,35 +253,33 @@ QString FraseTurno(const TurnoLasciato& Trovato)
 
 void TogliRestiDiNote(const QString& Cartella)
 {
-    const QRegularExpression Forma(
-        u"^\\.~(?:\\.~)?(.+?)\\.(turno(\\.rmlock)?|tmp-journal|tmp(-access)?(\\.tmp)?)\\z"_s);
+    const QRegularExpression Forma(u"^\\.~(?:\\.~)?(.+?)\\.(turno(\\.rmlock)?|"
+                                   "tmp(-access|(\\.letto)?(-journal|-wal|-shm)?)(\\.tmp)?)\\z"_s);
+    // What a program copies or converts bears its number; behind a kill no other one builds under that name.
+    const QRegularExpression InCopia(u"^\\d+\\..+\\.mdb(\\.nuovo)?\\z"_s,
+                                     QRegularExpression::CaseInsensitiveOption);
     constexpr int Fine = 2;
     const QString Qui = Barra(Cartella);
     if (!CartellaScrivibile(Qui))
         return;
-    QStringList Note;
+    QMap<QString, QStringList> Note;
     for (const QString& Nome : NomiDeiFile(Qui, u".t*"_s)) {
         const auto Parti = Forma.match(Nome);
+        const QString Nota = Parti.captured(1);
         // A file of another kind that is being written has no turn: what it leaves goes otherwise.
-        const bool SoloMentreSiRisana = !ENota(Parti.captured(1)) &&
+        const bool SoloMentreSiRisana = !ENota(Nota) && !InCopia.match(Nota).hasMatch() &&
                                         Parti.captured(Fine).startsWith(u"tmp") &&
                                         Parti.captured(Fine) != u"tmp-journal";
-        if (Parti.hasMatch() && !SoloMentreSiRisana && !Note.contains(Parti.captured(1)))
-            Note.append(Parti.captured(1));
+        if (Parti.hasMatch() && !SoloMentreSiRisana)
+            Note[Nota].append(Nome);
     }
-    for (const QString& Nota : std::as_const(Note)) {
+    for (const auto& [Nota, Nomi] : Note.asKeyValueRange()) {
         FileBlocco Turno(FileTurno(Qui + Nota));
         if (Turno.Prendi(0) != FileBlocco::Esito::Preso)
             continue;
-        ScartaFile(Qui + u".~"_s + Nota + u".tmp-journal"_s);
-        ScartaFile(Qui + u".~"_s + Nota + u".turno.rmlock"_s);
-        if (!ENota(Nota))
-            continue;
-        for (const QString& Resto : {u".tmp"_s, u".tmp-access"_s})
-            ScartaFile(Qui + u".~"_s + Nota + Resto);
-        // A copy has a name beside its own while it is made.
-        for (const QString& Resto : {u".tmp.tmp"_s, u".tmp-access.tmp"_s})
-            ScartaFile(Qui + u".~.~"_s + Nota + Resto);
+        for (const QString& Nome : Nomi)
+            if (Qui + Nome != Turno.Percorso())
+                ScartaFile(Qui + Nome);
     }
     // What is written in place has its journal beside it.
     const QString Coda = u"-journal"_s;

@@ -3,14 +3,13 @@
 #include "platform/accesso/copie.h"
 #include "platform/accesso/lettore.h"
 #include "platform/base/errore.h"
+#include "platform/database/fileincopia.h"
 #include "platform/database/primariga.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
-#include "platform/system/sincrono.h"
 
-#include <QCoreApplication>
 #include <QDateTime>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -70,35 +69,6 @@ void ControllaOrigine(const QString& File)
         throw Rifiutato(
             u"Il file supera i 2 GB, che un archivio di Access non ha: scegliere il file giusto"_s);
 }
-
-void ControllaArrivo(const QString& File)
-{
-    const QFileInfo Info(File);
-    if (Info.exists() || Info.isSymLink())
-        throw Errore(errori::DatabasePresente);
-    if (!EsisteCartella(Info.path()))
-        throw Errore(errori::CartellaMancante);
-    if (!CartellaScrivibile(Info.path()))
-        throw Errore(errori::Accesso);
-}
-
-/// A file that is gone with this object, unless it has been moved to its place.
-class Provvisorio
-{
-public:
-    explicit Provvisorio(const QString& Dove) : File(Dove) { Togli(); }
-    ~Provvisorio() { Togli(); }
-    Provvisorio(const Provvisorio&) = delete;
-    Provvisorio& operator=(const Provvisorio&) = delete;
-
-private:
-    void Togli() const
-    {
-        ScartaFile(File);
-        ScartaFile(File + u"-journal"_s);
-    }
-    QString File;
-};
 
 QString TestoDi(const QJsonValue& Valore)
 {
@@ -227,21 +197,16 @@ Impronta ImprontaDi(const QString& File)
     return {Info.size(), Info.lastModified().toMSecsSinceEpoch()};
 }
 
-std::optional<RapportoAccess> Leggi(const QString& Da, const QString& A, const ModoAccess& Come)
+std::optional<RapportoAccess> Leggi(const QString& Da, const FileInCopia& A, const ModoAccess& Come)
 {
     // Somebody works with the file: a copy made in one go is read in its place.
     const bool Aperto = HaBlocco(Da);
-    const QString Ferma = A + u".letto"_s;
-    std::optional<Provvisorio> Copia;
-    if (Aperto) {
-        Copia.emplace(Ferma);
-        if (!CopiaFile(
-                Da, Ferma, MassimoFile, [&](qint64) { return !Come.Prosegui || Come.Prosegui(0); },
-                Lettori::SoloUtente))
-            return std::nullopt;
-    }
+    if (Aperto && !CopiaFile(
+                      Da, A.Letto(), MassimoFile, [&](qint64) { return !Come.Prosegui || Come.Prosegui(0); },
+                      Lettori::SoloUtente))
+        return std::nullopt;
     const LettoreInPrestito Con;
-    return Chiedi(*Con, Aperto ? Ferma : Da, A, Come);
+    return Chiedi(*Con, Aperto ? A.Letto() : Da, A.Percorso(), Come);
 }
 
 }  // namespace
@@ -268,24 +233,18 @@ std::optional<RapportoAccess> Converti(const QString& Da, const QString& A, cons
                                        bool SulDisco)
 {
     const QString Origine = QFileInfo(PercorsoNativo(Da)).absoluteFilePath();
-    const QString Arrivo = QFileInfo(PercorsoNativo(A)).absoluteFilePath();
     ControllaOrigine(Origine);
-    ControllaArrivo(Arrivo);
-    const QString Accanto = CartellaFile(Arrivo) + u".~%1."_s.arg(QCoreApplication::applicationPid()) +
-                            NomeFile(Arrivo) + u".tmp"_s;
+    const FileInCopia Costruito(A);
     // A file that changes while it is read is read once more; who writes all the time must stop.
     for (int Volta = 0; Volta < 2; ++Volta) {
-        const Provvisorio Costruito(Accanto);
+        Costruito.Togli();
         const Impronta Prima = ImprontaDi(Origine);
-        std::optional<RapportoAccess> Rapporto = Leggi(Origine, Accanto, Come);
+        std::optional<RapportoAccess> Rapporto = Leggi(Origine, Costruito, Come);
         if (!Rapporto)
             return std::nullopt;
         if (ImprontaDi(Origine) != Prima)
             continue;
-        DaiPermessi(Accanto, Arrivo, Come.Chi);
-        if (SulDisco)
-            ScriviSulDisco(Accanto);
-        RinominaFile(Accanto, Arrivo);
+        Costruito.Posa(Come.Chi, SulDisco);
         return Rapporto;
     }
     throw Errore(errori::DatiBloccati);

@@ -4,6 +4,7 @@
 #include "feenote/file/modMultipla.h"
 #include "platform/accesso/accesso.h"
 #include "platform/base/numerierrore.h"
+#include "platform/database/fileincopia.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
@@ -36,6 +37,8 @@ private Q_SLOTS:
     void alPrimoSalvataggioIlVecchioResta();
     void ilVecchioTieneIPermessi();
     void quelCheUnSalvataggioUccisoLascia();
+    void laConversioneCheViveResta_data();
+    void laConversioneCheViveResta();
     void piuVecchiInsieme();
     void colNomeNuovoIlVecchioNonSiTocca();
     void seNonSiPuoTenereIlVecchioNonSiSalva();
@@ -219,6 +222,47 @@ void TestNotaAccess::quelCheUnSalvataggioUccisoLascia()
     TogliRestiDiNote(CartellaFile(File));
     QVERIFY(!QFile::exists(Resto));
     QVERIFY(EDiAccess(File));
+}
+
+/// Another program of the office starts, and sweeps the folder, while old notes are converted into it.
+void TestNotaAccess::laConversioneCheViveResta_data()
+{
+    QTest::addColumn<bool>("Aperta");
+    QTest::newRow("closed") << false;
+    QTest::newRow("somebody has it open") << true;
+}
+
+void TestNotaAccess::laConversioneCheViveResta()
+{
+    QFETCH(bool, Aperta);
+    const QString A = NuovaCartella();
+    if (Aperta)
+        ScriviFile(CartellaFile(File) + u"nota.ldb"_s, "x");
+    // What another process's conversion has left goes, at whatever step it was killed.
+    const QString Morta = A + u".~999999.morta.mdb.tmp"_s;
+    const auto Lascia = [&] {
+        for (const QString& Coda : {u""_s, u".letto"_s, u".letto-wal"_s, u"-shm"_s, u"-journal"_s})
+            ScriviFile(Morta + Coda, "x");
+        ScriviFile(A + u".~999999.DatiStudio.mdb.nuovo.tmp"_s, "x");
+    };
+    int Viste = 0;
+    Lascia();
+    const auto Rapporto = ConvertiAccess(File, A + u"nuova.mdb"_s, {.Prosegui = [&](qint64) {
+                                             ++Viste;
+                                             TogliRestiDiNote(A);
+                                             return true;
+                                         }});
+    QVERIFY(Rapporto);
+    QVERIFY(Viste > 0);
+    QVERIFY(!Rapporto->Tabelle.isEmpty());
+    QCOMPARE(ContenutoDi(A), QStringList{u"nuova.mdb"_s});
+    const FileInCopia Viva(A + u"viva.mdb"_s);
+    ScriviFile(Viva.Percorso(), "x");
+    ScriviFile(Viva.Letto(), "x");
+    Lascia();
+    TogliRestiDiNote(A);
+    QVERIFY(EsisteFile(Viva.Percorso()) && EsisteFile(Viva.Letto()));
+    QCOMPARE(ContenutoDi(A).filter(u"999999"_s), QStringList());
 }
 
 /// Somebody has put the old file back: neither of the old ones is lost.
