@@ -3,7 +3,6 @@
 # Sources are compiled some together: half of the time of one is what its headers ask of the compiler, which is asked
 # once then. The paths in such a source are relative, so that ccache serves every checkout.
 option(CALCANOVA_INSIEME "Compile some classes of tests together" ON)
-include(${CMAKE_CURRENT_LIST_DIR}/FuoriDaInsieme.cmake)
 
 # moc_prima_di(<program> <source> <classes>...): the source waits for what is made of the classes.
 function(moc_prima_di Programma Unita)
@@ -36,12 +35,7 @@ function(insieme Programma Risultato)
     set(PerUnita 24)
     set(Insieme "")
     if(CALCANOVA_INSIEME)
-        foreach(Fonte ${A_UNPARSED_ARGUMENTS})
-            fuori_da_insieme(${Fonte} Fuori)
-            if(NOT Fuori)
-                list(APPEND Insieme ${Fonte})
-            endif()
-        endforeach()
+        set(Insieme ${A_UNPARSED_ARGUMENTS})
     endif()
     list(LENGTH Insieme Quante)
     set(${Risultato} "" PARENT_SCOPE)
@@ -56,7 +50,7 @@ function(insieme Programma Risultato)
             add_custom_command(OUTPUT ${File}
                 COMMAND ${CMAKE_COMMAND} "-DFONTI=${Fonti}" -DRADICE=${CMAKE_CURRENT_SOURCE_DIR}
                     -DFILE=${File} -P ${CMAKE_SOURCE_DIR}/cmake/Insieme.cmake
-                DEPENDS ${Fonti} ${CMAKE_SOURCE_DIR}/cmake/Insieme.cmake ${CMAKE_SOURCE_DIR}/cmake/FuoriDaInsieme.cmake
+                DEPENDS ${Fonti} ${CMAKE_SOURCE_DIR}/cmake/Insieme.cmake
                 COMMENT "" VERBATIM)
             list(APPEND Unita ${File})
             if(A_CON_MOC)

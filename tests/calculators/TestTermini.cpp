@@ -23,8 +23,6 @@ DatiTermine Caselle(const QString& Decorrenza, const QString& Numero, int Tipo =
 
 }  // namespace
 
-Q_DECLARE_METATYPE(DatiTermine)
-
 class TestTermini : public QObject
 {
     Q_OBJECT

@@ -44,7 +44,6 @@ private:
     }
     static QString Invii() { return CartellaDati() + u"invii/"_s; }
 };
-Q_DECLARE_METATYPE(std::function<void(const QString& Cartella)>)
 PROVA(TestInvii);
 
 void TestInvii::init()

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Aliquota Perc(double Percento)
+Aliquota Percentuale(double Percento)
 {
     return {Percento > 0, Percento, CStr(Percento), true};
 }
@@ -20,10 +20,10 @@ DatiCatena Usuali(double Onorari)
 {
     DatiCatena Dati;
     Dati.Onorari = Onorari;
-    Dati.SpeseGen = Perc(12.5);
-    Dati.CP = Perc(4);
-    Dati.IVA = Perc(21);
-    Dati.RA = Perc(20);
+    Dati.SpeseGen = Percentuale(12.5);
+    Dati.CP = Percentuale(4);
+    Dati.IVA = Percentuale(21);
+    Dati.RA = Percentuale(20);
     return Dati;
 }
 
@@ -62,7 +62,7 @@ struct CatenaIntera
 
 Aliquota InCentesimi(qint64 Perc)
 {
-    return Perc == 0 ? Aliquota() : ::Perc(double(Perc) / 100);
+    return Perc == 0 ? Aliquota() : Percentuale(double(Perc) / 100);
 }
 
 DatiCatena InEuro(const CatenaIntera& Cifre)
@@ -307,7 +307,7 @@ void TestTotali::arrotondamenti()
     QFETCH(double, Percento);
     DatiCatena Dati;
     Dati.Onorari = Onorari;
-    Dati.SpeseGen = Perc(Percento);
+    Dati.SpeseGen = Percentuale(Percento);
     QTEST(CatenaFiscale(Dati).SpeseGen, "SpeseGen");
 }
 
@@ -316,7 +316,7 @@ void TestTotali::imponibileNonArrotondato()
     DatiCatena Dati;
     Dati.SpeseImp = 0.125;
     Dati.SpeseEsenti = 0.006;
-    Dati.CP = Perc(100);
+    Dati.CP = Percentuale(100);
     const Catena Conti = CatenaFiscale(Dati);
     QCOMPARE(Conti.Imponibile, 0.125);
     QCOMPARE(Conti.CP, 0.13);
@@ -414,7 +414,7 @@ void TestTotali::laBaseSenzaResto()
     // A base with more than cents keeps what it has.
     DatiCatena Fini;
     Fini.SpeseImp = 0.12345;
-    Fini.CP = Perc(100);
+    Fini.CP = Percentuale(100);
     QCOMPARE(CatenaFiscale(Fini).Imponibile, 0.12345);
 }
 

@@ -122,8 +122,6 @@ QString TestoOstile()
 
 }  // namespace
 
-Q_DECLARE_METATYPE(Caso)
-
 void TestDocumenti::init()
 {
     campioni::ImpostaStudio();

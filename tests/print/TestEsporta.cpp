@@ -21,7 +21,6 @@ const QString SenzaCompagna = u"Non trovato percorso cartella Parcelle PV2!\n"
 }  // namespace
 
 using OstacoloDiProva = std::function<void(const Banco&)>;
-Q_DECLARE_METATYPE(OstacoloDiProva)
 
 class TestEsporta : public QObject
 {

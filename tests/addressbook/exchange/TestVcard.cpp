@@ -36,7 +36,7 @@ QByteArray Scheda(const QByteArray& Righe)
 }
 
 /// The one card of a file, column by column.
-QMap<QString, QString> Letta(const QByteArray& Byte)
+QMap<QString, QString> RigaLetta(const QByteArray& Byte)
 {
     const TabellaEstranea Tutte = LeggiVcard(Byte);
     QMap<QString, QString> Valori;
@@ -126,7 +126,7 @@ void TestVcard::leVersioni_data()
 void TestVcard::leVersioni()
 {
     QFETCH(QByteArray, Byte);
-    QTEST(Letta(Byte), "Attesi");
+    QTEST(RigaLetta(Byte), "Attesi");
 }
 
 void TestVcard::ilNome_data()
@@ -153,7 +153,7 @@ void TestVcard::ilNome_data()
 void TestVcard::ilNome()
 {
     QFETCH(QByteArray, Righe);
-    const Valori Avuti = Letta(Scheda(Righe));
+    const Valori Avuti = RigaLetta(Scheda(Righe));
     QTEST(Avuti.value(u"Nominativo"_s), "Nome");
     QTEST(Avuti.value(u"Organizzazione"_s), "Organizzazione");
 }
@@ -172,7 +172,7 @@ void TestVcard::laData_data()
 void TestVcard::laData()
 {
     QFETCH(QByteArray, Scritta);
-    QTEST(::Letta(Scheda("FN:x\r\nBDAY:" + Scritta + "\r\n")).value(u"DataNascita"_s), "Letta");
+    QTEST(RigaLetta(Scheda("FN:x\r\nBDAY:" + Scritta + "\r\n")).value(u"DataNascita"_s), "Letta");
 }
 
 void TestVcard::piuSchede()
@@ -228,7 +228,7 @@ void TestVcard::leRigheSiPiegano()
         QVERIFY2(Riga.isValidUtf8(), Riga.constData());
     }
     QVERIFY(Scritta.count("\r\n ") > 3);
-    QCOMPARE(Letta(Scritta).value(u"Note"_s), Note);
+    QCOMPARE(RigaLetta(Scritta).value(u"Note"_s), Note);
 }
 
 void TestVcard::andataERitorno()
@@ -253,7 +253,7 @@ void TestVcard::andataERitorno()
     for (auto Voce = Tutti.cbegin(); Voce != Tutti.cend(); ++Voce)
         Scritti.append({Voce.key(), Voce.value()});
     for (const bool Societa : {false, true})
-        QCOMPARE(Letta(SchedaVcard(Scritti, Societa)), Tutti);
+        QCOMPARE(RigaLetta(SchedaVcard(Scritti, Societa)), Tutti);
 }
 
 void TestVcard::siRifiuta_data()

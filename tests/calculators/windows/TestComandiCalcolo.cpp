@@ -63,9 +63,6 @@ void Righe()
 
 }  // namespace
 
-Q_DECLARE_METATYPE(Apritore)
-Q_DECLARE_METATYPE(Conto)
-
 class TestComandiCalcolo : public QObject, private ConCalcoli
 {
     Q_OBJECT

@@ -53,8 +53,6 @@ private:
 
 }  // namespace
 
-Q_DECLARE_METATYPE(Apritore)
-
 class TestFineSessione : public QObject
 {
     Q_OBJECT

@@ -43,8 +43,6 @@ using Giro = void (*)();
 
 }  // namespace
 
-Q_DECLARE_METATYPE(Giro)
-
 class TestMemoria : public QObject
 {
     Q_OBJECT

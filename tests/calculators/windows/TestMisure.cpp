@@ -44,8 +44,6 @@ constexpr QSize SchermoPiccolo(660, 300);
 
 }  // namespace
 
-Q_DECLARE_METATYPE(Apritore)
-
 class TestMisure : public QObject
 {
     Q_OBJECT

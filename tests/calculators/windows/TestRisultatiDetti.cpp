@@ -33,9 +33,6 @@ QString Detto(const QWidget* Finestra)
 
 }  // namespace
 
-Q_DECLARE_METATYPE(Mossa)
-Q_DECLARE_METATYPE(Apertura)
-
 class TestRisultatiDetti : public QObject, ConCalcoli
 {
     Q_OBJECT

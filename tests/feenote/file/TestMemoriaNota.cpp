@@ -11,16 +11,10 @@
 using namespace Qt::StringLiterals;
 
 using Cambio = std::function<void(Parcella&)>;
-Q_DECLARE_METATYPE(Cambio)
 
 namespace {
 
 constexpr auto IbanStudio = "IT60X0542811101000000123456";
-
-MemoriaFile MemoriaDi(const QString& File)
-{
-    return LeggiMemoria(OpenDatabase(File, true));
-}
 
 /// The record with what no opening brings back taken away: place, mark, the state of a new window.
 Parcella SenzaFinestra(Parcella Nota)

@@ -18,7 +18,6 @@ using namespace Qt::StringLiterals;
 using enum StatoNota;
 
 using Passo = std::function<void(Parcella&)>;
-Q_DECLARE_METATYPE(Passo)
 
 class TestMemoriaStato : public QObject
 {
@@ -52,11 +51,6 @@ void Paga(Parcella& Nota)
     const int Riga = NuovoAcconto(Nota);
     Nota.xAcconti(Riga, AccCorrispettivi) = 1e6;
     (void)SegueStato(Nota, Vista);
-}
-
-MemoriaFile MemoriaDi(const QString& File)
-{
-    return LeggiMemoria(OpenDatabase(File, true));
 }
 
 }  // namespace

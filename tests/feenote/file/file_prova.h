@@ -4,6 +4,7 @@
 #include "feenote/nota_prova.h"
 
 #include "feenote/file/colonne.h"
+#include "feenote/file/memorianota.h"
 #include "feenote/file/modLettura.h"
 #include "feenote/file/modPassword.h"
 #include "feenote/file/modPosaFile.h"
@@ -80,4 +81,9 @@ inline int NumeroRighe(const QString& File, const QString& Tabella)
 inline void EseguiSu(const QString& File, const QString& Sql, const QVariantList& Valori = {})
 {
     OpenDatabase(File).Execute(Sql, Valori);
+}
+
+inline MemoriaFile MemoriaDi(const QString& File)
+{
+    return LeggiMemoria(OpenDatabase(File, true));
 }

@@ -3,7 +3,6 @@
 
 #include "file_prova.h"
 
-#include "feenote/file/memorianota.h"
 #include "feenote/modVariazione.h"
 #include "feenote/tariffa_prova.h"
 
@@ -29,9 +28,4 @@ inline QString Salvata(const Studio& Ufficio, const Parcella& Nota)
     const QString File = Ufficio.File(QStringLiteral("nota.mdb"));
     ScriviNota(File, Nota);
     return File;
-}
-
-inline MemoriaFile MemoriaDi(const QString& File)
-{
-    return LeggiMemoria(OpenDatabase(File, true));
 }

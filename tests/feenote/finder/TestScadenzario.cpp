@@ -225,7 +225,7 @@ void Riempi(ElencoTrova& Elenco, const QList<std::pair<QString, VoceTrova>>& Voc
     Elenco.Ordina();
 }
 
-QStringList Nomi(const ElencoTrova& Elenco)
+QStringList NomiDi(const ElencoTrova& Elenco)
 {
     QStringList Tutti;
     for (const VoceTrova* Una : Elenco.NoteMostrate())
@@ -254,7 +254,7 @@ void TestScadenzario::filtri()
                     {u"modello"_s, Modello},
                     {u"[sotto]"_s, Cartella}});
     Elenco.FiltraStato(FiltroStato(Filtro));
-    QCOMPARE(::Nomi(Elenco), Nomi);
+    QCOMPARE(NomiDi(Elenco), Nomi);
     QCOMPARE(Elenco.Righe(), int(Nomi.size()) + 1);  // the folder stays
     QCOMPARE(Elenco.Filtrato(), Filtro != 0);
     QCOMPARE(Elenco.TutteLeNote(), 8);
@@ -267,14 +267,14 @@ void TestScadenzario::ilFiltroConIlTesto()
     Riempi(Elenco, {{u"rossi 2"_s, Voce(Inviata, 2, 2)},
                     {u"rossi 1"_s, Voce(Bozza, 1, 1)},
                     {u"verdi"_s, Voce(Inviata, 3, 3)}});
-    QCOMPARE(Nomi(Elenco), (QStringList{u"rossi 2"_s, u"verdi"_s}));
+    QCOMPARE(NomiDi(Elenco), (QStringList{u"rossi 2"_s, u"verdi"_s}));
     Elenco.Filtra(u"rossi"_s);
-    QCOMPARE(Nomi(Elenco), QStringList{u"rossi 2"_s});
+    QCOMPARE(NomiDi(Elenco), QStringList{u"rossi 2"_s});
     Elenco.FiltraStato(FiltroStato::Tutte);
-    QCOMPARE(Nomi(Elenco), (QStringList{u"rossi 1"_s, u"rossi 2"_s}));
+    QCOMPARE(NomiDi(Elenco), (QStringList{u"rossi 1"_s, u"rossi 2"_s}));
     Elenco.Filtra({});
     Elenco.Ordina(TrovaStato, false);
-    QCOMPARE(Nomi(Elenco), (QStringList{u"rossi 2"_s, u"verdi"_s, u"rossi 1"_s}));
+    QCOMPARE(NomiDi(Elenco), (QStringList{u"rossi 2"_s, u"verdi"_s, u"rossi 1"_s}));
 }
 
 void TestScadenzario::aperto_data()

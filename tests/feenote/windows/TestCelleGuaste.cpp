@@ -37,8 +37,6 @@ QString Cifre(int Quante)
 
 }  // namespace
 
-Q_DECLARE_METATYPE(PostoCella)
-
 class TestCelleGuaste : public QObject
 {
     Q_OBJECT

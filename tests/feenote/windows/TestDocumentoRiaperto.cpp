@@ -15,7 +15,6 @@ using namespace Qt::StringLiterals;
 using namespace salvataggi;
 
 using Mani = std::function<void(const frmParcelle*)>;
-Q_DECLARE_METATYPE(Mani)
 
 class TestDocumentoRiaperto : public QObject
 {

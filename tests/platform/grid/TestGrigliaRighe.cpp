@@ -3,8 +3,6 @@
 
 using namespace Qt::StringLiterals;
 
-Q_DECLARE_METATYPE(std::function<void(TabellaRighe&)>)
-
 class TestGrigliaRighe : public QObject
 {
     Q_OBJECT

@@ -65,8 +65,6 @@ const PrimaDelProgramma Presto;
 
 }  // namespace
 
-Q_DECLARE_METATYPE(FileBlocco::Esito)
-
 class TestBlocco : public QObject
 {
     Q_OBJECT

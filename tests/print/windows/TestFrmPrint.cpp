@@ -70,7 +70,7 @@ frmPrint& Apri(int Righe, const QString& Suffisso = u": calcolo termini"_s)
     return Finestra;
 }
 
-void Premi(frmPrint& Finestra, const QString& Chiave)
+void PremiPulsante(frmPrint& Finestra, const QString& Chiave)
 {
     QTest::mouseClick(Finestra.findChild<QToolButton*>(u"barPrint_"_s + Chiave), Qt::LeftButton);
 }
@@ -138,15 +138,15 @@ void TestFrmPrint::pagineConITasti()
     frmPrint& Finestra = Apri(150);
     const int Pagine = Finestra.vpFree().NumeroPagine();
     QCOMPARE(Pagine, 3);
-    Premi(Finestra, u"up"_s);
+    PremiPulsante(Finestra, u"up"_s);
     QCOMPARE(Pagina(Finestra), u"1/3"_s);
-    Premi(Finestra, u"down"_s);
+    PremiPulsante(Finestra, u"down"_s);
     QCOMPARE(Pagina(Finestra), u"2/3"_s);
-    Premi(Finestra, u"down"_s);
-    Premi(Finestra, u"down"_s);
+    PremiPulsante(Finestra, u"down"_s);
+    PremiPulsante(Finestra, u"down"_s);
     QCOMPARE(Pagina(Finestra), u"3/3"_s);
     QCOMPARE(Finestra.vpFree().PaginaInVista(), 3);
-    Premi(Finestra, u"up"_s);
+    PremiPulsante(Finestra, u"up"_s);
     QCOMPARE(Pagina(Finestra), u"2/3"_s);
 }
 
@@ -195,7 +195,7 @@ void TestFrmPrint::stampa()
         InstallaStampanti({[] { return QStringList{u"Ufficio"_s}; }, [&](const QPrinter&) { return true; }});
     const auto Rimetti = qScopeGuard([&] { InstallaStampanti(Sue); });
     frmPrint& Finestra = Apri(3);
-    Premi(Finestra, u"print"_s);
+    PremiPulsante(Finestra, u"print"_s);
     QVERIFY(QFile::exists(File));
     QVERIFY(QFile::remove(File));
 }
@@ -209,7 +209,7 @@ void TestFrmPrint::stampaSenzaStampanti()
     frmPrint& Finestra = Apri(3);
     Messaggi.Attendi(
         u"Nessuna stampante installata.\nInstallare una stampante, oppure salvare il documento in PDF."_s);
-    Premi(Finestra, u"print"_s);
+    PremiPulsante(Finestra, u"print"_s);
     QCOMPARE(Messaggi.Mostrati().size(), 1);
 }
 
@@ -219,14 +219,14 @@ void TestFrmPrint::salvaInPdf()
     const QString File = CartellaDiProva() + u"termini.pdf"_s;
     frmPrint& Finestra = Apri(3);
     Messaggi.AttendiSalva(File);
-    Premi(Finestra, u"pdf"_s);
+    PremiPulsante(Finestra, u"pdf"_s);
     QVERIFY(Messaggi.InizioDialogo().endsWith(u"/calcolo termini.pdf"));
     QVERIFY(QFile::exists(File));
     QCOMPARE(Finestra.statusBar()->currentMessage(), u"Salvato in "_s + File);
     Messaggi.AttendiSalva({});
     Apri(3);
     QVERIFY(Finestra.statusBar()->currentMessage().isEmpty());
-    Premi(Finestra, u"pdf"_s);
+    PremiPulsante(Finestra, u"pdf"_s);
     QVERIFY(Finestra.statusBar()->currentMessage().isEmpty());
 }
 
@@ -241,9 +241,9 @@ void TestFrmPrint::ricercaPrimaDellaFinestra()
 {
     frmPrint& Finestra = Apri(3);
     Finestra.vpFree().setFocus();
-    ::Premi(Qt::Key_F, Qt::ControlModifier);
+    Premi(Qt::Key_F, Qt::ControlModifier);
     Digita(u"Riga 2"_s);
-    ::Premi(Qt::Key_Escape);
+    Premi(Qt::Key_Escape);
     QVERIFY(Finestra.isVisible());
     QCOMPARE(Finestra.vpFree().TestoScelto(), u"Riga 2"_s);
 }
