@@ -5,6 +5,7 @@
 #include "platform/system/file.h"
 #include "platform/system/permessi.h"
 
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -41,23 +42,43 @@ QString FileAccantoA(const QString& Archivio)
     return FileVero(Archivio) + u".chiavi"_s;
 }
 
-/// Empty where nothing is kept beside an archive, or nothing that can be read.
+[[noreturn]] void NonSiLeggono(const QString& File, int Numero)
+{
+    throw Errore(Numero,
+                 u"Il file \"%1\" ricorda le chiavi già date dell'archivio e non si può leggere: una nuova "
+                 "potrebbe essere quella di un'altra persona. Verificare i permessi del file, o rimetterlo "
+                 "da una copia"_s.arg(File));
+}
+
+/// Empty where nothing is kept beside an archive. @throws Errore of a file that is there and cannot be read
 QJsonObject TenuteAccanto(const QString& Archivio)
 {
     const QString File = FileAccantoA(Archivio);
-    if (Archivio.isEmpty() || !EsisteFile(File))
+    if (Archivio.isEmpty() || !QFileInfo::exists(File))
         return {};
+    QByteArray Byte;
     try {
-        return QJsonDocument::fromJson(LeggiFile(File, MassimoAccanto)).object();
-    } catch (const Errore&) {
-        return {};  // who may read the archive alone adds names all the same
+        Byte = LeggiFile(File, MassimoAccanto);
+    } catch (const Errore& Guasto) {
+        if (Guasto.Numero == errori::FileMancante)
+            return {};
+        NonSiLeggono(File, Guasto.Numero);
     }
+    const QJsonDocument Letto = QJsonDocument::fromJson(Byte);
+    if (!Letto.isObject())
+        NonSiLeggono(File, errori::Accesso);
+    return Letto.object();
 }
 
+/// The last key that the archive itself keeps.
 qint64 UltimaTrattenuta(const Database& Db, const QString& Tabella)
 {
-    return std::max(Db.Annotazioni().value(NomeAnnotazione(Tabella)).toLongLong(),
-                    TenuteAccanto(Db.Percorso())[Tabella.toLower()].toInteger());
+    return Db.Annotazioni().value(NomeAnnotazione(Tabella)).toLongLong();
+}
+
+qint64 UltimaAccanto(const Database& Db, const QString& Tabella)
+{
+    return TenuteAccanto(Db.Percorso())[Tabella.toLower()].toInteger();
 }
 
 }  // namespace
@@ -65,7 +86,7 @@ qint64 UltimaTrattenuta(const Database& Db, const QString& Tabella)
 qint64 UltimaChiaveData(const Database& Db, const QString& Tabella)
 {
     return std::max({UltimaChiave(Db.OpenRecordset(Tabella)), UltimaTrattenuta(Db, Tabella),
-                     UltimaDelMotore(Db, Tabella).value_or(0)});
+                     UltimaAccanto(Db, Tabella), UltimaDelMotore(Db, Tabella).value_or(0)});
 }
 
 void TrattieniChiavi(const Database& Db, const QString& Tabella, qint64 Fino)
@@ -87,7 +108,11 @@ void TrattieniAccanto(const QString& Archivio, const QString& Tabella, qint64 Fi
     if (Tenute[Tabella.toLower()].toInteger() >= Fino)
         return;
     Tenute[Tabella.toLower()] = Fino;
-    ScriviFile(FileAccantoA(Archivio), QJsonDocument(Tenute).toJson());
+    const QString File = FileAccantoA(Archivio);
+    ScriviFile(File, QJsonDocument(Tenute).toJson(), Lettori::Cartella);
+    // Whoever may add names to the archive has to know them.
+    if (!SolaLettura(Archivio))
+        DaiPermessi(File, FileVero(Archivio), Lettori::Cartella);
 }
 
 std::optional<qint64> PrimaChiaveLibera(const Database& Db, const QString& Tabella)
@@ -96,7 +121,8 @@ std::optional<qint64> PrimaChiaveLibera(const Database& Db, const QString& Tabel
     if (std::ranges::none_of(Campi, EChiave))
         return std::nullopt;
     if (std::ranges::any_of(Campi, &Campo::Contatore) &&
-        UltimaDelMotore(Db, Tabella).value_or(0) >= UltimaTrattenuta(Db, Tabella))
+        UltimaDelMotore(Db, Tabella).value_or(0) >=
+            std::max(UltimaTrattenuta(Db, Tabella), UltimaAccanto(Db, Tabella)))
         return std::nullopt;
     return UltimaChiaveData(Db, Tabella) + 1;
 }
