@@ -9,6 +9,7 @@
 #include "platform/base/regionale.h"
 #include "platform/base/segni.h"
 #include "platform/database/database.h"
+#include "platform/system/percorsi.h"
 
 #include <QDate>
 
@@ -19,10 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The row of a table by its key.
-///
-/// A missing or unreadable archive answers like a missing row: the note keeps the names it holds, and the
-/// user is told that the link does not resolve.
+/// The row of a table by its key. @throws ArchivioIlleggibile
 template <class Lettura>
 auto CercaRiga(const QString& Tabella, int Chiave, Lettura Leggi)
     -> std::optional<decltype(Leggi(Recordset()))>
@@ -34,24 +32,22 @@ auto CercaRiga(const QString& Tabella, int Chiave, Lettura Leggi)
         if (Trovato.Eof())
             return std::nullopt;
         return Leggi(Trovato);
-    } catch (const Errore&) {
-        return std::nullopt;
+    } catch (const Errore& Guasto) {
+        throw ArchivioIlleggibile(Guasto);
     }
-}
-
-std::optional<QString> CercaNome(const QString& Tabella, int Chiave, const QString& Colonna)
-{
-    return CercaRiga(Tabella, Chiave,
-                     [&](const Recordset& Trovato) { return Trovato.Value(Colonna, QString()).toString(); });
 }
 
 /// A column as text; empty where an older archive does not have it.
 QString TestoColonna(const Recordset& Riga, const QString& Colonna)
 {
-    const QList<Campo> Campi = Riga.Campi();
-    const bool Presente = std::ranges::any_of(
-        Campi, [&](const Campo& Uno) { return Uno.Name.compare(Colonna, Qt::CaseInsensitive) == 0; });
-    return Presente ? CStr(Riga.Value(Colonna, QString())).trimmed() : QString();
+    return HaColonna(Riga.Campi(), Colonna) ? CStr(Riga.Value(Colonna, QString())).trimmed() : QString();
+}
+
+std::optional<QString> CercaNome(const QString& Tabella, int Chiave, const QString& Colonna)
+{
+    return CercaRiga(Tabella, Chiave, [&](const Recordset& Trovato) {
+        return HaColonna(Trovato.Campi(), Colonna) ? Trovato.Value(Colonna, QString()).toString() : QString();
+    });
 }
 
 DatiCliente LeggiRiga(const Recordset& Riga)
@@ -75,7 +71,20 @@ DatiCliente LeggiRiga(const Recordset& Riga)
     return Cliente;
 }
 
+/// The engine's own word for a lock speaks of a change that nobody wants here.
+QString FraseIlleggibile(const Errore& Causa)
+{
+    const QString File = PercorsoNativo(FileRubrica(sessione::ArchivioCliCon));
+    if (Causa.Numero == errori::DatiBloccati)
+        return u"L'archivio dei clienti è occupato da un altro programma: "_s + File;
+    const QString Frase = u"L'archivio dei clienti non si legge: "_s + Causa.Descrizione;
+    return Frase.contains(NomeFile(File)) ? Frase : Frase + u": "_s + File;
+}
+
 }  // namespace
+
+ArchivioIlleggibile::ArchivioIlleggibile(const Errore& Causa) : Errore(Causa.Numero, FraseIlleggibile(Causa))
+{}
 
 std::optional<QString> CercaCliente(int IDCli)
 {
@@ -90,15 +99,6 @@ std::optional<QString> CercaControparte(int IDCon, const QString& Colonna)
 std::optional<DatiCliente> LeggiCliente(int IDCli)
 {
     return CercaRiga(u"clienti"_s, IDCli, LeggiRiga);
-}
-
-bool ArchivioClientiLeggibile()
-{
-    try {
-        return ApriArchivio(FileRubrica(sessione::ArchivioCliCon), true).EsisteTabella(u"clienti"_s);
-    } catch (const Errore&) {
-        return false;
-    }
 }
 
 std::optional<TipoSoggetto> SoggettoScritto(const QString& Testo)

@@ -1,15 +1,26 @@
 // The rows of clients and counterparties in the law-office database.
 #pragma once
 
+#include "platform/base/errore.h"
+
 #include <QString>
 
 #include <optional>
 
-/// Column Nominativo of a client by its key; empty optional when there is no such row or no archive.
+/// The office's archive cannot be read: it is gone, damaged, or somebody keeps it locked. That says nothing
+/// of who is in it. The description is one sentence with the archive's path.
+struct ArchivioIlleggibile : Errore
+{
+    explicit ArchivioIlleggibile(const Errore& Causa);
+};
+
+/// Column Nominativo of a client by its key; empty optional when there is no such row.
+/// @throws ArchivioIlleggibile
 [[nodiscard]] std::optional<QString> CercaCliente(int IDCli);
 
 /// A name column of a counterparty by its key: "Nominativo" for a new note, "Controp" for a saved one.
-/// Each use keeps its own column.
+/// Each use keeps its own column; the text is empty where the archive does not have it.
+/// @throws ArchivioIlleggibile
 [[nodiscard]] std::optional<QString> CercaControparte(int IDCon, const QString& Colonna);
 
 /// What documents take of a client's row. Texts are trimmed; what the row lacks is empty.
@@ -30,11 +41,8 @@ struct DatiCliente
     friend bool operator==(const DatiCliente&, const DatiCliente&) = default;
 };
 /// The row of a client by its key; empty optional as for CercaCliente. A column that the archive does not
-/// have is empty.
+/// have is empty. @throws ArchivioIlleggibile
 [[nodiscard]] std::optional<DatiCliente> LeggiCliente(int IDCli);
-
-/// True when the office's archive can be read now.
-[[nodiscard]] bool ArchivioClientiLeggibile();
 
 /// Who a client is to the electronic invoice.
 enum class TipoSoggetto { Persona, Societa, Amministrazione, Estero };

@@ -2,6 +2,8 @@
 
 #include "cli/letture.h"
 #include "core/modAvvio.h"
+#include "core/modErrori.h"
+#include "core/rapportiunici.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
@@ -286,16 +288,16 @@ void ControllaOpzioni(const ComandoCli& Comando, const RigaComando& Chiamata)
 }
 
 int EseguiUno(const ComandoCli& Comando, const RigaComando& Chiamata, VoceCli& Voce,
-              const std::function<void(const QByteArray&)>& Uscita,
-              const std::function<void(const QByteArray&)>& Guasti)
+              const std::function<void(const QByteArray&)>& Uscita)
 {
     ControllaNumero(Comando, Chiamata.Valori, Chiamata);
+    const RapportiUnici UnaVolta;
     try {
         const Risposta Esito = Comando.Esegui(Chiamata.Valori, Chiamata);
         Uscita(Riga(Esito, Chiamata));
         return Esito.Fallita || Voce.Guasto() ? 1 : 0;
     } catch (...) {
-        Guasti(u"Errore: %1\n"_s.arg(TestoErrore(ErroreCorrente())).toUtf8());
+        RiferisciCorrente(0);
         return 1;
     }
 }
@@ -468,7 +470,7 @@ int EseguiCli(const QStringList& Argomenti, const std::function<QByteArray()>& I
         PreparaSessione(Chiamata);
         (void)Voce.Guasto();  // a setting that is off is told, but is no failure of the command
         return Chiamata.Ha(Opzione::Batch) ? EseguiTutti(*Comando, Chiamata, Ingresso, Uscita)
-                                           : EseguiUno(*Comando, Chiamata, Voce, Uscita, Guasti);
+                                           : EseguiUno(*Comando, Chiamata, Voce, Uscita);
     } catch (const ErroreUso& Uso) {
         Guasti(Uso.Testo.toUtf8() + '\n');
         return 2;

@@ -2,6 +2,7 @@
 #include "cli/comandi.h"
 
 #include "cli/letture.h"
+#include "core/modErrori.h"
 #include "feenote/finder/elencotrova.h"
 #include "feenote/finder/memoriatrova.h"
 #include "feenote/finder/nominativi.h"
@@ -84,6 +85,7 @@ Risposta ComandoScadenzario(const QStringList& Valori, const QString& Stato, con
                  {u"nomiIlleggibili"_s, Conto.NomiIlleggibili}},
                 !Parziale.isEmpty()};
     }
+    Protetta([&] { Nomi.PretendiLetto(); });  // names are those of the notes, codes are missing
     const ApertoTutto Somma = SommaAperto(Note, Elenco.NoteTutte());
     Righe += Parziale.isEmpty() ? FraseAperto(Somma) : FraseAperto(Somma) + u"; "_s + Parziale;
     return {Righe.join(u'\n'),

@@ -2,6 +2,7 @@
 #include "cli/comandi.h"
 
 #include "cli/letture.h"
+#include "core/modErrori.h"
 #include "feenote/finder/elencotrova.h"
 #include "feenote/finder/memoriatrova.h"
 #include "feenote/finder/nominativi.h"
@@ -59,6 +60,7 @@ Risposta ComandoTrova(const QStringList& Valori)
         [] { return true; }, MemoriaDelTrova());
     const ContoTrova Conto = Cammino.TrovaParc(Cartella);
     Elenco.Ordina();
+    Protetta([&] { Nomi.PretendiLetto(); });  // the names are those of the notes
 
     QStringList Righe;
     QJsonArray Note;

@@ -28,12 +28,13 @@ void ScriviBlocco(Parcella& Nota, FormaBlocco Forma, const QString& Testo);
 /// Composes txtDatiStaCli from the client of the note: the archive's row while there is a link, the text of
 /// txtCliente otherwise. Nothing changes for a note without a client, for a document that names none, and
 /// for a link that leads nowhere, which is told: "Cliente non trovato!".
+/// @throws ArchivioIlleggibile
 ///
 /// A company's block brings the representative of its row along, once for each client: what the user writes
 /// over it stays until the client changes.
 void GetDatiStaCli(Parcella& Nota, FormaBlocco Forma);
 
 /// The row of the client was written to: its representative takes the place of the one that it gave before,
-/// unless the user has written over that one or added to it.
+/// unless the user has written over that one or added to it. @throws ArchivioIlleggibile
 /// @return true when the note names another one than before
 bool SegueRappresentante(Parcella& Nota);

@@ -143,9 +143,12 @@ Lettera LetteraDi(const Parcella& Nota, int Tipo)
     Lettera Fatta;
     Fatta.Oggetto = InUnaRiga(ScriviModello(sessione::PostaOggetto, Valori));
     Fatta.Testo = ScriviModello(sessione::PostaTesto, Valori);
-    if (Nota.IDCli > 0)
-        if (const auto Cliente = LeggiCliente(Nota.IDCli))
+    try {
+        if (const auto Cliente = Nota.IDCli > 0 ? LeggiCliente(Nota.IDCli) : std::nullopt)
             Indirizza(Fatta, Cliente->Email.trimmed());
+    } catch (const ArchivioIlleggibile& Guasto) {
+        Fatta.Escluso = Guasto.Descrizione + u"\nIl destinatario va scritto a mano."_s;
+    }
     return Fatta;
 }
 

@@ -1,6 +1,7 @@
 #include "feenote/modParti.h"
 
 #include "addressbook/modClienti.h"
+#include "core/modErrori.h"
 #include "feenote/modBloccoCliente.h"
 #include "platform/system/messaggi.h"
 
@@ -127,6 +128,75 @@ void ProponiContrTipo(Parcella& Nota)
     Nota.ContrTipoDi = Nota.IDCli;
 }
 
+/// The note names a party whose name it has from nowhere.
+bool SenzaNome(const Parcella& Nota, ParteNota Parte)
+{
+    return LegameParte(Nota, Parte) > 0 && ParteScritta(Nota, Parte).Testo.isEmpty();
+}
+
+/// What prints comes from the archive: a name, the wording of the client, or who he is to an agreement.
+bool ServeArchivio(const Parcella& Nota)
+{
+    if (SenzaNome(Nota, ParteNota::Cliente) || SenzaNome(Nota, ParteNota::Controparte))
+        return true;
+    const FormaBlocco Forma = FormaDelBlocco(Nota);
+    if (Nota.IDCli <= 0 || Forma == FormaBlocco::Nessuna)
+        return false;
+    const bool Incarico = TipoDi(Nota.cmbTipoStampa).Pannello == PannelloStampa::Incarico;
+    return (Incarico && Nota.ContrTipoDi != Nota.IDCli) || !BloccoScritto(Nota, Forma);
+}
+
+/// What the user has written himself waits for no archive.
+void NonAspetta(Parcella& Nota)
+{
+    if (Nota.ArchivioNonLetto && !ServeArchivio(Nota))
+        Nota.ArchivioNonLetto.reset();
+}
+
+/// The name of a party that could not be read when the note was made. @throws ArchivioIlleggibile
+void RileggiNome(Parcella& Nota, ParteNota Parte)
+{
+    const int Chiave = LegameParte(Nota, Parte);
+    const bool Nuova = Nota.Percorso.isEmpty();
+    const std::optional<QString> Nome =
+        Parte == ParteNota::Cliente ? CercaCliente(Chiave)
+                                    : CercaControparte(Chiave, Nuova ? u"Nominativo"_s : u"Controp"_s);
+    if (!Nome && Parte == ParteNota::Cliente)
+        MsgErrore(u"Il cliente associato alla parcella non è stato trovato!"_s);
+    else if (Nome && !Nome->isEmpty())
+        Lega(Nota, Parte, Chiave, *Nome);
+}
+
+/// @throws ArchivioIlleggibile
+void Componi(Parcella& Nota)
+{
+    ProponiContrTipo(Nota);
+    const FormaBlocco Forma = FormaDelBlocco(Nota);
+    if (Forma == FormaBlocco::Nessuna)
+        return;
+    if (const std::optional<QString> Scritto = BloccoScritto(Nota, Forma))
+        Nota.txtDatiStaCli.Testo = *Scritto;
+    else
+        GetDatiStaCli(Nota, Forma);
+}
+
+/// @return false where the archive cannot be read
+bool ComponiSeSiLegge(Parcella& Nota)
+{
+    try {
+        if (Nota.ArchivioNonLetto)
+            for (const ParteNota Parte : {ParteNota::Cliente, ParteNota::Controparte})
+                if (SenzaNome(Nota, Parte))
+                    RileggiNome(Nota, Parte);
+        Componi(Nota);
+        Nota.ArchivioNonLetto.reset();
+        return true;
+    } catch (const ArchivioIlleggibile& Guasto) {
+        Nota.ArchivioNonLetto = {Guasto.Numero, Guasto.Descrizione};
+        return false;
+    }
+}
+
 }  // namespace
 
 int MassimoParte(ParteNota Parte)
@@ -163,6 +233,7 @@ void CambiaParte(Parcella& Nota, ParteNota Parte, const QString& Testo)
     SetModificata(Nota, true);
     if (Testo.isEmpty() && Voce(Parte).Legame && Nota.*Voce(Parte).Legame > 0)
         Dissocia(Nota, Parte);
+    NonAspetta(Nota);
 }
 
 void ScollegaParte(Parcella& Nota, ParteNota Parte)
@@ -172,6 +243,7 @@ void ScollegaParte(Parcella& Nota, ParteNota Parte)
     Dissocia(Nota, Parte);
     if (Parte == ParteNota::Cliente)
         RicomponiBlocco(Nota);
+    NonAspetta(Nota);
     SetModificata(Nota, true);
 }
 
@@ -180,6 +252,7 @@ void CambiaParteStampata(Parcella& Nota, ParteNota Parte, const QString& Testo)
     ScriviStampata(Nota, Parte, Testo.left(Voce(Parte).Massimo));
     if (Parte == ParteNota::Cliente)
         ScriviBlocco(Nota, FormaDelBlocco(Nota), Nota.txtDatiStaCli.Testo);
+    NonAspetta(Nota);
     SetModificata(Nota, true);
 }
 
@@ -203,14 +276,19 @@ FormaBlocco FormaDelBlocco(const Parcella& Nota)
 
 void RicomponiBlocco(Parcella& Nota)
 {
-    ProponiContrTipo(Nota);
-    const FormaBlocco Forma = FormaDelBlocco(Nota);
-    if (Forma == FormaBlocco::Nessuna)
-        return;
-    if (const std::optional<QString> Scritto = BloccoScritto(Nota, Forma))
-        Nota.txtDatiStaCli.Testo = *Scritto;
-    else
-        GetDatiStaCli(Nota, Forma);
+    if (!ComponiSeSiLegge(Nota))
+        GestioneErrori(Errore(Nota.ArchivioNonLetto->Numero, Nota.ArchivioNonLetto->Descrizione));
+}
+
+void SegnaNonLetto(Parcella& Nota, const Errore& Guasto)
+{
+    Nota.ArchivioNonLetto = {Guasto.Numero, Guasto.Descrizione};
+    NonAspetta(Nota);
+}
+
+bool RiprovaArchivio(Parcella& Nota)
+{
+    return !Nota.ArchivioNonLetto || ComponiSeSiLegge(Nota);
 }
 
 void RiceviDaRubrica(Parcella& Nota, const QString& Parola, int Chiave, const QString& Nome)
@@ -224,7 +302,7 @@ void RiceviDaRubrica(Parcella& Nota, const QString& Parola, int Chiave, const QS
         if (Cliente)
             RicomponiBlocco(Nota);
     } else if (Cliente) {
-        StampaCliente(Nota, Chiave, Nome);
+        Protetta([&] { StampaCliente(Nota, Chiave, Nome); });
     } else {
         CambiaParteStampata(Nota, Chiesta->Parte, Nome);
     }

@@ -5,6 +5,8 @@
 
 #include <QString>
 
+struct Errore;
+
 /// The texts that the first tab and the print data both show.
 enum class ParteNota { Cliente, Controparte, Oggetto };
 
@@ -34,7 +36,17 @@ void LasciaParteStampata(Parcella& Nota, ParteNota Parte);
 /// Words the client for the chosen document. A form that the user has written in shows his text, kept in
 /// BlocchiScritti; a document without a client leaves the block. For an agreement the row of a newly linked
 /// client first says whether it is a person or a company.
+///
+/// Where that takes an archive that cannot be read the user is told, and ArchivioNonLetto stays until it can:
+/// a document without the client's address and codes is none.
 void RicomponiBlocco(Parcella& Nota);
+/// The archive of clients could not be read for one of the note's links. Nothing is left to wait for where
+/// what prints does not come from there.
+void SegnaNonLetto(Parcella& Nota, const Errore& Guasto);
+/// Reads once more what the archive has not given, and tells nobody where it still does not; nothing while it
+/// has given all.
+/// @return false while something is missing
+bool RiprovaArchivio(Parcella& Nota);
 
 /// The address book's answer to "cli", "con" (first tab) or "c_cli", "c_con" (print data); any other word
 /// does nothing. The first tab links the party. So does the print data for one that is not linked yet; for
@@ -46,6 +58,7 @@ void RiceviDaRubrica(Parcella& Nota, const QString& Parola, int Chiave, const QS
 /// the client is worded anew, and his representative followed (SegueRappresentante). A row without a name, or
 /// one that is gone, changes nothing.
 /// @return true when the note shows something else than before
+/// @throws Errore the archive cannot be read; the note stays as it is
 bool SegueArchivio(Parcella& Nota, ParteNota Parte, int Chiave);
 
 /// The client is a person (0) or a company (1).

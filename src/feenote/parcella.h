@@ -146,6 +146,15 @@ struct AumentoSalvato
     friend bool operator==(const AumentoSalvato&, const AumentoSalvato&) = default;
 };
 
+/// What kept something from being read, as Errore has it.
+struct GuastoTenuto
+{
+    int Numero = 0;
+    QString Descrizione;
+
+    friend bool operator==(const GuastoTenuto&, const GuastoTenuto&) = default;
+};
+
 struct Parcella
 {
     // ---- parties and subject
@@ -153,6 +162,9 @@ struct Parcella
     int IDCon = 0;  ///< key in controparti
     /// Name of the linked row as the archive gave it last; empty without a link, and where no row was found.
     QString NomeCli, NomeCon;
+    /// Why a document has to wait: the archive of clients could not be read when it was to name or to word
+    /// the parties. See RicomponiBlocco.
+    std::optional<GuastoTenuto> ArchivioNonLetto;
     Casella txtCliente, txtControp, txtOggetto;
     Casella txtDatiStaCli, txtDatiStaControp, txtDatiStaOgg;  ///< the same as they will print
     /// The user has emptied the box of the print: a record that no window has filled has it empty too.

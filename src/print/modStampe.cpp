@@ -2,6 +2,7 @@
 
 #include "core/modLogoStampa.h"
 #include "core/sessione.h"
+#include "platform/base/errore.h"
 #include "print/modContratto.h"
 #include "print/modFatture.h"
 #include "print/modNotaSpese.h"
@@ -93,6 +94,10 @@ bool Anteprima(Superficie& vp, const Parcella& Nota, int Tipo)
     vp.Tag = u"1"_s;
     vp.PreviewPage = 1;
     PreparaPagina(vp, Nota, Tipo);
+    if (Nota.ArchivioNonLetto) {
+        const DocumentoAperto Bianco(vp);
+        throw Errore(Nota.ArchivioNonLetto->Numero, Nota.ArchivioNonLetto->Descrizione);
+    }
     const bool Composto = ComponiDocumento(vp, Nota, Tipo);
     AvvisaLogo();
     AvvisaClausole();  // a message may bring the next composition, and this one has ended

@@ -12,7 +12,8 @@
 ///
 /// @param Tipo a TipoStampa
 /// @return false when nothing was composed
-/// @throws Errore; what was drawn up to there stays on the surface
+/// @throws Errore; what was drawn up to there stays on the surface: nothing while the archive of clients
+/// could not be read for what the document says of the parties
 bool Anteprima(Superficie& vp, const Parcella& Nota, int Tipo);
 
 /// The margins of a document's page.

@@ -1,6 +1,7 @@
 // Damaged files of the program, one after the other, under every command that reads them: one sentence, which
 // names the file, and nothing that passes for an answer.
 #include "chiamata.h"
+#include "supporto/danni.h"
 #include "supporto/registratore.h"
 
 #include "platform/system/file.h"
@@ -11,11 +12,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-enum Danno { Troncato, Svuotato, Cartella, Illeggibile, Mancante, Danni };
-
-constexpr std::array<const char*, Danni> NomiDanni{"cut in half", "emptied", "a folder in its place",
-                                                   "without permission", "gone"};
 
 /// A program folder of its own, which is damaged.
 class Guasto
@@ -37,30 +33,7 @@ public:
         return ::Chiama(QStringList{u"--programma"_s, Programma, u"--utente"_s, Programma} + Argomenti);
     }
 
-    void Rovina(const QString& Nome, int Come) const
-    {
-        const QString File = Programma + Nome;
-        const QByteArray Sano = LeggiFile(File);
-        switch (Come) {
-        case Troncato:
-            ScriviFile(File, Sano.first(Sano.size() / 2));
-            break;
-        case Svuotato:
-            ScriviFile(File, {});
-            break;
-        case Illeggibile:
-            QVERIFY(QFile::setPermissions(File, {}));
-            break;
-        case Cartella:
-        case Mancante:
-            QVERIFY(QFile::remove(File));
-            if (Come == Cartella)
-                CreaCartella(File);
-            break;
-        default:
-            QFAIL("danno sconosciuto");
-        }
-    }
+    void Rovina(const QString& Nome, int Come) const { ::Rovina(Programma + Nome, Come); }
 
     QString Programma, Nota;
 };

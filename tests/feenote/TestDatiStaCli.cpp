@@ -1,3 +1,4 @@
+#include "supporto/guasti.h"
 #include "supporto/prova.h"
 
 #include "addressbook/modClienti.h"
@@ -22,8 +23,8 @@ private Q_SLOTS:
     void senzaLegameIlTestoDelCliente();
     void restaComEra_data();
     void restaComEra();
-    void clienteNonTrovato_data();
     void clienteNonTrovato();
+    void senzaArchivio();
     void rappresentanteDallArchivio();
     void rappresentanteScrittoResta();
     void rappresentanteDiUnClienteLibero();
@@ -202,25 +203,28 @@ void TestDatiStaCli::restaComEra()
     }
 }
 
-void TestDatiStaCli::clienteNonTrovato_data()
-{
-    QTest::addColumn<bool>("ConArchivio");
-    QTest::newRow("nome tolto dall'archivio") << true;
-    QTest::newRow("senza archivio") << false;
-}
-
 void TestDatiStaCli::clienteNonTrovato()
 {
     const Studio Ufficio;
     Registratore Messaggi;
-    QFETCH(bool, ConArchivio);
-    if (!ConArchivio)
-        QVERIFY(QFile::remove(sessione::ArchivioCliCon));
     Parcella Nota = NotaDi(999);
     Messaggi.Attendi(u"Cliente non trovato!"_s, vbOK, u"Errore:"_s);
     GetDatiStaCli(Nota, FormaBlocco::Testata);
     QCOMPARE(Nota.txtDatiStaCli.Testo, u"com'era"_s);
     QCOMPARE(Messaggi.Mostrati().size(), 1);
+}
+
+/// Of who is in an archive that is not there nothing is said.
+void TestDatiStaCli::senzaArchivio()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    QVERIFY(QFile::remove(sessione::ArchivioCliCon));
+    Parcella Nota = NotaDi(999);
+    const ErroreVisto Guasto = ErroreDi([&] { GetDatiStaCli(Nota, FormaBlocco::Testata); });
+    QCOMPARE(Guasto.Numero, 3024);
+    QVERIFY2(Guasto.Descrizione.contains(u"DatiStudio.mdb"_s), qPrintable(Guasto.Descrizione));
+    QCOMPARE(Nota.txtDatiStaCli.Testo, u"com'era"_s);
 }
 
 // ---- who signs for a company

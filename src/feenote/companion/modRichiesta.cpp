@@ -4,6 +4,7 @@
 #include "core/modErrori.h"
 #include "feenote/modNuovaParcella.h"
 #include "feenote/modParametri.h"
+#include "feenote/modParti.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/system/messaggi.h"
@@ -93,10 +94,9 @@ namespace {
 constexpr double ValoreEsattoRichiesta = 100.0;
 
 /// The linked parties of the request: a client that is gone is told, a counterparty stays nameless.
-void ApplicaParti(Parcella& Nota, const Richiesta& Dati)
+/// @throws ArchivioIlleggibile
+void NominaParti(Parcella& Nota)
 {
-    Nota.IDCli = Dati.IDCli;
-    Nota.IDCon = Dati.IDCon;
     if (Nota.IDCli > 0) {
         const std::optional<QString> Nome = CercaCliente(Nota.IDCli);
         if (!Nome)
@@ -108,6 +108,18 @@ void ApplicaParti(Parcella& Nota, const Richiesta& Dati)
         Nota.NomeCon = Nota.txtControp.Testo =
             CercaControparte(Nota.IDCon, u"Nominativo"_s).value_or(QString());
         Nota.txtDatiStaControp.Testo = Nota.txtControp.Testo;
+    }
+}
+
+void ApplicaParti(Parcella& Nota, const Richiesta& Dati)
+{
+    Nota.IDCli = Dati.IDCli;
+    Nota.IDCon = Dati.IDCon;
+    try {
+        NominaParti(Nota);
+    } catch (const ArchivioIlleggibile& Guasto) {
+        GestioneErrori(Guasto);
+        SegnaNonLetto(Nota, Guasto);
     }
 }
 

@@ -50,31 +50,48 @@ void ApplicaPsw(const NotaLetta& Letta)
 
 /// The linked party by its key, and the stored name where the link gives none.
 /// @return what the archive has for a row that was found
-QString ApplicaParte(int Chiave, const std::optional<QString>& Nome, const QString& Assente,
-                     const QString& Salvato, Casella& Box)
+QString ApplicaParte(int Chiave, const std::optional<QString>& Nome, const QString& Salvato, Casella& Box)
 {
-    if (Chiave > 0) {
-        if (!Nome)
-            MsgErrore(Assente);
+    if (Chiave > 0)
         Box.Testo = Nome.value_or(QString());
-    }
     if (Box.Testo.isEmpty())
         Box.Testo = Salvato;
     return Chiave > 0 && Nome ? Box.Testo : QString();
 }
 
-void ApplicaParti(const NotaLetta& Letta)
+/// What the archive has for the links of a note.
+struct NomiTrovati
+{
+    std::optional<QString> Cliente, Controparte;
+    std::optional<ArchivioIlleggibile> Guasto;
+};
+
+NomiTrovati CercaNomi(const Parcella& Nota)
+{
+    NomiTrovati Nomi;
+    try {
+        if (Nota.IDCli > 0 && !(Nomi.Cliente = CercaCliente(Nota.IDCli)))
+            MsgErrore(u"Il cliente associato alla parcella non è stato trovato!"_s);
+        if (Nota.IDCon > 0 && !(Nomi.Controparte = CercaControparte(Nota.IDCon, u"Controp"_s)))
+            MsgErrore(u"La controparte associata alla parcella non è stata trovata!"_s);
+    } catch (const ArchivioIlleggibile& Guasto) {
+        GestioneErrori(Guasto);
+        Nomi.Guasto = Guasto;
+    }
+    return Nomi;
+}
+
+/// An archive that cannot be read leaves the parties as the note names them.
+NomiTrovati ApplicaParti(const NotaLetta& Letta)
 {
     Parcella& Nota = Letta.Nota;
-    Nota.NomeCli = ApplicaParte(Nota.IDCli, Nota.IDCli > 0 ? CercaCliente(Nota.IDCli) : std::nullopt,
-                                u"Il cliente associato alla parcella non è stato trovato!"_s, Letta.Cliente,
-                                Nota.txtCliente);
-    Nota.NomeCon = ApplicaParte(
-        Nota.IDCon, Nota.IDCon > 0 ? CercaControparte(Nota.IDCon, u"Controp"_s) : std::nullopt,
-        u"La controparte associata alla parcella non è stata trovata!"_s, Letta.Controp, Nota.txtControp);
+    NomiTrovati Nomi = CercaNomi(Nota);
+    Nota.NomeCli = ApplicaParte(Nota.IDCli, Nomi.Cliente, Letta.Cliente, Nota.txtCliente);
+    Nota.NomeCon = ApplicaParte(Nota.IDCon, Nomi.Controparte, Letta.Controp, Nota.txtControp);
     Nota.txtDatiStaCli.Testo = Nota.txtCliente.Testo;
     Nota.txtDatiStaControp.Testo = Nota.txtControp.Testo;
     Nota.txtDatiStaOgg.Testo = Nota.txtOggetto.Testo;
+    return Nomi;
 }
 
 void ApplicaParametri(const NotaLetta& Letta, const MemoriaFile& Memoria)
@@ -224,7 +241,7 @@ bool CaricaTutto(Parcella& Nota, const QString& Percorso, const std::function<vo
     AvvisaVersioneNuova(File, Memoria);
     Nota.Percorso = Percorso;
     ApplicaPsw(Letta);
-    ApplicaParti(Letta);
+    const NomiTrovati Nomi = ApplicaParti(Letta);
     ApplicaParametri(Letta, Memoria);
     const int DelleRighe = CaricaRighe(Nota, File);
     const int Illeggibili = DelleRighe + CaricaAcconti(Nota, File);
@@ -243,9 +260,11 @@ bool CaricaTutto(Parcella& Nota, const QString& Percorso, const std::function<vo
     if (ETipoStampa(Letta.TipoStampa))
         ScegliTipoStampa(Nota, Letta.TipoStampa);
     ApplicaMemoriaDelTipo(Nota, Memoria);
-    // A client that is gone has been shown as such already; what the user wrote for him stays.
-    const bool Trovato = Nota.IDCli > 0 && CercaCliente(Nota.IDCli);
-    if (Trovato || BloccoScritto(Nota, FormaDelBlocco(Nota)))
+    // A client that is gone, and an archive that is shut, have been shown as such already; what the user
+    // wrote for him stays.
+    if (Nomi.Guasto)
+        SegnaNonLetto(Nota, *Nomi.Guasto);
+    if (!Nota.ArchivioNonLetto && (Nomi.Cliente || BloccoScritto(Nota, FormaDelBlocco(Nota))))
         RicomponiBlocco(Nota);
     return Illeggibili > 0;
 }

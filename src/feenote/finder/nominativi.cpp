@@ -1,5 +1,6 @@
 #include "feenote/finder/nominativi.h"
 
+#include "addressbook/modClienti.h"
 #include "addressbook/modRubrica.h"
 #include "core/sessione.h"
 #include "platform/accesso/accesso.h"
@@ -22,7 +23,7 @@ void Nominativi::SeguiArchivio()
     NonLetto = nullptr;
     const QFileInfo Info(PercorsoNativo(FileRubrica(sessione::ArchivioCliCon)));
     const qint64 Ora = Info.lastModified().toMSecsSinceEpoch();
-    Assente = !Info.isFile();
+    Assente = !Info.exists();
     if (Archivio == Info.filePath() && Byte == Info.size() && Modificata == Ora)
         return;
     Archivio = Info.filePath();
@@ -53,8 +54,8 @@ QString Nominativi::Nome(Tabella& Da, int Chiave)
         const QString Letto =
             Vai(Da, Chiave) ? CStr(Da.Righe.Value(u"Nominativo"_s)).simplified() : QString();
         return *Da.Trovati.insert(Chiave, Letto);
-    } catch (const Errore&) {
-        NonLetto = std::current_exception();
+    } catch (const Errore& Guasto) {
+        NonLetto = std::make_exception_ptr(ArchivioIlleggibile(Guasto));
         Assente = true;  // asked no more: an archive that somebody keeps locked is waited for at each key
         return {};
     }
@@ -85,8 +86,8 @@ CodiciCliente Nominativi::Codici(int IDCli)
             Letti = {CStr(Clienti.Righe.Value(u"CodFis"_s)).simplified(),
                      CStr(Clienti.Righe.Value(u"PIva"_s)).simplified()};
         return *CodiciTrovati.insert(IDCli, Letti);
-    } catch (const Errore&) {
-        NonLetto = std::current_exception();
+    } catch (const Errore& Guasto) {
+        NonLetto = std::make_exception_ptr(ArchivioIlleggibile(Guasto));
         Assente = true;
         return {};
     }

@@ -1,5 +1,6 @@
 #include "feenote/windows/PannelloFattura.h"
 
+#include "addressbook/modClienti.h"
 #include "core/modErrori.h"
 #include "feenote/codicifattura.h"
 #include "feenote/einvoice/adattatori.h"
@@ -209,7 +210,15 @@ Composizione PannelloFattura::Componi(const Parcella& Di, const QString& Progres
 /// place it does not.
 void PannelloFattura::ComponiTutto()
 {
-    Composta = Componi(Nota);
+    try {
+        Composta = Componi(Nota);
+    } catch (const ArchivioIlleggibile& Guasto) {
+        // A row of the list, and no box at each key, for as long as it lasts.
+        Composta = {};
+        Composta.Mancanze.append({Guasto.Descrizione, CampoFattura::Nessuno});
+        Scartata.reset();
+        return;
+    }
     Scartata = FatturaGiaScritta(Nota) ? std::nullopt : ForseScartato(Nota);
     if (!Scartata)
         return;

@@ -170,7 +170,16 @@ void PannelloFattura::Scrivi(const QString& Cartella, int Atteso, const QString&
     const StatoTenuto Stato = Nota.Stato;
     if (AlSuoPosto)
         PrendiIlPosto(Nota);  // before its payments are looked at
-    const FatturaElettronica Fattura = Componi(Nota, Progressivo).Fattura;
+    FatturaElettronica Fattura;
+    try {
+        Fattura = Componi(Nota, Progressivo).Fattura;
+    } catch (...) {
+        Nota.FatturaXml = Prima;
+        Nota.Stato = Stato;
+        SetModificata(Nota, !Intatta);
+        MsgErrore(NonScritta + ErroreCorrente().Descrizione);
+        return;
+    }
     const QString Nome = NomeFileFattura(Fattura);
     SegnaFatturaScritta(Nota, Nome, Progressivo);
     const bool Tenuta = Cornice.FatturaScritta(Intatta);

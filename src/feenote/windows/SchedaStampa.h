@@ -102,6 +102,11 @@ private:
     /// @param Invio for the companion application
     /// @return what kept the document's file from being written
     std::optional<Errore> Componi(bool Invio = false);
+    /// Reads the client once more where his row could not be read. @return false while it cannot
+    bool RileggiArchivio();
+    /// The same for a document that is to go out, which waits for that: the user is told why.
+    bool SiCompone();
+    void MostraAvviso();
 
     Parcella& Nota;
     CorniceNota& Cornice;
@@ -111,6 +116,7 @@ private:
     QButtonGroup* optContrTipo = nullptr;
     QAction* cmdEditor = nullptr;  ///< in barPrint, like the next
     QAction* cmdGuida = nullptr;
+    QString Avviso;            ///< for the preview's margin
     QString ClausoleComposte;  ///< StatoClausole when the document on view was composed
     QList<InvioChiesto> Attesi;
 };

@@ -8,6 +8,7 @@
 #include "feenote/companion/modPV2.h"
 #include "feenote/modDatiStampa.h"
 #include "feenote/modNomiProposti.h"
+#include "feenote/modParti.h"
 #include "feenote/windows/PannelloFattura.h"
 #include "feenote/windows/bottoniesporta.h"
 #include "feenote/windows/cornicenota.h"
@@ -37,6 +38,12 @@ namespace {
 bool HaEditor()
 {
     return !sessione::WP.isEmpty() && sessione::WP != u"-1";
+}
+
+/// Number of the failure that the user knows of; 0: none.
+int GiaDetto(const Parcella& Nota)
+{
+    return Nota.ArchivioNonLetto ? Nota.ArchivioNonLetto->Numero : 0;
 }
 
 }  // namespace
@@ -79,15 +86,39 @@ void SchedaStampa::Entra()
 {
     AbilitaBarra();  // the settings may have named another editor meanwhile
     Controlli->Rileggi();
+    (void)RileggiArchivio();
     Ricomponi();
     ui->vp->ImpostaPreviewPage(1);
 }
 
+bool SchedaStampa::RileggiArchivio()
+{
+    if (!Nota.ArchivioNonLetto)
+        return true;
+    const bool Letto = RiprovaArchivio(Nota);
+    Cornice.Riordinata();  // no step leads back to a client without his address
+    Cornice.MostraTutto();
+    return Letto;
+}
+
+bool SchedaStampa::SiCompone()
+{
+    if (!Nota.ArchivioNonLetto)
+        return true;
+    if (!RileggiArchivio()) {
+        GestioneErrori(Errore(Nota.ArchivioNonLetto->Numero, Nota.ArchivioNonLetto->Descrizione));
+        return false;
+    }
+    Ricomponi();
+    return true;
+}
+
 void SchedaStampa::Ricomponi()
 {
-    // A file that cannot be written is no message here: the page on view is whole.
+    // A file that cannot be written is no message here: the page on view is whole. An archive that cannot be
+    // read was told when it was asked, and stands in the page's margin.
     if (Nota.cmbTipoStampa != NessunaVoce)
-        Protetta([this] { (void)Componi(); });
+        Protetta([this] { (void)Componi(); }, GiaDetto(Nota));
 }
 
 QString SchedaStampa::StatoClausole() const
@@ -122,6 +153,7 @@ std::optional<Errore> SchedaStampa::Componi(bool Invio)
         if (vp->PaginaInVista() != 1)
             vp->ImpostaPreviewPage(1);
         MostraPagina();
+        MostraAvviso();
         ui->barPrint->MostraPagina();
     });
     if (TogliIbanAssente(Nota))
@@ -136,7 +168,7 @@ std::optional<Errore> SchedaStampa::Componi(bool Invio)
 void SchedaStampa::DopoSalvataggio()
 {
     if (Nota.cmbTipoStampa != NessunaVoce) {
-        Protetta([this] { (void)Componi(); });
+        Protetta([this] { (void)Componi(); }, GiaDetto(Nota));
         // What could not be composed leaves nothing to hand over: the last figures are another document's.
         if (!sessione::RichiestaPV2.ID.isEmpty() && Protetta([this] { (void)Componi(true); }))
             ConsegnaFattura(Nota);
@@ -151,6 +183,8 @@ void SchedaStampa::StampaParcella()
     if (!ETipoStampa(Nota.cmbTipoStampa) || Cornice.InDomanda())
         return;
     Cornice.ComponiInAttesa();
+    if (!SiCompone())
+        return;
     if (Cornice.InDialogo([vp] { return PrintDialog(*vp); }) == 0)
         return;
     if (PrintDoc(*vp, Nota.Nome))
@@ -160,7 +194,7 @@ void SchedaStampa::StampaParcella()
 
 void SchedaStampa::EsportaDocumento()
 {
-    if (Cornice.InDomanda())
+    if (Cornice.InDomanda() || !SiCompone())
         return;
     if (EsportaInWord(Cornice.Indice(), [&] { return Componi(); }))
         Cornice.DocumentoUscito(Nota.cmbTipoStampa);
@@ -171,6 +205,8 @@ void SchedaStampa::SalvaPdf()
     if (Cornice.InDomanda())
         return;
     Cornice.ComponiInAttesa();
+    if (!SiCompone())
+        return;
     const QString File = Cornice.InDialogo([this] {
         return EsportaPdf(*ui->vp, sessione::ParcellePath, NomeDocumentoProposto(Nota, Nota.cmbTipoStampa));
     });
@@ -182,7 +218,15 @@ void SchedaStampa::SalvaPdf()
 
 void SchedaStampa::ImpostaAvviso(const QString& Testo)
 {
-    ui->vp->ImpostaAvviso(Testo);
+    Avviso = Testo;
+    MostraAvviso();
+}
+
+void SchedaStampa::MostraAvviso()
+{
+    ui->vp->ImpostaAvviso(Nota.ArchivioNonLetto
+                              ? u"L'archivio dei clienti non si legge: il documento non si compone"_s
+                              : Avviso);
 }
 
 void SchedaStampa::MostraAnteprima()

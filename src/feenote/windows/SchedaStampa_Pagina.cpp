@@ -77,6 +77,8 @@ void SchedaStampa::Invia()
     if (Cornice.InDomanda())
         return;
     Cornice.ComponiInAttesa();
+    if (!SiCompone())
+        return;
     const auto Scrivi = [this](const QString& File, const QString& Titolo) {
         ui->vp->Pagine().ScriviPdf(File, Titolo);
     };

@@ -164,10 +164,12 @@ void ElencoControlli::LeggiArchivio()
     ArchivioLetto = Nota.IDCli <= 0 || RitentaArchivio.hasExpired();
     if (Nota.IDCli <= 0 || !ArchivioLetto)
         return;
-    Cliente = LeggiCliente(Nota.IDCli);
-    ArchivioLetto = Cliente || ArchivioClientiLeggibile();
-    if (!ArchivioLetto)
+    try {
+        Cliente = LeggiCliente(Nota.IDCli);
+    } catch (const ArchivioIlleggibile&) {
+        ArchivioLetto = false;
         RitentaArchivio.setRemainingTime(PausaMs);
+    }
 }
 
 void ElencoControlli::Mostra()

@@ -4,6 +4,7 @@
 #include "addressbook/modClienti.h"
 #include "addressbook/richiesta.h"
 #include "core/aperture.h"
+#include "core/modErrori.h"
 #include "core/sessione.h"
 #include "feenote/modParti.h"
 #include "feenote/windows/SchedaDatiBase.h"
@@ -87,8 +88,12 @@ void frmParcelle::oRubrica_SelDone(const QString& Parent, const QVariantList& Va
 void frmParcelle::ScegliNome(int Elemento, int Chiave)
 {
     const VoceCliCon& Voce = VociCliCon[size_t(Elemento)];
-    const std::optional<QString> Nome =
-        Voce.Parte == ParteNota::Cliente ? CercaCliente(Chiave) : CercaControparte(Chiave, u"Nominativo"_s);
+    std::optional<QString> Nome;
+    if (!Protetta([&] {
+            Nome = Voce.Parte == ParteNota::Cliente ? CercaCliente(Chiave)
+                                                    : CercaControparte(Chiave, u"Nominativo"_s);
+        }))
+        return;
     if (!Nome || Nome->trimmed().isEmpty()) {
         MsgBox(u"Il nominativo scelto non è più nell'archivio!"_s, vbExclamation,
                TitoloAvvertenza.toString());
@@ -106,7 +111,8 @@ void frmParcelle::NominativoCambiato(const QString& RecordSource, int ID)
         if (Voce.Tabella.compare(RecordSource, Qt::CaseInsensitive) != 0)
             continue;
         // What shows nothing new is not written again: a cell of the note may be in edit meanwhile.
-        const bool AltroNome = SegueArchivio(Nota, Voce.Parte, ID);
+        bool AltroNome = false;
+        Protetta([&] { AltroNome = SegueArchivio(Nota, Voce.Parte, ID); });
         if (AltroNome) {
             Storia.Dimentica(Nota);
             ApplicaStampa([] {});

@@ -3,6 +3,7 @@
 #include "core/modErrori.h"
 #include "core/modRecenti.h"
 #include "core/posti.h"
+#include "core/rapportiunici.h"
 #include "feenote/file/nomenota.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
@@ -103,6 +104,7 @@ void ConsegnaScelta(int Indice, int Numero, const QString& Parent, const QVarian
 
 void SegueNominativo(const QString& RecordSource, int ID)
 {
+    const RapportiUnici UnaVolta;
     Ognuna([&](frmParcelle& Finestra) { Finestra.NominativoCambiato(RecordSource, ID); });
 }
 

@@ -1,8 +1,14 @@
 // What the request of the companion application makes of a new note, and a note's reference of the session.
 #include "feenote/nota_prova.h"
 
+#include "supporto/danni.h"
+
 #include "feenote/companion/modRichiesta.h"
+#include "feenote/modDatiStampa.h"
+#include "feenote/modParti.h"
 #include "platform/system/messaggi.h"
+
+#include <QDir>
 
 using namespace Qt::StringLiterals;
 
@@ -36,6 +42,7 @@ private Q_SLOTS:
     void parti();
     void partiAssenti();
     void mentreSiDiceNonSiCompone();
+    void senzaArchivio_data();
     void senzaArchivio();
     void ilRiferimentoFaLaSessione();
     void delSoloRiferimentoNonSiSceglieNulla_data();
@@ -240,17 +247,46 @@ void TestRichiestaApplicata::partiAssenti()
     QCOMPARE(Nota.txtCliente.Testo + Nota.txtControp.Testo, QString());
 }
 
+void TestRichiestaApplicata::senzaArchivio_data()
+{
+    QTest::addColumn<int>("Come");
+
+    for (int Come = 0; Come < Danni; ++Come)
+        QTest::newRow(NomiDanni[size_t(Come)]) << Come;
+}
+
+/// Nobody is said to be missing; the names come when the archive does, and nothing is printed before.
 void TestRichiestaApplicata::senzaArchivio()
 {
+    QFETCH(int, Come);
     const Studio Ufficio;
-    QVERIFY(QFile::remove(sessione::ArchivioCliCon));
-    Registratore Messaggi;
     sessione::RichiestaPV2 = Chiedi(0, 2, 0);
-    sessione::RichiestaPV2.IDCli = 1;
-    Messaggi.Attendi(ClienteAssente);
+    sessione::RichiestaPV2.IDCli = Ufficio.AggiungiCliente(u"Verdi Anna"_s);
+    sessione::RichiestaPV2.IDCon = Ufficio.AggiungiControparte(u"Neri Carlo"_s);
+    const QByteArray Sano = LeggiFile(sessione::ArchivioCliCon);
+    Rovina(sessione::ArchivioCliCon, Come);
+    Registratore Messaggi;
+    Messaggi.Tollera();
     Parcella Nota;
     Apri(Nota);
+    QCOMPARE(Messaggi.Mostrati().size(), 1);
+    QVERIFY2(Messaggi.UltimoTesto().contains(u"DatiStudio.mdb"_s), qPrintable(Messaggi.UltimoTesto()));
     QCOMPARE(Nota.NsRif, u"2024/7"_s);
+    QVERIFY(Nota.ArchivioNonLetto.has_value());
+    QVERIFY(!RiprovaArchivio(Nota));
+    ScegliDocumento(Nota, StampaPrenotula);
+    QVERIFY(Nota.ArchivioNonLetto.has_value());
+    QCOMPARE(Messaggi.Mostrati().size(), 2);
+
+    QDir().rmdir(sessione::ArchivioCliCon);
+    QFile::remove(sessione::ArchivioCliCon);
+    ScriviFile(sessione::ArchivioCliCon, Sano);
+    QVERIFY(RiprovaArchivio(Nota));
+    QCOMPARE(Nota.txtCliente.Testo, u"Verdi Anna"_s);
+    QCOMPARE(Nota.txtDatiStaCli.Testo, u"Verdi Anna"_s);
+    QCOMPARE(Nota.txtControp.Testo, u"Neri Carlo"_s);
+    QVERIFY(!Nota.ArchivioNonLetto);
+    QCOMPARE(Messaggi.Mostrati().size(), 2);
 }
 
 void TestRichiestaApplicata::mentreSiDiceNonSiCompone()

@@ -6,6 +6,7 @@
 #include "core/sessione.h"
 #include "feenote/windows/noteaperte.h"
 #include "platform/preview/vistastampa.h"
+#include "platform/system/percorsi.h"
 
 #include <QDialog>
 #include <QPlainTextEdit>
@@ -543,8 +544,8 @@ void TestCliCon::sceltaSalvataRinominataCancellata()
     QCOMPARE(Chieste.back().KeyStart, u"ID=%1"_s.arg(ID));
 }
 
-/// The archive has gone while the book was open: what was chosen is linked, and what cannot be worded is
-/// told.
+/// The archive has gone while the book was open: what was chosen is linked, and what cannot be worded waits
+/// for it.
 void TestCliCon::archivioAssente()
 {
     ConRubrica();
@@ -552,12 +553,17 @@ void TestCliCon::archivioAssente()
     F->oRubrica_SelDone(u"cli"_s, {3, u"Verdi Anna"_s});
     QCOMPARE(F->Nota.IDCli, 3);
     ClicScheda(F, SchedaDiStampa);
-    T->Voce.Attendi(u"Cliente non trovato!"_s, vbOK, u"Errore:"_s);
+    const QString Detto =
+        u"Errore: L'archivio dei clienti non si legge: Database non trovato: %1 (3024)"_s.arg(
+            PercorsoNativo(sessione::ArchivioCliCon));
+    T->Voce.Attendi(Detto, vbOK, u"Errore:"_s);
     Scegli(Controllo<QComboBox>(F, "cmbTipoStampa"), StampaPreventivo);
     QCOMPARE(Controllo<QPlainTextEdit>(F, "txtDatiStaCli")->toPlainText(), u"Verdi Anna"_s);
-    // A second choice prints its name alone.
+    // Nobody is printed by his name alone.
+    T->Voce.Attendi(Detto, vbOK, u"Errore:"_s);
     F->oRubrica_SelDone(u"c_cli"_s, {4, u"Neri Ugo"_s});
-    QCOMPARE(Controllo<QPlainTextEdit>(F, "txtDatiStaCli")->toPlainText(), u"Neri Ugo"_s);
+    QCOMPARE(Controllo<QPlainTextEdit>(F, "txtDatiStaCli")->toPlainText(), u"Verdi Anna"_s);
+    T->Voce.Attendi(Detto, vbOK, u"Errore:"_s);
     SegueNominativo(u"clienti"_s, 3);
     QCOMPARE(F->Nota.txtCliente.Testo, u"Verdi Anna"_s);
 }

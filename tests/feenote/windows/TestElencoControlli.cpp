@@ -114,6 +114,8 @@ void TestElencoControlli::archivioIlleggibile()
 {
     const QString Archivio = sessione::ArchivioCliCon;
     sessione::ArchivioCliCon = T->Ufficio.File(u"manca/DatiStudio.mdb"_s);
+    T->Voce.Attendi(u"Errore: L'archivio dei clienti non si legge: Database non trovato: %1 (3024)"_s.arg(
+        sessione::ArchivioCliCon));
     F->NominativoCambiato(u"clienti"_s, IDCliente);
     QCOMPARE(Voci(), QStringList());
     sessione::ArchivioCliCon = Archivio;
