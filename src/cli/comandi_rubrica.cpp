@@ -31,8 +31,13 @@ Risposta ComandoEsporta(const QStringList& Valori, const QString& File, bool InS
 {
     ControllaUscita(File);
     const Recordset Righe = RigheRubrica(sessione::ArchivioCliCon, Valori[0], Valori.value(1));
-    ScriviFile(File, EsportaNominativi(Righe, InSchede ? FormatoEsporta::Vcard : FormatoEsporta::Csv),
-               Lettori::SoloUtente);
-    const int Quanti = Righe.RecordCount();
-    return {QString::number(Quanti), {{u"esportati"_s, Quanti}, {u"file"_s, File}}, false};
+    const NominativiEsportati Esito =
+        EsportaNominativi(Righe, InSchede ? FormatoEsporta::Vcard : FormatoEsporta::Csv);
+    ScriviFile(File, Esito.Byte, Lettori::SoloUtente);
+    QStringList Linee{QString::number(Esito.Quanti)};
+    if (const QString Altri = FraseTralasciati(Esito); !Altri.isEmpty())
+        Linee += Altri;
+    return {Linee.join(u'\n'),
+            {{u"esportati"_s, Esito.Quanti}, {u"senzaNome"_s, Esito.SenzaNome}, {u"file"_s, File}},
+            false};
 }

@@ -96,6 +96,17 @@ void TestCliRubrica::inUnFile()
     const QString Vcf = NuovaCartella() + u"nomi.vcf"_s;
     QCOMPARE(Rubrica({u"clienti"_s, u"--vcard"_s, Vcf}).Uscita, u"2\n"_s);
     QCOMPARE(LeggiFile(Vcf).count("BEGIN:VCARD"), 2);
+    // No card without a name: what is told is what stands in the file.
+    OpenDatabase(File).Execute(u"UPDATE clienti SET Nominativo=' ' WHERE ID=1"_s);
+    const QString Una = NuovaCartella() + u"nomi.vcf"_s;
+    QCOMPARE(Rubrica({u"clienti"_s, u"--vcard"_s, Una}).Uscita, u"1\n1 senza nome, tralasciato\n"_s);
+    QCOMPARE(LeggiFile(Una).count("BEGIN:VCARD"), 1);
+    const QString Ancora = NuovaCartella() + u"nomi.vcf"_s;
+    const QJsonObject Record =
+        QJsonDocument::fromJson(Rubrica({u"clienti"_s, u"--vcard"_s, Ancora, u"--json"_s}).Uscita.toUtf8())
+            .object();
+    QCOMPARE(Record[u"esportati"_s].toInt(), 1);
+    QCOMPARE(Record[u"senzaNome"_s].toInt(), 1);
     QCOMPARE(Chiama({u"lettere"_s, u"1"_s, u"--csv"_s, Csv}).Stato, 2);
 }
 

@@ -4,6 +4,7 @@
 #include "addressbook/modClienti.h"
 #include "addressbook/modScheda.h"
 #include "platform/base/fogliocsv.h"
+#include "platform/base/regionale.h"
 
 #include <QFileInfo>
 
@@ -63,14 +64,14 @@ QString ConEstensione(const QString& File)
     return Finito ? File : File + u".csv"_s;
 }
 
-QByteArray EsportaNominativi(const Recordset& DiRighe, FormatoEsporta Forma, const QList<int>& Posti,
-                             const std::function<bool(int, int)>& Prosegui)
+NominativiEsportati EsportaNominativi(const Recordset& DiRighe, FormatoEsporta Forma, const QList<int>& Posti,
+                                      const std::function<bool(int, int)>& Prosegui)
 {
     constexpr int OgniTante = 200;
     Recordset Righe = DiRighe.Clone();
     const QList<ColonnaRubrica> Colonne = ColonneEsportate(Righe.Campi());
     std::vector<QStringList> Fatte;
-    QByteArray Schede;
+    NominativiEsportati Esito;
     if (Forma == FormatoEsporta::Csv) {
         QStringList Titoli;
         for (const ColonnaRubrica& Colonna : Colonne)
@@ -87,10 +88,24 @@ QByteArray EsportaNominativi(const Recordset& DiRighe, FormatoEsporta Forma, con
         QStringList Celle;
         for (const ColonnaRubrica& Colonna : Colonne)
             Celle.append(TestoScheda(Righe.Value(Colonna.Nome)));
-        if (Forma == FormatoEsporta::Csv)
+        if (Forma == FormatoEsporta::Csv) {
             Fatte.push_back(Celle);
-        else
-            Schede += SchedaScritta(Celle, Colonne);
+            ++Esito.Quanti;
+        } else {
+            const QByteArray Scheda = SchedaScritta(Celle, Colonne);
+            Esito.Byte += Scheda;
+            ++(Scheda.isEmpty() ? Esito.SenzaNome : Esito.Quanti);
+        }
     }
-    return Forma == FormatoEsporta::Csv ? ScriviCsv(Fatte) : Schede;
+    if (Forma == FormatoEsporta::Csv)
+        Esito.Byte = ScriviCsv(Fatte);
+    return Esito;
+}
+
+QString FraseTralasciati(const NominativiEsportati& Esportati)
+{
+    if (Esportati.SenzaNome == 0)
+        return {};
+    return Esportati.SenzaNome == 1 ? u"1 senza nome, tralasciato"_s
+                                    : Format(Esportati.SenzaNome, u"#,##0") + u" senza nome, tralasciati"_s;
 }

@@ -11,6 +11,14 @@
 
 enum class FormatoEsporta { Csv, Vcard };
 
+/// What is to be written, and of how many rows it is made.
+struct NominativiEsportati
+{
+    QByteArray Byte;
+    int Quanti = 0;     ///< rows that stand in it
+    int SenzaNome = 0;  ///< rows that stand in no card, having no name
+};
+
 /// The form that a file's name asks for: cards for ".vcf", else rows.
 [[nodiscard]] FormatoEsporta FormatoDi(const QString& File);
 /// The name with the ending of its form, where it has none.
@@ -21,6 +29,9 @@ enum class FormatoEsporta { Csv, Vcard };
 /// @param Posti of the rows among these, all of them where there is none
 /// @param Prosegui asked now and then; false stops it, and nothing comes back
 /// @throws Errore as Recordset::Value
-[[nodiscard]] QByteArray EsportaNominativi(const Recordset& DiRighe, FormatoEsporta Forma,
-                                           const QList<int>& Posti = {},
-                                           const std::function<bool(int Fatte, int Tutte)>& Prosegui = {});
+[[nodiscard]] NominativiEsportati
+EsportaNominativi(const Recordset& DiRighe, FormatoEsporta Forma, const QList<int>& Posti = {},
+                  const std::function<bool(int Fatte, int Tutte)>& Prosegui = {});
+
+/// "2 senza nome, tralasciati"; empty where none was left out.
+[[nodiscard]] QString FraseTralasciati(const NominativiEsportati& Esportati);

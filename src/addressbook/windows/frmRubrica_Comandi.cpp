@@ -240,15 +240,18 @@ void frmRubrica::Esporta()
     const QString File = ConEstensione(Detta);
     if (!Sostituibile(File))
         return;
+    NominativiEsportati Esito;
     {
         const ClessidraAccesa Attesa;
-        ScriviFile(File, EsportaNominativi(Righe, FormatoDi(File), Scelte), Lettori::SoloUtente);
+        Esito = EsportaNominativi(Righe, FormatoDi(File), Scelte);
+        ScriviFile(File, Esito.Byte, Lettori::SoloUtente);
     }
-    const int Quanti = Scelte.isEmpty() ? Righe.RecordCount() : int(Scelte.size());
-    MostraEsportato(
-        (Quanti == 1 ? u"1 nominativo esportato"_s : Format(Quanti, u"#,##0") + u" nominativi esportati"_s) +
-            u" in \""_s + NomeFile(File) + u"\"."_s,
-        File);
+    const QString Altri = FraseTralasciati(Esito);
+    MostraEsportato((Esito.Quanti == 1 ? u"1 nominativo esportato"_s
+                                       : Format(Esito.Quanti, u"#,##0") + u" nominativi esportati"_s) +
+                        u" in \""_s + NomeFile(File) +
+                        (Altri.isEmpty() ? u"\"."_s : u"\"; "_s + Altri + u'.'),
+                    File);
 }
 
 void frmRubrica::RileggiTabella(bool Stessa)

@@ -35,6 +35,7 @@ private Q_SLOTS:
     void leRigheDiUnArchivio();
     void unFileTroppoGrande();
     void unFileCheNonCE();
+    void senzaNome();
     void siEsporta();
     void lEsportazioneRitorna_data();
     void lEsportazioneRitorna();
@@ -166,7 +167,7 @@ void TestSorgente::siEsporta()
     const Studio S;
     Riempi(S);
     const QByteArray Righe =
-        EsportaNominativi(OpenDatabase(S.File, true).OpenRecordset(u"clienti"_s), FormatoEsporta::Csv);
+        EsportaNominativi(OpenDatabase(S.File, true).OpenRecordset(u"clienti"_s), FormatoEsporta::Csv).Byte;
     const QStringList Linee = QString::fromUtf8(Righe).split(u"\r\n"_s);
     QVERIFY(Righe.startsWith("\xEF\xBB\xBF"));  // or a spreadsheet reads it in another code
     QCOMPARE(
@@ -179,12 +180,12 @@ void TestSorgente::siEsporta()
                  "0583;;'@a;"),
              qPrintable(Linee[1]));
     const QByteArray Schede =
-        EsportaNominativi(OpenDatabase(S.File, true).OpenRecordset(u"clienti"_s), FormatoEsporta::Vcard);
+        EsportaNominativi(OpenDatabase(S.File, true).OpenRecordset(u"clienti"_s), FormatoEsporta::Vcard).Byte;
     QCOMPARE(Schede.count("BEGIN:VCARD\r\nVERSION:4.0\r\n"), 2);
     QVERIFY(Schede.contains("KIND:org\r\nFN:Alfa Srl\r\n"));
     QVERIFY(EsportaNominativi(OpenDatabase(S.File, true).OpenRecordset(u"clienti"_s), FormatoEsporta::Csv, {},
                               [](int, int) { return false; })
-                .isEmpty());
+                .Byte.isEmpty());
 }
 
 void TestSorgente::lEsportazioneRitorna_data()
@@ -202,7 +203,8 @@ void TestSorgente::lEsportazioneRitorna()
     Riempi(Primo);
     const QString File =
         Primo.Scrivi(u"nomi"_s, EsportaNominativi(OpenDatabase(Primo.File, true).OpenRecordset(u"clienti"_s),
-                                                  FormatoEsporta(Forma)));
+                                                  FormatoEsporta(Forma))
+                                    .Byte);
     const Studio Secondo;
     const SorgenteNominativi Da(File);
     OpzioniSorgente Come;
@@ -221,7 +223,27 @@ void TestSorgente::iPostiScelti()
     for (const QString& Nome : {u"a"_s, u"b"_s, u"c"_s})
         S.Esegui(u"INSERT INTO clienti (Nominativo) VALUES (?)"_s, {Nome});
     const QByteArray Schede = EsportaNominativi(OpenDatabase(S.File, true).OpenRecordset(u"clienti"_s),
-                                                FormatoEsporta::Vcard, {2, 0});
+                                                FormatoEsporta::Vcard, {2, 0})
+                                  .Byte;
+/// A card is of a name: of the other rows it is said that they are not there.
+void TestSorgente::senzaNome()
+{
+    const Studio S;
+    for (const QString& Nome : {u"a"_s, QString(), u"  "_s})
+        S.Esegui(u"INSERT INTO clienti (Nominativo, Citta) VALUES (?, 'Lucca')"_s, {Nome});
+    const Recordset Righe = OpenDatabase(S.File, true).OpenRecordset(u"clienti"_s);
+    const NominativiEsportati Schede = EsportaNominativi(Righe, FormatoEsporta::Vcard);
+    QCOMPARE(Schede.Byte.count("BEGIN:VCARD"), Schede.Quanti);
+    QCOMPARE(Schede.Quanti, 1);
+    QCOMPARE(FraseTralasciati(Schede), u"2 senza nome, tralasciati"_s);
+    QCOMPARE(FraseTralasciati(EsportaNominativi(Righe, FormatoEsporta::Vcard, {0, 1})),
+             u"1 senza nome, tralasciato"_s);
+    const NominativiEsportati Foglio = EsportaNominativi(Righe, FormatoEsporta::Csv);
+    QCOMPARE(Foglio.Quanti, 3);
+    QCOMPARE(Foglio.Byte.count("Lucca"), 3);
+    QCOMPARE(FraseTralasciati(Foglio), QString());
+}
+
     QVERIFY(Schede.indexOf("FN:a") > 0 && Schede.indexOf("FN:c") > Schede.indexOf("FN:a"));
     QVERIFY(!Schede.contains("FN:b"));
 }
@@ -449,16 +471,6 @@ void TestSorgente::leVecchieParcelleSulDiscoPieno()
 /// What a program that was ended has left goes with the next one; another program's may be in use.
 void TestSorgente::leCopieDiLavoro()
 {
-    const QString Lavoro = CartellaDati() + u"importa/"_s;
-    CreaCartellaPrivata(Lavoro);
-    ScriviFile(Lavoro + u"1.mdb"_s, "x");
-    ScriviFile(Lavoro + u"2.mdb"_s, "x");
-    ScriviFile(Lavoro + u"3.mdb.blocco"_s, QByteArray());
-    QFile Vuoto(Lavoro + u"3.mdb.blocco"_s);
-    QVERIFY(Vuoto.open(QIODevice::ReadWrite) &&
-            Vuoto.setFileTime(QDateTime::currentDateTime().addSecs(-5), QFileDevice::FileModificationTime));
-    FileBlocco DiUnVivo(Lavoro + u"2.mdb.blocco"_s);
-    QCOMPARE(DiUnVivo.Prendi(0), FileBlocco::Esito::Preso);
     const Studio S;
     const QString File =
         ScriviAccess(S.Cartella + u"vecchio.mdb"_s,

@@ -34,6 +34,7 @@ private Q_SLOTS:
     void siEsporta();
     void siEsportaSullaStessa();
 };
+    void siEsportaSenzaNome();
 PROVA(TestFrmImporta);
 
 void TestFrmImporta::leDidascalieEINomi()
@@ -452,6 +453,18 @@ void TestFrmImporta::siEsporta()
 
 void TestFrmImporta::siEsportaSullaStessa()
 {
+/// There is no card without a name.
+void TestFrmImporta::siEsportaSenzaNome()
+{
+    OpenDatabase(A->File).Execute(u"UPDATE clienti SET Nominativo='' WHERE Nominativo LIKE 'Rossi%'"_s);
+    frmRubrica* R = A->Apri(A->DaScrivania());
+    A->Voce.AttendiSalva(Cartella + u"nomi.vcf"_s);
+    A->Voce.Attendi(u"3 nominativi esportati in \"nomi.vcf\"; 2 senza nome, tralasciati."_s, vbOK,
+                    u"Messaggio:"_s);
+    R->Comando(u"esporta"_s);
+    QCOMPARE(LeggiFile(Cartella + u"nomi.vcf"_s).count("BEGIN:VCARD"), 3);
+}
+
     frmRubrica* R = A->Apri(A->DaScrivania());
     const QString File = Salva(u"nomi.csv"_s, "prima");
     A->Voce.AttendiSalva(File);
