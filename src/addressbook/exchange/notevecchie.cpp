@@ -179,11 +179,16 @@ private:
         if (!Fuori)
             throw Interrotto();
         Copie.append(Fatta(Nuovo));
-        ImpostaDataFile(Nuovo, DataFile(Vecchio));
-        Copie.last() = Fatta(Nuovo);
         Esito.Copiata = true;
         QStringList Detti = *Fuori;
         Detti.removeIf(TabellaDiSistema);
+        try {
+            ImpostaDataFile(Nuovo, DataFile(Vecchio));
+            Copie.last() = Fatta(Nuovo);
+        } catch (const Errore&) {
+            // Shares with an owner of their own let nobody set a date.
+            Detti.append(u"la data del file, che è quella della copia"_s);
+        }
         Esito.Detto = Detti.join(u"; "_s);
     }
     void FaiCartella(const QString& Cartella)

@@ -304,7 +304,8 @@ void ImpostaDataFile(const QString& Percorso, const QDateTime& Quando)
     QFile File(PercorsoNativo(Percorso));
     if (!File.exists())
         throw Errore(errori::FileMancante);
-    if (!File.open(QIODevice::ReadWrite) || !File.setFileTime(Quando, QFileDevice::FileModificationTime))
+    if (guasti::DateRifiutate || !File.open(QIODevice::ReadWrite) ||
+        !File.setFileTime(Quando, QFileDevice::FileModificationTime))
         throw Errore(errori::Accesso);
 }
 

@@ -31,6 +31,9 @@ inline int RinominaRifiutata = 0;
 /// lifts it.
 inline int PermessiRifiutati = 0;
 
+/// Nobody may set the date of a file, as on a share with an owner of its own.
+inline bool DateRifiutate = false;
+
 /// Asked before the bytes of a finished file are waited for, with its path; false is a disk that fails.
 inline std::function<bool(const QString& File)> PrimaDelDisco;
 

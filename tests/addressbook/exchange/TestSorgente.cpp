@@ -7,15 +7,11 @@
 #include "addressbook/exchange/esporta.h"
 #include "addressbook/exchange/notevecchie.h"
 #include "addressbook/exchange/turnoarchivio.h"
-#include "core/sessione.h"
 #include "platform/base/errore.h"
-#include "platform/system/blocco.h"
-#include "platform/system/cartelle.h"
 #include "platform/system/guasti.h"
 #include "supporto/guasti.h"
 #include "supporto/scrittoreaccess.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QScopedValueRollback>
 
@@ -35,11 +31,11 @@ private Q_SLOTS:
     void leRigheDiUnArchivio();
     void unFileTroppoGrande();
     void unFileCheNonCE();
-    void senzaNome();
     void siEsporta();
     void lEsportazioneRitorna_data();
     void lEsportazioneRitorna();
     void iPostiScelti();
+    void senzaNome();
     void lEstensione();
     void unArchivioIntero();
     void accantoAUnArchivioPieno();
@@ -52,11 +48,11 @@ private Q_SLOTS:
     void leCopieDentroLOrigine();
     void leVecchieParcelleSiFermano();
     void leVecchieParcelleSulDiscoPieno();
+    void leVecchieParcelleSenzaData();
     void leVecchieParcelleRifiutate();
     void leCartelleNonGuardate();
     void laLetturaSiFerma_data();
     void laLetturaSiFerma();
-    void leCopieDiLavoro();
     void chiLeLegge_data();
     void chiLeLegge();
 };
@@ -225,6 +221,10 @@ void TestSorgente::iPostiScelti()
     const QByteArray Schede = EsportaNominativi(OpenDatabase(S.File, true).OpenRecordset(u"clienti"_s),
                                                 FormatoEsporta::Vcard, {2, 0})
                                   .Byte;
+    QVERIFY(Schede.indexOf("FN:a") > 0 && Schede.indexOf("FN:c") > Schede.indexOf("FN:a"));
+    QVERIFY(!Schede.contains("FN:b"));
+}
+
 /// A card is of a name: of the other rows it is said that they are not there.
 void TestSorgente::senzaNome()
 {
@@ -242,10 +242,6 @@ void TestSorgente::senzaNome()
     QCOMPARE(Foglio.Quanti, 3);
     QCOMPARE(Foglio.Byte.count("Lucca"), 3);
     QCOMPARE(FraseTralasciati(Foglio), QString());
-}
-
-    QVERIFY(Schede.indexOf("FN:a") > 0 && Schede.indexOf("FN:c") > Schede.indexOf("FN:a"));
-    QVERIFY(!Schede.contains("FN:b"));
 }
 
 void TestSorgente::lEstensione()
@@ -468,25 +464,24 @@ void TestSorgente::leVecchieParcelleSulDiscoPieno()
     QCOMPARE(QDir(A).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
 }
 
-/// What a program that was ended has left goes with the next one; another program's may be in use.
-void TestSorgente::leCopieDiLavoro()
+/// The date is not what the user has asked for: a note that stands there is copied.
+void TestSorgente::leVecchieParcelleSenzaData()
 {
     const Studio S;
-    const QString File =
-        ScriviAccess(S.Cartella + u"vecchio.mdb"_s,
-                     {.Tabelle = {{.Nome = u"clienti"_s, .Colonne = {{.Nome = u"Nominativo"_s}}}}});
-    {
-        const ArchivioNativo Aperto(File);
-        QVERIFY(Aperto.File().startsWith(Lavoro));
-        constexpr QFile::Permissions Altri =
-            QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
-        QCOMPARE(QFile::permissions(Aperto.File()) & Altri, QFile::Permissions());
-        QCOMPARE(QFile::permissions(Lavoro) & Altri, QFile::Permissions());
-        TogliRestiDiSorgenti();
-        QVERIFY(EsisteFile(Aperto.File()));
-    }
-    QCOMPARE(ContenutoDi(Lavoro), (QStringList{u"2.mdb"_s, u"2.mdb.blocco"_s}));
-    QCOMPARE(ContenutoDi(S.Cartella), (QStringList{u"DatiStudio.mdb"_s, u"vecchio.mdb"_s}));
+    const QString A = NuovaCartella();
+    const QScopedValueRollback Fissa(guasti::DateRifiutate, true);
+    const auto Esiti = CopiaNote(S.Cartella, A);
+    QCOMPARE(Conta(*Esiti).Copiate, 1);
+    QVERIFY(EsisteFile(A + u"DatiStudio.mdb"_s));
+    const QString Resoconto = ResocontoNote(S.Cartella, A, *Esiti);
+    QVERIFY2(Resoconto.contains(u"DatiStudio.mdb: copiata; tralasciati: la data del file, che è quella della "
+                                "copia\n"),
+             qPrintable(Resoconto));
+    // Stopped, it goes like any other.
+    const QString B = NuovaCartella();
+    QVERIFY(QFile::copy(S.File, S.Cartella + u"altra.mdb"_s));
+    QVERIFY(!CopiaNote(S.Cartella, B, [](int Fatte, int) { return Fatte == 0; }));
+    QCOMPARE(ContenutoDi(B), QStringList());
 }
 
 void TestSorgente::leVecchieParcelleRifiutate()
