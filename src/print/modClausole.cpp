@@ -179,9 +179,9 @@ QString ClausoleDaModificare(const QString& Nome)
     const QString Fornita = FileFornito(Nome);
     if (!EsisteFile(Fornita))
         throw Errore(errori::FileMancante, DescrizioneErrore(errori::FileMancante) + u": "_s + Fornita);
-    CreaCartella(CartellaFile(Propria));
+    CreaCartellaDiUtente(CartellaFile(Propria));
     // Another window may have made it meanwhile: nothing that the office has written is replaced.
-    (void)CreaFile(Propria, LeggiFile(Fornita));
+    (void)CreaFile(Propria, LeggiFile(Fornita), Lettori::Cartella);
     return Propria;
 }
 

@@ -5,10 +5,14 @@
 #include "campioni.h"
 #include "platform/document/letture.h"
 #include "platform/system/file.h"
+#include "print/modClausole.h"
 #include "print/modStampe.h"
 
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <QScopeGuard>
+
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -48,6 +52,7 @@ class TestClausole : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void leProprieSonoDelSoloUtente();
     void siLeggono_data();
     void siLeggono();
     void gliArticoliProseguono_data();
@@ -61,6 +66,25 @@ private Q_SLOTS:
     void leInterruzioniDiPagina();
 };
 PROVA(TestClausole);
+
+/// They may name the office's clients.
+void TestClausole::leProprieSonoDelSoloUtente()
+{
+    const mode_t Prima = ::umask(022);
+    const auto Rimetti = qScopeGuard([Prima] {
+        ::umask(Prima);
+        AzzeraSessione();
+    });
+    AzzeraSessione();
+    sessione::UserFolder = NuovaCartella() + u"utente/"_s;
+    sessione::PercorsoProg = SorgenteDiProva(u"programma/"_s);
+    const QString File = ClausoleDaModificare(u"ContrattoPersonaFisica.rtf"_s);
+    QVERIFY(File.startsWith(sessione::UserFolder));
+    constexpr QFile::Permissions Altri =
+        QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
+    for (const QString& Uno : {File, CartellaFile(File), sessione::UserFolder})
+        QCOMPARE(QFileInfo(Uno).permissions() & Altri, QFile::Permissions());
+}
 
 void TestClausole::siLeggono_data()
 {

@@ -13,7 +13,6 @@
 #include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
-#include "platform/system/permessi.h"
 #include "platform/system/shell.h"
 #include "tariffs/decreto.h"
 
@@ -39,10 +38,8 @@ void CopiaSeManca(const QString& Nome, const QString& Cartella)
     const QString Origine = TrovaFile(CartellaProgramma() + Nome);
     // Two programs may be started at once: of two copies the first one counts, it may be in use already.
     if (EsisteFile(Origine) && !EsisteFile(TrovaFile(Cartella + Nome)) &&
-        CreaFile(Cartella + Nome, LeggiFile(Origine))) {
-        DaiPermessi(Cartella + Nome, {}, Lettori::Cartella);
+        CreaFile(Cartella + Nome, LeggiFile(Origine), Lettori::Cartella))
         ImpostaDataFile(Cartella + Nome, DataFile(Origine));
-    }
 }
 
 void PreparaCartellaUtente()

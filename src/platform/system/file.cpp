@@ -311,7 +311,7 @@ void ImpostaDataFile(const QString& Percorso, const QDateTime& Quando)
 
 void CreaCartellaPrivata(const QString& Percorso)
 {
-    CreaCartella(Percorso);
+    CreaCartellaDiUtente(Percorso);
     DaiPermessi(Percorso, {}, Lettori::SoloUtente);
 }
 

@@ -90,7 +90,8 @@ bool CopiaFile(const QString& Da, const QString& A, qint64 MassimoByte,
 /// @throws Errore 53 no such file, 75 refused
 void ImpostaDataFile(const QString& Percorso, const QDateTime& Quando);
 
-/// Creates the whole path, its last folder for this user alone; one that is there becomes so.
+/// Creates the whole path, its last folder for this user alone; one that is there becomes so. The folders
+/// above that it makes are as CreaCartellaDiUtente makes them.
 /// @throws Errore 75 when it cannot be made
 void CreaCartellaPrivata(const QString& Percorso);
 

@@ -4,9 +4,16 @@
 #include "platform/base/numerierrore.h"
 #include "platform/database/database.h"
 #include "platform/system/file.h"
+#include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 
+#include <QScopeGuard>
+#include <QScopedValueRollback>
+
+#include <cerrno>
 #include <memory>
+
+#include <sys/stat.h>
 
 class TestPrimoUso : public QObject
 {
@@ -21,6 +28,7 @@ private Q_SLOTS:
     void nonSostituisceUnArchivio_data();
     void nonSostituisceUnArchivio();
     void archivioDiSolaLettura();
+    void archivioDelSoloUtente();
     void senzaArchivioVuoto();
     void parcelleAccantoAlProgramma_data();
     void parcelleAccantoAlProgramma();
@@ -133,6 +141,29 @@ void TestPrimoUso::archivioDiSolaLettura()
     ImpostaSolaLettura(Programma + u"DatiStudio.mdb"_s, true);
     PrimoUso();
     QVERIFY(!SolaLettura(Documenti + u"Calcanova/DatiStudio.mdb"_s));
+}
+
+/// An archive of clients is the user's from its first moment on: one for all to read, that a refusal or a
+/// kill leaves, would be taken for his at the next start.
+void TestPrimoUso::archivioDelSoloUtente()
+{
+    const mode_t Umask = ::umask(022);
+    const auto Rimetti = qScopeGuard([Umask] { ::umask(Umask); });
+    Registratore Box;
+    const QString File = Documenti + u"Calcanova/DatiStudio.mdb"_s;
+    PrimoUso();
+    QCOMPARE(QFileInfo(File).permissions() & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+    QVERIFY(QFile::remove(File));
+    Scena::Salva(u"ArchivioCliCon"_s, QString());
+    {
+        const QScopedValueRollback Rifiuta(guasti::PermessiRifiutati, EACCES);
+        Box.Attendi(NonPreparate({u"l'archivio dei clienti"_s}), vbOK, u"Errore:"_s);
+        PrimoUso();
+        QVERIFY(!EsisteFile(File));
+    }
+    PrimoUso();
+    QCOMPARE(QFileInfo(File).permissions() & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+    QCOMPARE(Scena::Parametro(u"ArchivioCliCon"_s), File);
 }
 
 void TestPrimoUso::senzaArchivioVuoto()

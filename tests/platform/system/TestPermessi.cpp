@@ -149,6 +149,9 @@ void TestPermessi::cartelle()
     CreaCartellaDiUtente(Cartella + u"a/b"_s);
     QTEST(int(Modo(Cartella + u"a"_s)), "Atteso");
     QTEST(int(Modo(Cartella + u"a/b"_s)), "Atteso");
+    CreaCartellaPrivata(Cartella + u"c/d"_s);
+    QTEST(int(Modo(Cartella + u"c"_s)), "Atteso");
+    QCOMPARE(int(Modo(Cartella + u"c/d"_s)) & 0777, 0700);
     Imposta(Cartella + u"a"_s, 0711);
     CreaCartellaDiUtente(Cartella + u"a"_s);
     QVERIFY2(Modo(Cartella + u"a"_s) == 0711, "one that is there is nobody's business");
