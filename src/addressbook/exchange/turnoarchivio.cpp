@@ -3,6 +3,7 @@
 #include "addressbook/exchange/tabellaestranea.h"
 #include "platform/base/errore.h"
 #include "platform/system/file.h"
+#include "platform/system/percorsi.h"
 
 #include <algorithm>
 #include <array>
@@ -17,8 +18,21 @@ QString FileDelTurno(const QString& Archivio)
 void PrendiTurno(FileBlocco& Turno)
 {
     constexpr int AttesaMs = 2000;  // longer than the lock counts that a killed program has left unsigned
-    if (Turno.Prendi(AttesaMs) == FileBlocco::Esito::Altrui)
+    switch (Turno.Prendi(AttesaMs)) {
+    case FileBlocco::Esito::Preso:
+        return;
+    case FileBlocco::Esito::Altrui:
         RifiutaFile(u"Un altro programma sta importando nello stesso archivio: riprovare fra poco."_s);
+    case FileBlocco::Esito::Abbandonato:
+        RifiutaFile(u"Un altro computer ha cominciato un'importazione nello stesso archivio, e non si sa se "
+                    "l'abbia finita: se nessuno sta importando, eliminare il file \"%1\" e riprovare."_s.arg(
+                        Turno.Percorso()));
+    case FileBlocco::Esito::Rifiutato:
+        throw Errore(errori::Accesso,
+                     DescrizioneErrore(errori::Accesso) + u": "_s + CartellaFile(Turno.Percorso()));
+    case FileBlocco::Esito::Impedito:
+        throw Errore(errori::SpazioDatabase);
+    }
 }
 
 bool NonEQuello(const Errore& Guasto)

@@ -8,9 +8,13 @@
 #include "platform/database/connessione.h"
 #include "supporto/guasti.h"
 
+#include "platform/system/blocco.h"
+#include "platform/system/cartelle.h"
+#include "platform/system/percorsi.h"
 #include <QDir>
 
 using namespace Qt::StringLiterals;
+#include <QDateTime>
 
 namespace {
 
@@ -128,6 +132,9 @@ private Q_SLOTS:
 };
 PROVA(TestArchiviVivi);
 
+    void ilTurnoNegato();
+    void iRestiDiUnAltro();
+    void leCopieDiLavoro();
 void TestArchiviVivi::unArchivioIntero()
 {
     QFETCH(Lasciato, Come);
@@ -223,3 +230,104 @@ void TestArchiviVivi::unoDanneggiato()
 }
 
 #include "TestArchiviVivi.moc"
+/// Whoever has not got the turn does not go on as if he had.
+void TestArchiviVivi::ilTurnoNegato()
+{
+    const Studio Vecchio;
+    const QString Cartella = NuovaCartella();
+    const QString Turno = FileDelTurno(Cartella + u"DatiStudio.mdb"_s);
+    ScriviFile(Turno, "4321\ncalcanova\nsegreteria\n");
+    ImpostaDataFile(Turno, QDateTime::currentDateTime().addSecs(-3600));
+    QCOMPARE(DescrizioneErroreDi([&] { (void)PrendiArchivio(Vecchio.File, Cartella); }),
+             u"Un altro computer ha cominciato un'importazione nello stesso archivio, e non si sa se l'abbia "
+             u"finita: "
+             "se nessuno sta importando, eliminare il file \"%1\" e riprovare."_s.arg(Turno));
+    QCOMPARE(ContenutoDi(Cartella), QStringList{NomeFile(Turno)});
+    QVERIFY(QFile::remove(Turno));
+    QVERIFY(PrendiArchivio(Vecchio.File, Cartella));
+    // Where none can be made there is none to be had.
+    FileBlocco Nessuno(FileDelTurno(Cartella + u"manca/DatiStudio.mdb"_s));
+    QCOMPARE(NumeroErrore([&] { PrendiTurno(Nessuno); }), errori::SpazioDatabase);
+}
+
+/// What a killed program has left of an archive: names of people, and a journal that would be played into the
+/// next one.
+void TestArchiviVivi::iRestiDiUnAltro()
+{
+    const Studio Vecchio;
+    Vecchio.Esegui(u"INSERT INTO clienti (Nominativo) VALUES ('Rossi'), ('Verdi')"_s);
+    const QString Cartella = NuovaCartella();
+    const QString Nuovo = Cartella + u"DatiStudio.mdb.nuovo"_s;
+    // Half of a write of the killed program stands in the file, what was there before in its journal.
+    const auto Lascia = [&] {
+        const Studio Altro;
+        Altro.Esegui(
+            u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<3000) INSERT INTO "
+            "clienti (Nominativo) SELECT 'Altrui ' || i FROM n"_s);
+        Connessione Conn(Altro.File, Connessione::Modo::Scrittura);
+        Conn.Esegui(u"PRAGMA cache_size=4"_s);
+        Conn.Esegui(u"BEGIN IMMEDIATE"_s);
+        Conn.Esegui(u"DELETE FROM clienti"_s);
+        Conn.Esegui(u"CREATE TABLE altra (a)"_s);
+        for (const QString& Coda : {u""_s, u"-journal"_s})
+            ScriviFile(Nuovo + Coda, LeggiFile(Altro.File + Coda));
+        QVERIFY(!LeggiFile(Nuovo + u"-journal"_s).startsWith('\0'));
+        Conn.Esegui(u"ROLLBACK"_s);
+    };
+    Lascia();
+    TogliRestiDiArchivi(Cartella);
+    QCOMPARE(ContenutoDi(Cartella), QStringList());
+    Lascia();
+    {
+        FileBlocco DiUnVivo(FileDelTurno(Cartella + u"DatiStudio.mdb"_s));
+        QCOMPARE(DiUnVivo.Prendi(0), FileBlocco::Esito::Preso);
+        TogliRestiDiArchivi(Cartella);
+        QVERIFY(EsisteFile(Nuovo));
+    }
+    const auto Preso = PrendiArchivio(Vecchio.File, Cartella);
+    QVERIFY(Preso);
+    QCOMPARE(Preso->Clienti, 2);
+    QCOMPARE(OpenDatabase(Preso->File, true).OpenRecordset(u"clienti"_s).RecordCount(), 2);
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"DatiStudio.mdb"_s});
+    // One of an archive that has gone stays, and no archive takes its name.
+    QVERIFY(QFile::remove(Preso->File));
+    ScriviFile(Preso->File + u"-journal"_s, "x");
+    QCOMPARE(PrendiArchivio(Vecchio.File, Cartella)->File, Cartella + u"DatiStudio 2.mdb"_s);
+    QDir(Cartella).mkdir(u"copie"_s);
+    ScriviFile(Cartella + u"copie/DatiStudio.mdb-journal"_s, "x");
+    QCOMPARE(CopiaNote(Vecchio.Cartella, Cartella + u"copie"_s)->first().Detto,
+             u"Al posto del file \"DatiStudio.mdb\" c'è il giornale di uno che manca "
+             "(\"DatiStudio.mdb-journal\"): spostarlo e riprovare"_s);
+}
+
+/// What a program that was ended has left goes with the next one; another program's may be in use.
+void TestArchiviVivi::leCopieDiLavoro()
+{
+    const QString Lavoro = CartellaDati() + u"importa/"_s;
+    CreaCartellaPrivata(Lavoro);
+    const QString Morta = u"a"_s.repeated(32);
+    const QString Viva = u"b"_s.repeated(32);
+    for (const QString& Nome :
+         {Morta + u".mdb"_s, Morta + u".mdb-journal"_s, u".~7."_s + Morta + u".mdb.tmp"_s,
+          u".~7."_s + Morta + u".mdb.tmp.letto"_s, Viva + u".mdb"_s})
+        ScriviFile(Lavoro + Nome, "x");
+    FileBlocco DiUnVivo(Lavoro + Viva + u".blocco"_s);
+    QCOMPARE(DiUnVivo.Prendi(0), FileBlocco::Esito::Preso);
+    const Studio S;
+    const QString File =
+        ScriviAccess(S.Cartella + u"vecchio.mdb"_s,
+                     {.Tabelle = {{.Nome = u"clienti"_s, .Colonne = {{.Nome = u"Nominativo"_s}}}}});
+    {
+        const ArchivioNativo Aperto(File);
+        QVERIFY(Aperto.File().startsWith(Lavoro));
+        constexpr QFile::Permissions Altri =
+            QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+        QCOMPARE(QFile::permissions(Aperto.File()) & Altri, QFile::Permissions());
+        QCOMPARE(QFile::permissions(Lavoro) & Altri, QFile::Permissions());
+        TogliRestiDiSorgenti();
+        QVERIFY(EsisteFile(Aperto.File()));
+    }
+    QCOMPARE(ContenutoDi(Lavoro), (QStringList{Viva + u".blocco"_s, Viva + u".mdb"_s}));
+    QCOMPARE(ContenutoDi(S.Cartella), (QStringList{u"DatiStudio.mdb"_s, u"vecchio.mdb"_s}));
+}
+
