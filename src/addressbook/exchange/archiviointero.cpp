@@ -27,11 +27,12 @@ int RigheDi(const Database& Db, const QString& Tabella)
     return Db.EsisteTabella(Tabella) ? Db.OpenRecordset(Tabella).RecordCount() : 0;
 }
 
-/// True for an archive as it is delivered, or where none is; one that cannot be read may hold anything.
+/// True for an archive as it is delivered, or where none is; one that cannot be read may hold anything. A
+/// journal whose file has gone would be played into the one that takes its name.
 bool Libero(const QString& File)
 {
     if (!EsisteFile(File))
-        return true;
+        return !EsisteFile(File + u"-journal"_s);
     try {
         const Database Db = OpenDatabase(File, true);
         return std::ranges::all_of(std::array{Clienti, Controparti},
@@ -54,6 +55,19 @@ QString Destinazione(const QString& Cartella)
     return File;
 }
 
+/// Where the archive is made; whoever has the turn of the folder's archive makes it.
+QString FileNuovo(const QString& Cartella)
+{
+    return Radice(Cartella) + u".mdb.nuovo"_s;
+}
+
+/// With what the engine leaves beside it, which would be played into the next one of that name.
+void ScartaNuovo(const QString& Nuovo)
+{
+    for (const QString& Coda : {u"-journal"_s, u"-wal"_s, u"-shm"_s, u""_s})
+        ScartaFile(Nuovo + Coda);
+}
+
 /// Puts a complete archive into a folder, under the first name that nobody uses. The name is chosen last,
 /// with the file there held: while a long archive was copied somebody may have typed the first clients into
 /// it.
@@ -68,7 +82,16 @@ QString MettiAlPosto(const QString& Nuovo, const QString& Cartella)
             Fermo.emplace(File);
     } while (!Libero(File));
     DaiPermessi(Nuovo, File, Lettori::Cartella);
-    SostituisciFile(Nuovo, File);
+    try {
+        SostituisciFile(Nuovo, File);
+    } catch (const Errore& Guasto) {
+        if (EsisteFile(Nuovo))
+            throw;
+        // It has taken its place, and another try would make a second one.
+        throw Errore(Guasto.Numero,
+                     u"L'archivio è stato copiato in \"%1\", ma il disco non lo conferma: %2"_s.arg(
+                         File, Guasto.Descrizione));
+    }
     return File;
 }
 
@@ -101,8 +124,8 @@ std::optional<ArchivioPreso> PrendiArchivio(const QString& Da, const QString& Ca
     const QString Primo = Radice(Cartella) + u".mdb"_s;
     FileBlocco Turno(FileDelTurno(Primo));
     PrendiTurno(Turno);
-    const QString Nuovo = Primo + u".nuovo"_s;
-    ScartaFile(Nuovo);
+    const QString Nuovo = FileNuovo(Cartella);
+    ScartaNuovo(Nuovo);
     ArchivioPreso Preso;
     const auto Fuori = ScriviNativo(Da, Nuovo, Prosegui);
     if (!Fuori)
@@ -114,10 +137,21 @@ std::optional<ArchivioPreso> PrendiArchivio(const QString& Da, const QString& Ca
         Completa(Nuovo, Da, Preso);
         Preso.File = MettiAlPosto(Nuovo, Cartella);
     } catch (...) {
-        ScartaFile(Nuovo);
+        ScartaNuovo(Nuovo);
         throw;
     }
     return Preso;
+}
+
+void TogliRestiDiArchivi(const QString& Cartella)
+{
+    const QString Nuovo = FileNuovo(Cartella);
+    const QString DelTurno = FileDelTurno(Radice(Cartella) + u".mdb"_s);
+    if (!EsisteFile(Nuovo) && !EsisteFile(Nuovo + u"-journal"_s) && !EsisteFile(DelTurno))
+        return;
+    FileBlocco Turno(DelTurno);
+    if (Turno.Prendi(0) == FileBlocco::Esito::Preso)
+        ScartaNuovo(Nuovo);
 }
 
 QString ResocontoArchivio(const QString& Da, const ArchivioPreso& Preso)

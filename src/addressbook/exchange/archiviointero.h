@@ -25,5 +25,9 @@ struct ArchivioPreso
 PrendiArchivio(const QString& Da, const QString& Cartella,
                const std::function<bool(qint64 Fatti)>& Prosegui = {});
 
+/// Takes away what a killed program has left of an archive that it was making in a folder: it holds the names
+/// of an office. One that lives is left alone. It may run in a thread of its own.
+void TogliRestiDiArchivi(const QString& Cartella);
+
 /// The report of it.
 [[nodiscard]] QString ResocontoArchivio(const QString& Da, const ArchivioPreso& Preso);

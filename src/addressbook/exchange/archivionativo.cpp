@@ -8,6 +8,8 @@
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 
+#include <QMap>
+#include <QRegularExpression>
 #include <QUuid>
 
 #include <algorithm>
@@ -71,7 +73,10 @@ QString CartellaDiLavoro()
     return CartellaDati() + Barra(u"importa"_s);
 }
 
-const QString FineTurno = u".blocco"_s;
+QString FileTurno(const QString& Sigla)
+{
+    return CartellaDiLavoro() + Sigla + u".blocco"_s;
+}
 
 }  // namespace
 
@@ -99,16 +104,21 @@ std::optional<QStringList> ScriviNativo(const QString& Da, const QString& A,
 
 void TogliRestiDiSorgenti()
 {
+    // All that belongs to one of them has its sign in the name, wherever its making has been cut off.
+    static const QRegularExpression Sigla(u"[0-9a-f]{32}"_s);
     const QString Cartella = CartellaDiLavoro();
-    for (const QString& Nome : NomiDeiFile(Cartella, u".mdb"_s)) {
-        if (Nome.startsWith(u'.'))  // one that is being made has a turn of another name
+    QMap<QString, QStringList> Resti;
+    for (const QString& Nome : NomiDeiFile(Cartella))
+        if (const auto Trovata = Sigla.match(Nome); Trovata.hasMatch())
+            Resti[Trovata.captured()].append(Nome);
+    for (const auto& [Quale, Nomi] : Resti.asKeyValueRange()) {
+        FileBlocco Turno(FileTurno(Quale));
+        if (Turno.Prendi(0) != FileBlocco::Esito::Preso)
             continue;
-        FileBlocco Turno(Cartella + Nome + FineTurno);
-        if (Turno.Prendi(0) == FileBlocco::Esito::Preso)
-            ScartaFile(Cartella + Nome);
+        for (const QString& Nome : Nomi)
+            if (Cartella + Nome != Turno.Percorso())
+                ScartaFile(Cartella + Nome);
     }
-    for (const QString& Nome : NomiDeiFile(Cartella, FineTurno))
-        ScartaBlocco(Cartella + Nome);
 }
 
 ArchivioNativo::ArchivioNativo(const QString& DiFile, const std::function<bool(qint64)>& Prosegui)
@@ -116,11 +126,11 @@ ArchivioNativo::ArchivioNativo(const QString& DiFile, const std::function<bool(q
 {
     if (ENativo(DiFile) && LeggibileDoveSta(DiFile))
         return;
-    const QString Cartella = CartellaDiLavoro();
-    CreaCartellaPrivata(Cartella);
+    CreaCartellaPrivata(CartellaDiLavoro());
     TogliRestiDiSorgenti();
-    const QString Copia = Cartella + QUuid::createUuid().toString(QUuid::Id128) + u".mdb"_s;
-    Turno = std::make_unique<FileBlocco>(Copia + FineTurno);
+    const QString Sigla = QUuid::createUuid().toString(QUuid::Id128);
+    const QString Copia = CartellaDiLavoro() + Sigla + u".mdb"_s;
+    Turno = std::make_unique<FileBlocco>(FileTurno(Sigla));
     (void)Turno->Prendi(0);  // a name that nobody else has
     const auto Detti = ScriviNativo(DiFile, Copia, Prosegui, Lettori::SoloUtente);
     if (!Detti)

@@ -1,6 +1,7 @@
 #include "core/app/avvio.h"
 
 #include "addressbook/exchange/annullo.h"
+#include "addressbook/exchange/archiviointero.h"
 #include "addressbook/exchange/archivionativo.h"
 #include "core/aperture.h"
 #include "core/app/altriavvii.h"
@@ -140,6 +141,7 @@ void TogliResti()
         SpazzaInvii();
         TogliRestiDiImportazioni(Archivio);
         TogliRestiDiSorgenti();
+        TogliRestiDiArchivi(Utente);
         for (const QString& Cartella : Cartelle)
             if (!Cartella.isEmpty())
                 TogliRestiDiNote(Cartella);

@@ -32,6 +32,12 @@ FileInCopia::FileInCopia(const QString& DiFinale)
     const QFileInfo Info(Finale);
     if (Info.exists() || Info.isSymLink())
         throw Errore(errori::DatabasePresente);
+    // It would be played into the file that takes this name.
+    if (QFileInfo(Finale + u"-journal"_s).size() > 0)
+        throw Errore(
+            errori::DatabasePresente,
+            u"Al posto del file \"%1\" c'è il giornale di uno che manca (\"%1-journal\"): spostarlo e "
+            "riprovare"_s.arg(Info.fileName()));
     if (!EsisteCartella(Info.path()))
         throw Errore(errori::CartellaMancante);
     if (!CartellaScrivibile(Info.path()))
@@ -73,4 +79,12 @@ void FileInCopia::Posa(Lettori Chi, bool SulDisco) const
     if (SulDisco)
         ScriviSulDisco(Provvisorio);
     RinominaFile(Provvisorio, Finale);
+    if (!SulDisco)
+        return;
+    try {
+        SincronizzaCartellaDi(Finale);
+    } catch (const Errore&) {
+        ScartaFile(Finale);  // what is said not to be there is not
+        throw;
+    }
 }

@@ -13,8 +13,8 @@ class FileInCopia
 {
 public:
     /// @param Finale the path that it will take; nothing may be there
-    /// @throws Errore 3204 something is there, 3044 no such folder, 75 the folder refuses writing, 3026 no
-    /// room for its turn
+    /// @throws Errore 3204 something is there, or the journal of what was there, 3044 no such folder, 75 the
+    /// folder refuses writing, 3026 no room for its turn
     explicit FileInCopia(const QString& Finale);
     ~FileInCopia();
     FileInCopia(const FileInCopia&) = delete;
@@ -27,8 +27,9 @@ public:
     /// Back to nothing.
     void Togli() const;
     /// Gives it its name, which is never another file's.
-    /// @param SulDisco waits for the disk first
-    /// @throws Errore as DaiPermessi, ScriviSulDisco and RinominaFile
+    /// @param SulDisco waits for the disk, and for the folder to hold the name
+    /// @throws Errore as DaiPermessi, ScriviSulDisco, RinominaFile and SincronizzaCartellaDi; the name is
+    /// free then
     void Posa(Lettori Chi, bool SulDisco) const;
 
 private:

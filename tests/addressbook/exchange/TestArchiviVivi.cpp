@@ -3,18 +3,21 @@
 #include "studio.h"
 
 #include "addressbook/exchange/archiviointero.h"
+#include "addressbook/exchange/archivionativo.h"
 #include "addressbook/exchange/notevecchie.h"
+#include "addressbook/exchange/turnoarchivio.h"
 #include "platform/base/errore.h"
 #include "platform/database/connessione.h"
-#include "supporto/guasti.h"
-
 #include "platform/system/blocco.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/percorsi.h"
+#include "supporto/guasti.h"
+#include "supporto/scrittoreaccess.h"
+
+#include <QDateTime>
 #include <QDir>
 
 using namespace Qt::StringLiterals;
-#include <QDateTime>
 
 namespace {
 
@@ -129,12 +132,12 @@ private Q_SLOTS:
     void mentreUnAltroScrive();
     void unLogIlleggibile();
     void unoDanneggiato();
-};
-PROVA(TestArchiviVivi);
-
     void ilTurnoNegato();
     void iRestiDiUnAltro();
     void leCopieDiLavoro();
+};
+PROVA(TestArchiviVivi);
+
 void TestArchiviVivi::unArchivioIntero()
 {
     QFETCH(Lasciato, Come);
@@ -229,7 +232,6 @@ void TestArchiviVivi::unoDanneggiato()
     QCOMPARE(ContenutoDi(Cartella), QStringList());
 }
 
-#include "TestArchiviVivi.moc"
 /// Whoever has not got the turn does not go on as if he had.
 void TestArchiviVivi::ilTurnoNegato()
 {
@@ -331,3 +333,4 @@ void TestArchiviVivi::leCopieDiLavoro()
     QCOMPARE(ContenutoDi(S.Cartella), (QStringList{u"DatiStudio.mdb"_s, u"vecchio.mdb"_s}));
 }
 
+#include "TestArchiviVivi.moc"

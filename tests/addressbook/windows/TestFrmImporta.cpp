@@ -1,6 +1,8 @@
 // Names of other programs come in and go out: the steps of the dialog, as its user goes through them.
 #include "bancoimportazione.h"
 
+#include "platform/system/cartelle.h"
+
 #include <QGroupBox>
 #include <QScopeGuard>
 
@@ -299,7 +301,7 @@ void TestFrmImporta::unArchivioAccess()
     QVERIFY(!Controllo(F, "cmdAvanti")->isEnabled());
     QCOMPARE(LeggiFile(File), Prima);
     SeCaricato<frmImporta>->close();
-    QCOMPARE(ContenutoDi(sessione::UserFolder), QStringList());  // the working copy has gone
+    QCOMPARE(ContenutoDi(CartellaDati() + u"importa/"_s), QStringList());  // the working copy has gone
 }
 
 /// What the user has matched stays, whatever he then tries with separator, code and titles.

@@ -453,7 +453,12 @@ void TestMain::iRestiDegliUccisi()
                             Archivio + u".prima.2"_s,
                             CartellaFile(Archivio) + u".~DatiStudio.mdb.turno"_s,
                             CartellaFile(Archivio) + u".~DatiStudio.mdb.tmp"_s,
-                            Note + u".~nota.mdb.tmp"_s};
+                            Note + u".~nota.mdb.tmp"_s,
+                            Note + u".~99999999.vecchia.mdb.tmp.letto"_s,
+                            Utente + u"DatiStudio.mdb.nuovo"_s,
+                            Utente + u".~99999999.DatiStudio.mdb.nuovo.tmp"_s,
+                            CartellaDati() + u"importa/%1.mdb"_s.arg(QString(32, u'a'))};
+    CreaCartellaPrivata(CartellaDati() + u"importa"_s);
     for (const QString& Resto : Resti)
         ScriviFile(Resto, DiUnMorto);
     const QByteArray Prima = LeggiFile(Archivio);
