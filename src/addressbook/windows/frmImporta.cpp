@@ -401,7 +401,16 @@ void frmImporta::PrendiIntero()
         });
         if (!Preso)
             return;
-        SalvaImpostazione(chiavi::ArchivioCliCon.toString(), Preso->File);
+        try {
+            SalvaImpostazione(chiavi::ArchivioCliCon.toString(), Preso->File);
+        } catch (const Errore& Guasto) {
+            // The archive is there: to take it once more would make a second one.
+            throw Errore(
+                Guasto.Numero,
+                u"L'archivio è stato copiato in \"%1\", ma lo studio usa ancora quello di prima: %2. Non "
+                "occorre prenderlo di nuovo: si sceglie nelle impostazioni"_s.arg(Preso->File,
+                                                                                  Guasto.Descrizione));
+        }
         ImpostaVariabili();
         InArchivio.clear();
         Invoca(Aperture.ImpostazioniCambiate);

@@ -34,9 +34,9 @@ private Q_SLOTS:
     void ilFiltroResta();
     void laSchedaAperta();
     void siEsporta();
+    void siEsportaSenzaNome();
     void siEsportaSullaStessa();
 };
-    void siEsportaSenzaNome();
 PROVA(TestFrmImporta);
 
 void TestFrmImporta::leDidascalieEINomi()
@@ -453,8 +453,6 @@ void TestFrmImporta::siEsporta()
     QVERIFY(LeggiFile(Cartella + u"nomi.vcf"_s).contains("FN:Rossi Ada\r\n"));
 }
 
-void TestFrmImporta::siEsportaSullaStessa()
-{
 /// There is no card without a name.
 void TestFrmImporta::siEsportaSenzaNome()
 {
@@ -467,6 +465,8 @@ void TestFrmImporta::siEsportaSenzaNome()
     QCOMPARE(LeggiFile(Cartella + u"nomi.vcf"_s).count("BEGIN:VCARD"), 3);
 }
 
+void TestFrmImporta::siEsportaSullaStessa()
+{
     frmRubrica* R = A->Apri(A->DaScrivania());
     const QString File = Salva(u"nomi.csv"_s, "prima");
     A->Voce.AttendiSalva(File);

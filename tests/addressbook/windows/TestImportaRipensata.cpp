@@ -1,6 +1,12 @@
 // What is stopped, taken back or left where it is when names come in.
 #include "bancoimportazione.h"
 
+#include "core/parametri.h"
+#include "platform/system/impostazioni.h"
+#include "supporto/guasti.h"
+
+#include <QScopeGuard>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -40,6 +46,7 @@ private Q_SLOTS:
     void siAnnullaPiuTardi();
     void nonSiAnnullaDopoUnaModifica();
     void usaQuestoArchivio();
+    void copiatoENonRicordato();
     void usaQuestoArchivioENo();
     void leVecchieParcelle();
     void escFermaLeVecchieParcelle();
@@ -191,6 +198,32 @@ void TestImportaRipensata::usaQuestoArchivio()
     const Database Db = OpenDatabase(sessione::ArchivioCliCon);
     QCOMPARE(Db.OpenRecordset(u"clienti"_s).Value(u"ID"_s).toInt(), 41);
     QCOMPARE(Db.Campi(u"clienti"_s)[1].Description, u"L=Cognome e nome"_s);
+}
+
+/// The copy stands, and the office does not use it: both are said, or the next try makes a second one.
+void TestImportaRipensata::copiatoENonRicordato()
+{
+    const QString Impostazioni = PercorsoImpostazioni(NomeApplicazione.toString());
+    SalvaImpostazione(u"Prova"_s, u"1"_s);
+    ImpostaSolaLettura(Impostazioni, true);
+    const auto Rimetti = qScopeGuard([&] { ImpostaSolaLettura(Impostazioni, false); });
+    const ErroreVisto Perche = ErroreDi([] { SalvaImpostazione(u"Prova"_s, u"2"_s); });
+    QVERIFY(Perche.Numero != 0);
+    const QString Nuovo = sessione::UserFolder + u"DatiStudio.mdb"_s;
+    const frmImporta* F = Apri(frmImporta::ArchivioIntero, A->File);
+    A->Voce.Attendi(
+        u"Una copia di \"DatiStudio.mdb\" diventa l'archivio clienti e controparti dello studio.\n"
+        "L'archivio usato finora, \"%1\", resta dov'è. Proseguire?"_s.arg(A->File),
+        vbYes, u"Domanda:"_s);
+    A->Voce.Attendi(
+        u"Errore: L'archivio è stato copiato in \"%1\", ma lo studio usa ancora quello di prima: %2. Non "
+        "occorre prenderlo di nuovo: si sceglie nelle impostazioni (%3)"_s.arg(
+            Nuovo, Perche.Descrizione, QString::number(Perche.Numero)),
+        vbOK, u"Errore:"_s);
+    Premuto(F, "cmdAvanti");
+    QCOMPARE(Pagina(F), int(frmImporta::PagScelta));
+    QCOMPARE(sessione::ArchivioCliCon, A->File);
+    QCOMPARE(OpenDatabase(Nuovo, true).OpenRecordset(u"clienti"_s).RecordCount(), 5);
 }
 
 void TestImportaRipensata::usaQuestoArchivioENo()
