@@ -1,5 +1,6 @@
 // The filing fee: brackets, rounding of the typed value, the five fields.
 #include "casi.h"
+#include "supporto/alcaso.h"
 #include "supporto/guasti.h"
 
 #include "calculators/modContributo.h"
@@ -46,7 +47,7 @@ class TestContributo : public QObject
 private Q_SLOTS:
     void scaglioni_data();
     void scaglioni();
-    void centomilaValori();
+    void valoriACaso();
     void valoreLasciato_data();
     void valoreLasciato();
     void lasciatoNonCambiaContributo();
@@ -73,12 +74,13 @@ void TestContributo::scaglioni()
     QCOMPARE(Format(Contributo(CDbl(Riga[0]), Tabella(Riga[1].toInt())), u"#,##0.00"), Riga[2]);
 }
 
-void TestContributo::centomilaValori()
+void TestContributo::valoriACaso()
 {
+    const int Casi = CasiAlCaso(10'000);
     constexpr std::array<qint64, 12> Limiti{110000,  258228,  500000,   520000,   2500000,  2600000,
                                             5200000, 7500000, 20000000, 26000000, 52000000, 60000000};
     QRandomGenerator Sorte(115);
-    for (int i = 0; i < 100000; ++i) {
+    for (int i = 0; i < Casi; ++i) {
         const qint64 Limite = Limiti[size_t(Sorte.bounded(int(Limiti.size())))];
         const qint64 Centesimi = i % 2 == 0 ? Limite + Sorte.bounded(-3, 4) : qint64(Sorte.bounded(70000000));
         const TabellaContributo Quale = Tabella(i % 3);

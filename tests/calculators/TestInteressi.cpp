@@ -1,6 +1,7 @@
 // Interest: worked examples, lines, messages, and the arithmetic once more over integers.
 #include "archivio_prova.h"
 #include "casi.h"
+#include "supporto/alcaso.h"
 #include "supporto/guasti.h"
 #include "supporto/registratore.h"
 
@@ -78,7 +79,7 @@ private Q_SLOTS:
     void inizioPrimaDellaPrimaRiga_data();
     void inizioPrimaDellaPrimaRiga();
     void dopoUnErroreIGiorniRicominciano();
-    void centomilaPeriodi();
+    void periodiACaso();
     void periodiPerDifferenza();
 };
 PROVA(TestInteressi);
@@ -296,10 +297,11 @@ void TestInteressi::dopoUnErroreIGiorniRicominciano()
     QCOMPARE(Calcola(Legali(u"1000"_s, u"01/01/2012"_s, u"31/12/2012"_s)).Righe(0, IntGiorni).toInt(), 366);
 }
 
-void TestInteressi::centomilaPeriodi()
+void TestInteressi::periodiACaso()
 {
+    const int Casi = CasiAlCaso(10'000);
     QRandomGenerator Sorte(1284);
-    for (int i = 0; i < 100000; ++i) {
+    for (int i = 0; i < Casi; ++i) {
         const qint64 Centesimi = Sorte.bounded(1, 100000000);
         const float Tasso = float(Sorte.bounded(1, 1500)) / 100;
         const int Giorni = Sorte.bounded(1, 3660);

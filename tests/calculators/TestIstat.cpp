@@ -1,6 +1,7 @@
 // Revaluation: worked examples, questions, captions, and the amounts once more over integers.
 #include "archivio_prova.h"
 #include "casi.h"
+#include "supporto/alcaso.h"
 #include "supporto/guasti.h"
 #include "supporto/registratore.h"
 
@@ -54,7 +55,7 @@ private Q_SLOTS:
     void coefficienteMancante_data();
     void coefficienteMancante();
     void giornoCheDivideIlMese();
-    void centomilaImporti();
+    void importiACaso();
     void serieDegliIndici();
 
 private:
@@ -248,10 +249,11 @@ void TestIstat::giornoCheDivideIlMese()
     QCOMPARE(Etichette.lblCoeffRiv, u"2,32327"_s);
 }
 
-void TestIstat::centomilaImporti()
+void TestIstat::importiACaso()
 {
+    const int Casi = CasiAlCaso(10'000);
     QRandomGenerator Sorte(1938);
-    for (int i = 0; i < 100000; ++i) {
+    for (int i = 0; i < Casi; ++i) {
         const qint64 Centesimi = Sorte.bounded(1, 100000000);
         const qint64 Raccordo = Sorte.bounded(10000, 60000);  // four decimals
         const qint64 Iniziale = Sorte.bounded(5000, 20000);   // two decimals

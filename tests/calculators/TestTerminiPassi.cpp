@@ -1,5 +1,6 @@
 // The terms a second time, written day by day over a calendar that is itself walked day by day, and compared
 // with the program on random cases.
+#include "supporto/alcaso.h"
 #include "supporto/prova.h"
 
 #include "calculators/modTermini.h"
@@ -201,7 +202,7 @@ class TestTerminiPassi : public QObject
 private Q_SLOTS:
     void calendario();
     void pasquetteDelSecolo();
-    void centomilaCasi();
+    void terminiACaso();
 };
 PROVA(TestTerminiPassi);
 
@@ -221,9 +222,9 @@ void TestTerminiPassi::pasquetteDelSecolo()
         QCOMPARE(Pasquetta(Anno), Data(Anni().Pasqua(Anno) + 1).toString(u"dd/MM/yyyy"_s));
 }
 
-void TestTerminiPassi::centomilaCasi()
+void TestTerminiPassi::terminiACaso()
 {
-    constexpr int Casi = 100000;
+    const int Casi = CasiAlCaso(10'000);
     QRandomGenerator Sorte(20260801);
     const int Inizio = Anni().Posto(1940, 1, 1);
     const int Fine = Anni().Posto(2060, 12, 31);

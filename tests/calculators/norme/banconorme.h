@@ -1,6 +1,7 @@
 // The delivered norms, and copies of them that somebody has edited.
 #pragma once
 
+#include "supporto/alcaso.h"
 #include "supporto/prova.h"
 
 #include "calculators/norme/norme.h"
@@ -34,11 +35,4 @@ inline QString NormeRitoccate(const QString& Sql, bool ConSigillo)
         Db.Annota(Note);
     }
     return File;
-}
-
-/// How many random cases: a selection, or what CALCANOVA_CASI asks for.
-inline int CasiAlCaso(int Normali)
-{
-    const int Chiesti = qEnvironmentVariableIntValue("CALCANOVA_CASI");
-    return Chiesti > 0 ? Chiesti : Normali;
 }
