@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -461,6 +462,21 @@ void SelezionaScaglioneDelValore(Parcella& Nota)
     SelezionaScaglioneInSilenzio(Nota, ScaglionePer(Nota, Nota.ImportoPrec));
 }
 
+namespace {
+
+/// The reference database, so that what is read from it one after the other opens it once; none where it
+/// cannot be opened, which is for the readers to say.
+std::optional<Database> TieniTariffe(const Decreto& Legge)
+{
+    try {
+        return ApriTariffe(Legge);
+    } catch (const Errore&) {
+        return std::nullopt;
+    }
+}
+
+}  // namespace
+
 void SelezionaInSilenzio(Parcella& Nota, int Categ, int Autor, int Valore)
 {
     const QString Codice = CodiceCategoria(Categ);
@@ -469,6 +485,7 @@ void SelezionaInSilenzio(Parcella& Nota, int Categ, int Autor, int Valore)
     Nota.Scaglione = 0;
     LasciaTenute(Nota);
     const RapportiUnici UnaVolta;
+    const std::optional<Database> Tenuta = TieniTariffe(*Nota.Tariffa);
     LoadAutorità(Nota, Nota.CodCateg);
     LoadScaglioni(Nota, Nota.CodCateg);
     LoadVariazioni(Nota);
