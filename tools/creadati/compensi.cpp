@@ -1,5 +1,6 @@
 #include "creadati/compensi.h"
 
+#include "creadati/colonne.h"
 #include "creadati/importi.h"
 #include "creadati/tabellatesto.h"
 
@@ -10,15 +11,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto Categoria = u"categoria"_s;
-const auto Da = u"da"_s;
+using colonne::Categoria;
+using colonne::Da;
+using colonne::Medio;
+using colonne::Scaglione;
 const auto A = u"a"_s;
-const auto Medio = u"medio"_s;
 const auto Unita = u"unità"_s;
 const auto Aumento = u"aumento"_s;
 const auto Diminuzione = u"diminuzione"_s;
 const auto Fonte = u"fonte"_s;
-const auto Scaglione = u"scaglione"_s;
 
 /// The source that needs no other.
 const auto Gazzetta = u"Gazzetta"_s;
@@ -108,8 +109,8 @@ Compenso LeggiCompenso(const TabellaTesto& Tabella, int Riga)
 }
 
 template <typename Valore>
-void Aggiungi(const TabellaTesto& Tabella, int Riga, std::map<ChiaveImporto, Valore>& Importi,
-              const ChiaveImporto& Chiave, const Valore& Letto)
+void AggiungiCompenso(const TabellaTesto& Tabella, int Riga, std::map<ChiaveImporto, Valore>& Importi,
+                      const ChiaveImporto& Chiave, const Valore& Letto)
 {
     if (!Importi.emplace(Chiave, Letto).second)
         Tabella.Rifiuta(Riga, Medio, u"la voce %1 ha già un importo qui"_s.arg(Chiave.Codice));
@@ -188,7 +189,7 @@ private:
         const Estremi Limiti = LeggiEstremi(Tabella, Riga, Scaglioni);
         for (const ScaglioneValore& Gradino : Scaglioni)
             if (Limiti.Comprende(Gradino))
-                Aggiungi(Tabella, Riga, Civili, {Gruppo, Codice, Gradino.NumSca}, Letto);
+                AggiungiCompenso(Tabella, Riga, Civili, {Gruppo, Codice, Gradino.NumSca}, Letto);
     }
 
     void Penale55(int Riga)
@@ -198,7 +199,7 @@ private:
         const ChiaveImporto Chiave{LeggiGruppo(Tabella, Riga, Dati, Penale),
                                    LeggiCodice(Tabella, Riga, Dati, Penale), 0};
         const Compenso Letto = LeggiCompenso(Tabella, Riga);
-        Aggiungi(Tabella, Riga, Dati.Penali, Chiave, TernaDi(Letto));
+        AggiungiCompenso(Tabella, Riga, Dati.Penali, Chiave, TernaDi(Letto));
         if (Letto.Dubbio)
             Dati.Dubbi.insert(Chiave);
     }
@@ -216,8 +217,8 @@ private:
             if (!Limiti.Comprende(Gradino))
                 continue;
             const ChiaveImporto Chiave{QString(), Codice, Gradino.NumSca};
-            Aggiungi(Tabella, Riga, Dati.Stragiudiziali, Chiave,
-                     Quota ? FormuleQuota(Sotto, Letto) : FormuleFisse(Letto));
+            AggiungiCompenso(Tabella, Riga, Dati.Stragiudiziali, Chiave,
+                             Quota ? FormuleQuota(Sotto, Letto) : FormuleFisse(Letto));
             if (Letto.Dubbio)
                 Dati.Dubbi.insert(Chiave);
         }

@@ -1,5 +1,6 @@
 #include "creadati/importi.h"
 
+#include "creadati/colonne.h"
 #include "creadati/formule.h"
 #include "creadati/tabellatesto.h"
 
@@ -7,11 +8,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto Gruppo = u"gruppo"_s;
-const auto Codice = u"codice"_s;
-const auto Scaglione = u"scaglione"_s;
+using colonne::Codice;
+using colonne::Gruppo;
+using colonne::Medio;
+using colonne::Scaglione;
 const auto Minimo = u"minimo"_s;
-const auto Medio = u"medio"_s;
 const auto Massimo = u"massimo"_s;
 
 const ScaglioneValore& LeggiScaglione(const TabellaTesto& Tabella, int Riga, const Tariffe& Dati,

@@ -1,5 +1,6 @@
 #include "creadati/tariffa55.h"
 
+#include "creadati/colonne.h"
 #include "creadati/tabellatesto.h"
 
 #include <QRegularExpression>
@@ -11,15 +12,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto Categoria = u"categoria"_s;
+using colonne::Categoria;
+using colonne::Da;
+using colonne::Numero;
 const auto Articolo = u"articolo"_s;
-const auto Numero = u"numero"_s;
 const auto Frase = u"frase"_s;
 const auto Ultimo = u"ultimo"_s;
 const auto Terzi = u"terzi"_s;
 const auto Voci = u"voci"_s;
 const auto Uffici = u"uffici"_s;
-const auto Da = u"da"_s;
 const auto Genere = u"genere"_s;
 
 /// Numbers up to here are the options of the tariff of 2012.

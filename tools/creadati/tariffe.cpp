@@ -1,5 +1,6 @@
 #include "creadati/tariffe.h"
 
+#include "creadati/colonne.h"
 #include "creadati/compensi.h"
 #include "creadati/importi.h"
 #include "creadati/tabellatesto.h"
@@ -64,8 +65,8 @@ private:
 
 // ---- Authorities ---------------------------------------------------------------------------------
 
-const auto Categoria = u"categoria"_s;
-const auto Gruppo = u"gruppo"_s;
+using colonne::Categoria;
+using colonne::Gruppo;
 const auto Compatibili = u"compatibili"_s;
 
 AutoritaTariffa LeggiEnte(const TabellaTesto& Tabella, int Riga)
@@ -117,9 +118,9 @@ QList<AutoritaTariffa> LeggiEnti(const TabellaTesto& Tabella)
 
 // ---- Brackets ------------------------------------------------------------------------------------
 
+using colonne::Da;
+using colonne::Numero;
 const auto Materia = u"materia"_s;
-const auto Numero = u"numero"_s;
-const auto Da = u"da"_s;
 
 bool SenzaValore(const ScaglioneValore& Scaglione)
 {
@@ -210,7 +211,7 @@ QHash<QString, QList<ScaglioneValore>> LeggiTabellaScaglioni(const TabellaTesto&
 
 // ---- Items ---------------------------------------------------------------------------------------
 
-const auto Codice = u"codice"_s;
+using colonne::Codice;
 const auto Voce = u"voce"_s;
 const auto Quantita = u"quantità"_s;
 
