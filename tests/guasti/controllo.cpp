@@ -16,7 +16,7 @@ using namespace registro;
 
 namespace {
 
-const QByteArray Vecchio(3000, 'v');
+const QByteArray FileVecchio(3000, 'v');
 const QByteArray Nuovo(5000, 'n');
 
 /// How a file is written by whoever takes no care, or takes it.
@@ -31,7 +31,7 @@ struct Modi
     bool Altrove = false;  ///< nothing is written here at all
 };
 
-int Scrivi(const Posto& Dove, const Modi& Come)
+int ScriviFile(const Posto& Dove, const Modi& Come)
 {
     const QByteArray File = QFile::encodeName((Come.Altrove ? Dove.Fuori : Dove.Cartella) + u"file"_s);
     const QByteArray Accanto = Come.SulPosto ? File : File + ".nuovo";
@@ -69,11 +69,11 @@ Scenario Con(const QString& Nome, const Modi& Come,
 {
     return {.Nome = Nome,
             .Attese = Attese,
-            .Prepara = [](const Posto& Dove) { Posa(Dove.Cartella + u"file"_s, Vecchio); },
+            .Prepara = [](const Posto& Dove) { Posa(Dove.Cartella + u"file"_s, FileVecchio); },
             .Atto =
                 [Come](const Posto& Dove, const std::function<void()>& Comincia) {
                     Comincia();
-                    return Scrivi(Dove, Come);
+                    return ScriviFile(Dove, Come);
                 },
             .Guarda =
                 [Come](const Posto& Dove, const Uscita&) {
@@ -81,7 +81,7 @@ Scenario Con(const QString& Nome, const Modi& Come,
                         Contenuto((Come.Altrove ? Dove.Fuori : Dove.Cartella) + u"file"_s);
                     if (Byte == Nuovo)
                         return Trovato::Nuovo;
-                    return Byte == Vecchio ? Trovato::Prima : Trovato::Rotto;
+                    return Byte == FileVecchio ? Trovato::Prima : Trovato::Rotto;
                 },
             .Ammessi = {u"file"_s}};
 }

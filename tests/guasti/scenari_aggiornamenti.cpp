@@ -84,7 +84,7 @@ Provenienza DaUnaCartella()
     return DallaCartella(Pubblicato() + u"versioni.txt"_s);
 }
 
-void Usa(const Posto& Dove)
+void UsaPubblicato(const Posto& Dove)
 {
     AzzeraSessione();
     sessione::PercorsoProg = ProgrammaDiProva();
@@ -99,17 +99,17 @@ Annuncio Annunciato(const Posto& Dove, const Provenienza& Da)
     Annuncio Trovato;
     Posto Altrove = Dove;
     Altrove.Cartella = Dove.Fuori;
-    Usa(Altrove);
+    UsaPubblicato(Altrove);
     if (!ControlloVersioni(Da, true, Trovato))
         qFatal("the announcement of the update is not taken");
-    Usa(Dove);
+    UsaPubblicato(Dove);
     return Trovato;
 }
 
 /// What every check begins with.
 void Sgombra(const Posto& Dove)
 {
-    Usa(Dove);
+    UsaPubblicato(Dove);
     TogliAvanzi();
 }
 
@@ -205,7 +205,7 @@ QList<Scenario> ScenariAggiornamenti()
                       },
                   .Atto =
                       [](const Posto& Dove, const std::function<void()>& Comincia) {
-                          Usa(Dove);
+                          UsaPubblicato(Dove);
                           Comincia();
                           return Svolgi([&] {
                               Annuncio Trovato;
