@@ -148,6 +148,28 @@ void PreparaSessione(const RigaComando& Riga)
         sessione::UserFolder = Barra(Riga.Di(Opzione::Utente));
 }
 
+/// The command speaks for the office: its letterhead and rates, its archive, the numbers of its invoices.
+bool ParlaDelloStudio(const ComandoCli& Comando, const RigaComando& Chiamata)
+{
+    if (Comando.Nome == u"importa")
+        return Chiamata.Ha(Opzione::In);
+    return Comando.Nome == u"crea" ||
+           (Comando.Opzioni.contains(Opzione::Archivio) && !Chiamata.Ha(Opzione::Controlla));
+}
+
+/// Without the office's settings nothing is said in its name; the calculators tell that a choice of theirs
+/// may be missing.
+/// @throws Errore 75
+void ControllaImpostazioni(const ComandoCli& Comando, const RigaComando& Chiamata)
+{
+    const QString Frase = FraseImpostazioniGuaste();
+    if (Frase.isEmpty())
+        return;
+    if (ParlaDelloStudio(Comando, Chiamata))
+        throw Errore(errori::Accesso, Frase);
+    MsgBox(u"Avvertenza: "_s + Frase, vbExclamation);
+}
+
 QByteArray Riga(const Risposta& Esito, const RigaComando& Chiamata)
 {
     if (Chiamata.Ha(Opzione::Json))
@@ -467,6 +489,7 @@ int EseguiCli(const QStringList& Argomenti, const std::function<QByteArray()>& I
                                                        : u"Comando sconosciuto: %1"_s.arg(Chiamata.Comando)};
         ControllaOpzioni(*Comando, Chiamata);
         VoceCli Voce(Guasti);
+        ControllaImpostazioni(*Comando, Chiamata);
         PreparaSessione(Chiamata);
         (void)Voce.Guasto();  // a setting that is off is told, but is no failure of the command
         return Chiamata.Ha(Opzione::Batch) ? EseguiTutti(*Comando, Chiamata, Ingresso, Uscita)
@@ -474,5 +497,8 @@ int EseguiCli(const QStringList& Argomenti, const std::function<QByteArray()>& I
     } catch (const ErroreUso& Uso) {
         Guasti(Uso.Testo.toUtf8() + '\n');
         return 2;
+    } catch (const Errore& Guasto) {
+        Guasti(u"Errore: %1\n"_s.arg(TestoErrore(Guasto)).toUtf8());
+        return 1;
     }
 }

@@ -78,6 +78,19 @@ void ImpostaVariabili()
     Protetta(LeggiParametri);
 }
 
+bool AvvisaImpostazioniGuaste()
+{
+    const QString Frase = FraseImpostazioniGuaste();
+    if (Frase.isEmpty())
+        return false;
+    ImpostazioniGuasteDette();
+    MsgErrore(Frase +
+              u".\nQuel che vi manca vale come mai impostato: prima di stampare e di numerare fatture "
+              u"controllare le impostazioni, anche nei numeri, e memorizzarle. Il file di ora resta "
+              u"accanto, con «.guasto» in fondo al nome."_s);
+    return true;
+}
+
 QString PercorsoArchivio(const QString& Valore)
 {
     if (Valore.isEmpty() || Valore.endsWith(u".mdb", Qt::CaseInsensitive))

@@ -13,6 +13,10 @@ struct VersioneSistema;
 /// malformed rate in silence; its variable stays as it was, and the others are read.
 void ImpostaVariabili();
 
+/// Tells that the stored settings are damaged, and what to do about it; nothing while they are sound.
+/// @return true when they are not
+bool AvvisaImpostazioniGuaste();
+
 /// Full path of the law-office database: a stored folder gets "DatiStudio.mdb" behind one separator, a
 /// path that ends in ".mdb", whatever its case, and an empty one stay as they are.
 [[nodiscard]] QString PercorsoArchivio(const QString& Valore);

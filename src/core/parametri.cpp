@@ -15,9 +15,16 @@ QString ImpostazioneDi(const QString& Applicazione, const QString& Chiave)
     return GetSetting(Applicazione, SezioneParametri.toString(), Chiave);
 }
 
+QString FraseImpostazioniGuaste()
+{
+    const std::optional<Errore> Guasto = GuastoImpostazioni(NomeApplicazione.toString());
+    return Guasto ? Guasto->Descrizione : QString();
+}
+
 void SalvaImpostazione(const QString& Chiave, const QString& Valore)
 {
-    SaveSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave, Valore);
+    MutaSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave,
+                [&](const QString&) { return Valore; });
 }
 
 void SalvaImpostazioni(const QList<std::pair<QString, QString>>& Valori)
@@ -27,20 +34,29 @@ void SalvaImpostazioni(const QList<std::pair<QString, QString>>& Valori)
 
 namespace {
 
+/// A refusal of what nobody has asked for was told.
+bool RifiutoDetto = false;
+
 /// A refusal is told once, and again only behind a success.
 void DettoUnaVolta(const std::function<void()>& Salva)
 {
-    static bool Detto = false;
     try {
+        if (const QString Frase = FraseImpostazioniGuaste(); !Frase.isEmpty())
+            throw Errore(errori::Accesso, Frase);
         Salva();
-        Detto = false;
+        RifiutoDetto = false;
     } catch (const Errore&) {
-        if (!std::exchange(Detto, true))
+        if (!std::exchange(RifiutoDetto, true))
             throw;
     }
 }
 
 }  // namespace
+
+void ImpostazioniGuasteDette()
+{
+    RifiutoDetto = true;
+}
 
 void RicordaImpostazioni(const QList<std::pair<QString, QString>>& Valori)
 {

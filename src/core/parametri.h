@@ -17,15 +17,25 @@ inline constexpr QStringView SezioneParametri = u"Parametri";
 /// A setting of another application; empty when it has none.
 [[nodiscard]] QString ImpostazioneDi(const QString& Applicazione, const QString& Chiave);
 
-/// Stores a setting of the program. @throws Errore 75 when the store cannot be written
+/// Why the program's settings are not what was stored, one sentence with their file; empty while they are,
+/// and before a first use. It is told at the start, and nothing that the program stores by itself takes the
+/// place of a damaged file: its user saves the settings when he has looked at them, at the counters above
+/// all.
+[[nodiscard]] QString FraseImpostazioniGuaste();
+/// That was told: what the program would remember meanwhile is dropped without a second word.
+void ImpostazioniGuasteDette();
+
+/// Stores a setting of the program; one that is missing is as good as an empty one. @throws Errore 75 when the
+/// store is damaged or cannot be written
 void SalvaImpostazione(const QString& Chiave, const QString& Valore);
 
-/// Stores several settings of the program, all of them or none. @throws Errore 75 as above
+/// Stores several settings of the program, all of them or none, in the place of a damaged store too, of which
+/// a copy stays. @throws Errore 75 when the store cannot be written
 void SalvaImpostazioni(const QList<std::pair<QString, QString>>& Valori);
 
 /// Stores what the program remembers by itself: sizes, widths, places. A store that refuses is told once and
-/// not again before it has taken something, since nobody has asked for it. @throws Errore 75 as above, the
-/// first time
+/// not again before it has taken something, since nobody has asked for it. A damaged one was told at the
+/// start, and stays. @throws Errore 75 as above, the first time
 void RicordaImpostazioni(const QList<std::pair<QString, QString>>& Valori);
 
 /// Makes another text of a setting that the program remembers by itself, in turn with other programs.

@@ -53,6 +53,10 @@ bool NumeraFattura(Parcella& Nota)
         MsgErrore(u"I campi Numero e Data fattura sono già valorizzati!"_s);
         return false;
     }
+    if (const QString Frase = FraseImpostazioniGuaste(); !Frase.isEmpty()) {
+        MsgErrore(Frase + u": il numero delle fatture non si conosce"_s);
+        return false;
+    }
     RileggiProgFatt();
     if (sessione::ProgFatt >= UltimoProgFatt) {
         MsgErrore(u"Il progressivo delle fatture è arrivato all'ultimo numero (%1)!\n"

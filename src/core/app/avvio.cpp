@@ -156,7 +156,9 @@ void Main(const QString& RigaDiComando)
     Protetta([&] {
         AzzeraParcelle();
         sessione::PercorsoVDM = Barra(ImpostazioneDi(u"VDM2"_s, u"PercorsoProcedura"_s));
-        PrimoUso();
+        // Keys that a damaged file has lost make no first use.
+        if (!AvvisaImpostazioniGuaste())
+            PrimoUso();
         ImpostaVariabili();
         Avviato = Avvia(RigaDiComando);
         TogliResti();

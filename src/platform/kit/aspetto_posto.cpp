@@ -197,6 +197,9 @@ void RimettiAlPosto(QWidget* Finestra, const QString& Nome)
 
 void RicordaPosto(const QWidget* Finestra, const QString& Nome)
 {
+    // Nobody takes a damaged store for a sound one because windows were closed.
+    if (GuastoImpostazioni(Applicativo))
+        return;
     const QRect Riquadro = Normale(Finestra);
     QStringList Parti;
     for (const int Numero : {Riquadro.x(), Riquadro.y(), Riquadro.width(), Riquadro.height()})

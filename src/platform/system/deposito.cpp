@@ -284,7 +284,50 @@ QByteArray FineRigaDelDeposito(const QByteArray& Deposito)
     return Deposito.contains("\r\n") ? "\r\n"_ba : "\n"_ba;
 }
 
+constexpr QByteArrayView Inizio = "; L'ultima riga, \"; fine\", dice che queste impostazioni sono intere";
+constexpr QByteArrayView Fine = "; fine";
+
+bool Dice(const Riga& Letta, QByteArrayView Segno)
+{
+    return SenzaBianchi(Letta.Intera).trimmed() == Segno;
+}
+
 }  // namespace
+
+DannoDeposito DannoDelDeposito(const QByteArray& Deposito)
+{
+    bool Pieno = false;
+    bool Sezioni = false;
+    bool Cominciato = false;
+    bool Finito = false;
+    ScorriRighe(Deposito, [&](const Riga& Letta) {
+        Pieno = Pieno || (Letta.Intera != MarcaUtf8 && !SenzaBianchi(Letta.Intera).trimmed().isEmpty());
+        Sezioni = Sezioni || Letta.Titolo;
+        Cominciato = Cominciato || Dice(Letta, Inizio);
+        Finito = Finito || Dice(Letta, Fine);
+    });
+    if (!Pieno)
+        return DannoDeposito::Vuoto;
+    if (Cominciato && !Finito)
+        return DannoDeposito::Troncato;
+    return Sezioni ? DannoDeposito::Nessuno : DannoDeposito::Estraneo;
+}
+
+QByteArray DepositoIntero(const QByteArray& Deposito)
+{
+    const QByteArray FineRiga = FineRigaDelDeposito(Deposito);
+    QByteArray Righe;
+    QByteArray Marca;
+    ScorriRighe(Deposito, [&](const Riga& Letta) {
+        if (Letta.Intera == MarcaUtf8)
+            Marca += Letta.Intera;
+        else if (!Dice(Letta, Inizio) && !Dice(Letta, Fine))
+            Righe += Letta.Intera;
+    });
+    if (!Righe.isEmpty() && !Righe.endsWith('\n') && !Righe.endsWith('\r'))
+        Righe += FineRiga;
+    return Marca + Inizio.toByteArray() + FineRiga + Righe + Fine.toByteArray() + FineRiga;
+}
 
 std::optional<QString> ValoreDelDeposito(const QByteArray& Deposito, const QString& Sezione,
                                          const QString& Chiave)

@@ -6,6 +6,9 @@
 // one of them is "A"; of several lines of a key the last one counts. Bytes that are none of this are passed
 // over and kept.
 //
+// Two comments, one before all else and one behind it, tell a whole store from one that was cut short. A
+// store that somebody has written by hand has neither.
+//
 // The form is that of QSettings, which tests hold this one against. The class itself took a file that a full
 // disk had cut short for a whole one, so that half of the settings stood in the place of all; it writes
 // the whole store anew without the lines that it does not understand, and of a failure it has no number.
@@ -21,6 +24,18 @@
 /// The text of a key; none when it is missing, or stored as what is no text.
 [[nodiscard]] std::optional<QString> ValoreDelDeposito(const QByteArray& Deposito, const QString& Sezione,
                                                        const QString& Chiave);
+
+/// What a store cannot have come to by being written.
+enum class DannoDeposito {
+    Nessuno,
+    Vuoto,     ///< nothing, or blanks: what is written holds a text at least
+    Estraneo,  ///< no section
+    Troncato,  ///< the first comment without the last
+};
+[[nodiscard]] DannoDeposito DannoDelDeposito(const QByteArray& Deposito);
+
+/// The store between its two comments, each of them once.
+[[nodiscard]] QByteArray DepositoIntero(const QByteArray& Deposito);
 
 /// The store with these texts; whatever else it holds stays as it stands.
 [[nodiscard]] QByteArray ConValoriNelDeposito(const QByteArray& Deposito, const QString& Sezione,

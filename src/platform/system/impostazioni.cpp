@@ -24,17 +24,56 @@ QByteArray LeggiDeposito(const QString& File)
     return EsisteFile(File) ? LeggiFile(File, MassimoDeposito) : QByteArray();
 }
 
+QString Dice(DannoDeposito Danno)
+{
+    switch (Danno) {
+    case DannoDeposito::Nessuno:
+        break;
+    case DannoDeposito::Vuoto:
+        return u"è vuoto"_s;
+    case DannoDeposito::Estraneo:
+        return u"è danneggiato"_s;
+    case DannoDeposito::Troncato:
+        return u"è troncato"_s;
+    }
+    return {};
+}
+
+/// A damaged store stays beside the one that takes its place: a number or a text can be looked up there.
+void Conserva(const QString& File, const QByteArray& Prima)
+{
+    if (Prima.trimmed().isEmpty())
+        return;
+    const QString Accanto = File + u".guasto"_s;
+    QString Copia = Accanto;
+    for (int n = 2; !CreaFile(Copia, Prima, Lettori::SoloUtente); ++n) {
+        if (EsisteFile(Copia) && LeggiFile(Copia) == Prima)
+            return;
+        Copia = Accanto + QString::number(n);
+    }
+}
+
+/// What is done about a damaged store.
+enum class SeGuasto { Conserva, Rifiuta };
+
 /// Puts another text in the store's place, in turn with other programs: two that store at one moment would
 /// each put back what the other has changed.
 /// @throws Errore why not
-void Cambia(const QString& File, const std::function<QByteArray(const QByteArray& Prima)>& Dopo)
+void Cambia(const QString& File, SeGuasto Che, const std::function<QByteArray(const QByteArray& Prima)>& Dopo)
 {
     CreaCartellaDiUtente(CartellaFile(File));
     ATurno(File, NomeFile(File) + u".lock"_s, [&] {
         const QByteArray Prima = LeggiDeposito(File);
+        const DannoDeposito Danno = EsisteFile(File) ? DannoDelDeposito(Prima) : DannoDeposito::Nessuno;
+        if (Danno != DannoDeposito::Nessuno && Che == SeGuasto::Rifiuta)
+            throw Errore(errori::Accesso,
+                         u"il file "_s + Dice(Danno) + u", occorre memorizzare di nuovo le impostazioni"_s);
         const QByteArray Nuovo = Dopo(Prima);
-        if (Nuovo != Prima || !EsisteFile(File))
-            ScriviFile(File, Nuovo, Lettori::SoloUtente);
+        if (Nuovo == Prima && EsisteFile(File))
+            return;
+        if (Danno != DannoDeposito::Nessuno)
+            Conserva(File, Prima);
+        ScriviFile(File, DepositoIntero(Nuovo), Lettori::SoloUtente);
     });
 }
 
@@ -68,6 +107,24 @@ QString PercorsoImpostazioni(const QString& Applicazione)
     return PercorsoNativo(Cartella + u"/Calcanova/"_s + Applicazione + u".ini"_s);
 }
 
+std::optional<Errore> GuastoImpostazioni(const QString& Applicazione)
+{
+    const QString File = PercorsoImpostazioni(Applicazione);
+    const auto Detto = [&](const QString& Come) {
+        return Errore(errori::Accesso, u"Il file delle impostazioni %1 "_s.arg(File) + Come);
+    };
+    if (EsisteCartella(File))
+        return Detto(u"non si legge: al suo posto c'è una cartella"_s);
+    if (!EsisteFile(File))
+        return std::nullopt;
+    try {
+        const DannoDeposito Danno = DannoDelDeposito(LeggiDeposito(File));
+        return Danno == DannoDeposito::Nessuno ? std::nullopt : std::optional(Detto(Dice(Danno)));
+    } catch (const Errore& Guasto) {
+        return Detto(u"non si legge: "_s + Guasto.Descrizione);
+    }
+}
+
 QString GetSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,
                    const QString& Predefinito)
 {
@@ -90,7 +147,8 @@ void SaveSettings(const QString& Applicazione, const QString& Sezione,
 {
     const QString File = PercorsoImpostazioni(Applicazione);
     try {
-        Cambia(File, [&](const QByteArray& Prima) { return ConValoriNelDeposito(Prima, Sezione, Valori); });
+        Cambia(File, SeGuasto::Conserva,
+               [&](const QByteArray& Prima) { return ConValoriNelDeposito(Prima, Sezione, Valori); });
     } catch (const Errore& Guasto) {
         NonScritte(File, Guasto);
     }
@@ -101,7 +159,7 @@ void MutaSetting(const QString& Applicazione, const QString& Sezione, const QStr
 {
     const QString File = PercorsoImpostazioni(Applicazione);
     try {
-        Cambia(File, [&](const QByteArray& Prima) {
+        Cambia(File, SeGuasto::Rifiuta, [&](const QByteArray& Prima) {
             const QString Era = ValoreDelDeposito(Prima, Sezione, Chiave).value_or(QString());
             const QString Nuovo = Dopo(Era);
             return Nuovo == Era ? Prima : ConValoriNelDeposito(Prima, Sezione, {{Chiave, Nuovo}});
@@ -116,7 +174,7 @@ int PortaNumero(const QString& Applicazione, const QString& Sezione, const QStri
     const QString File = PercorsoImpostazioni(Applicazione);
     int Ora = Almeno;
     try {
-        Cambia(File, [&](const QByteArray& Prima) {
+        Cambia(File, SeGuasto::Rifiuta, [&](const QByteArray& Prima) {
             Ora = std::max(Almeno, ValoreDelDeposito(Prima, Sezione, Chiave).value_or(QString()).toInt());
             return ConValoriNelDeposito(Prima, Sezione, {{Chiave, QString::number(Ora)}});
         });
@@ -131,7 +189,7 @@ int PrendiNumero(const QString& Applicazione, const QString& Sezione, const QStr
     const QString File = PercorsoImpostazioni(Applicazione);
     int Preso = 0;
     try {
-        Cambia(File, [&](const QByteArray& Prima) {
+        Cambia(File, SeGuasto::Rifiuta, [&](const QByteArray& Prima) {
             Preso = NumeroDopo(ValoreDelDeposito(Prima, Sezione, Chiave).value_or(QString()), Massimo);
             return ConValoriNelDeposito(Prima, Sezione, {{Chiave, QString::number(Preso)}});
         });

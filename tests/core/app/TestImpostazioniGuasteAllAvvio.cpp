@@ -1,0 +1,105 @@
+// A start over damaged settings: one sentence with their file, the program goes on, nothing that it stores by
+// itself takes their place, and no number is given twice; the settings that are saved then do.
+#include "core/settings/tavolosetup.h"
+
+#include "core/app/avvio.h"
+#include "core/modAvvio.h"
+#include "core/modTrasmissioni.h"
+#include "feenote/modNumeraFattura.h"
+#include "platform/kit/aspetto.h"
+#include "supporto/danni.h"
+#include "supporto/guasti.h"
+
+#include <memory>
+
+class TestImpostazioniGuasteAllAvvio : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void unaFraseEPoiSiPuoSalvare_data();
+    void unaFraseEPoiSiPuoSalvare();
+    void unPrimoUsoNonDiceNulla();
+
+private:
+    std::unique_ptr<TavoloSetup> T;
+};
+PROVA(TestImpostazioniGuasteAllAvvio);
+
+void TestImpostazioniGuasteAllAvvio::init()
+{
+    T = std::make_unique<TavoloSetup>();
+    Aperture.ApriParcella = [](const QString&, int, const QString&) { return 0; };
+    Scena::Salva(u"ProgFatt"_s, u"41"_s);
+    Scena::Salva(u"ProgTrasm"_s, u"17"_s);
+}
+
+void TestImpostazioniGuasteAllAvvio::cleanup()
+{
+    T.reset();
+    QDir Cartella(CartellaFile(Scena::FileImpostazioni()));
+    for (const QString& Nome : Cartella.entryList({u"KR5.ini*"_s}, QDir::Files))
+        Cartella.remove(Nome);
+    QDir(Scena::FileImpostazioni()).removeRecursively();
+}
+
+void TestImpostazioniGuasteAllAvvio::unaFraseEPoiSiPuoSalvare_data()
+{
+    QTest::addColumn<int>("Come");
+
+    for (const int Come : DanniVisibili())
+        QTest::newRow(NomiDanni[size_t(Come)]) << Come;
+}
+
+void TestImpostazioniGuasteAllAvvio::unaFraseEPoiSiPuoSalvare()
+{
+    QFETCH(int, Come);
+    const QString File = Scena::FileImpostazioni();
+    Rovina(File, Come);
+    const QByteArray Rovinato = EsisteFile(File) ? LeggiFile(File) : QByteArray();
+    Registratore Box;
+    Box.Tollera();
+    Main(u"-low"_s);
+    QCOMPARE(Box.Mostrati().size(), 1);
+    QVERIFY2(Box.UltimoTesto().contains(File), qPrintable(Box.UltimoTesto()));
+
+    // Windows that open and close, and what the program remembers.
+    QWidget Finestra;
+    aspetto::RicordaPosto(&Finestra, u"prova"_s);
+    RicordaImpostazioni({{u"FormWidth"_s, u"9000"_s}});
+    RicordaMutata(u"NoteRecenti"_s, [](const QString&) { return u"x"_s; });
+    QCOMPARE(Box.Mostrati().size(), 1);
+    QCOMPARE(EsisteFile(File) ? LeggiFile(File) : QByteArray(), Rovinato);
+
+    // Invoices and their files are not numbered from the beginning.
+    Parcella Nota;
+    QVERIFY(!NumeraFattura(Nota));
+    QCOMPARE(Nota.DatiPar(DatoNumFatt), QString());
+    QVERIFY2(Box.UltimoTesto().contains(File), qPrintable(Box.UltimoTesto()));
+    QCOMPARE(NumeroErrore([] { (void)PrendiTrasmissione(); }), 75);
+    if (Come == Cartella)
+        return;  // nothing is written there before the folder has gone
+
+    T->Apri(0);
+    for (const char* Nome : {"txtNomeStudio", "txtIndStudio", "txtCittaStudio", "txtEMail"})
+        T->Campo(QString::fromLatin1(Nome))->setText(u"nuovo"_s);
+    T->Premi(u"cmdSaveImpost"_s);
+    QCOMPARE(Box.UltimoTesto(), u"Le impostazioni sono state memorizzate!"_s);
+    QCOMPARE(FraseImpostazioniGuaste(), QString());
+    QCOMPARE(Scena::Parametro(u"StudioNome"_s), u"nuovo"_s);
+    QCOMPARE(EsisteFile(File + u".guasto"_s), !Rovinato.isEmpty());
+    if (!Rovinato.isEmpty())
+        QCOMPARE(LeggiFile(File + u".guasto"_s), Rovinato);
+}
+
+void TestImpostazioniGuasteAllAvvio::unPrimoUsoNonDiceNulla()
+{
+    QVERIFY(QFile::remove(Scena::FileImpostazioni()));
+    const Registratore Box;
+    QVERIFY(!AvvisaImpostazioniGuaste());
+    QCOMPARE(Box.Mostrati().size(), 0);
+}
+
+#include "TestImpostazioniGuasteAllAvvio.moc"
