@@ -18,7 +18,7 @@ QString CalcoloCodFis(const QString& Cognome, const QString& Nome, const QDate& 
 {
     const bool Donna = Sesso.compare(u"F", Qt::CaseInsensitive) == 0;
     const QString Codice = SiglaCognome(Cognome) + SiglaNome(Nome) + DueCifre(DataNascita.year() % 100) +
-                           codfis::Mesi[DataNascita.month() - 1] +
+                           codfis::LettereMesi[DataNascita.month() - 1] +
                            DueCifre(DataNascita.day() + (Donna ? codfis::GiornoDonne : 0)) + CodiceComune;
     return Codice + ControlloCodFis(Codice);
 }

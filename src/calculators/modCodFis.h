@@ -8,8 +8,8 @@
 /// How the day of birth stands in it.
 namespace codfis {
 
-inline constexpr QStringView Mesi = u"ABCDEHLMPRST";  ///< a letter a month
-inline constexpr int GiornoDonne = 40;                ///< added to the day of a woman
+inline constexpr QStringView LettereMesi = u"ABCDEHLMPRST";  ///< a letter a month
+inline constexpr int GiornoDonne = 40;                       ///< added to the day of a woman
 
 }  // namespace codfis
 

@@ -58,7 +58,7 @@ qsizetype PostoSbagliato(const QString& Codice)
     for (qsizetype i = 0; i < Codice.size(); ++i) {
         const QChar C = Codice[i];
         const bool Giusto = PostoDiCifra(i)  ? ECifra(C) || Sostituti.contains(C)
-                            : i == PostoMese ? codfis::Mesi.contains(C)
+                            : i == PostoMese ? codfis::LettereMesi.contains(C)
                                              : ELettera(C);
         if (!Giusto)
             return i;
@@ -142,9 +142,9 @@ LetturaCodFis LeggiCodFis(const QString& Testo, const QDate& Oggi)
     Lettura.CodiceComune = Lettura.Base.mid(PostoComune, LettereComune);
     const int Giorno = Lettura.Base.mid(PostoGiorno, 2).toInt();
     Lettura.Donna = Giorno > codfis::GiornoDonne;
-    Lettura.Nascite =
-        NasciteDi(Lettura.Base.mid(PostoAnno, 2).toInt(), int(codfis::Mesi.indexOf(Codice[PostoMese])) + 1,
-                  Lettura.Donna ? Giorno - codfis::GiornoDonne : Giorno, Oggi);
+    Lettura.Nascite = NasciteDi(Lettura.Base.mid(PostoAnno, 2).toInt(),
+                                int(codfis::LettereMesi.indexOf(Codice[PostoMese])) + 1,
+                                Lettura.Donna ? Giorno - codfis::GiornoDonne : Giorno, Oggi);
     Lettura.Difetto = DifettoGiorno(Giorno, Lettura);
     return Lettura;
 }

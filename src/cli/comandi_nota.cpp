@@ -40,7 +40,7 @@ QString NomePerSalvare(const QString& Chiesto)
     if (!Percorso.endsWith(u".mdb"))
         Percorso += u".mdb"_s;
     if (!NomeDiNotaValido(NomeFile(Percorso).chopped(4)))
-        throw Errore(errori::NomeNonValido, NomeNonValido.toString());
+        throw Errore(errori::NomeNonValido, FraseNomeNonValido.toString());
     return Percorso;
 }
 

@@ -3,6 +3,7 @@
 
 #include "platform/pages/senzaschermo.h"
 #include "platform/system/diagnosi.h"
+#include "platform/system/shell.h"
 
 #include <QCoreApplication>
 
@@ -32,8 +33,7 @@ bool VuolePagine(int argc, char** argv)
 int main(int argc, char** argv)
 {
     TaciAiProgrammatori();
-    // UTF-8 in and out whatever the locale of whoever calls.
-    qputenv("LC_ALL", "C.UTF-8");
+    ImponiUtf8();
     const std::unique_ptr<QCoreApplication> Applicazione =
         VuolePagine(argc, argv) ? ApplicazioneSenzaSchermo(argc, argv)
                                 : std::make_unique<QCoreApplication>(argc, argv);

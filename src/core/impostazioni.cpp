@@ -63,7 +63,7 @@ constexpr std::array Voci{
     VoceImpostazione{u"SpeseGen", u"12,5", Percentuale, &sessione::SpeseGen},
     VoceImpostazione{u"CP", u"4", Percentuale, &sessione::CP},
     VoceImpostazione{chiavi::Tariffa, u"", Testo, &sessione::Tariffa},
-    VoceImpostazione{chiavi::Norme, NormeDelProgramma, Testo, &sessione::Norme},
+    VoceImpostazione{chiavi::NormeDiPartenza, NormeDelProgramma, Testo, &sessione::NormeDiPartenza},
     VoceImpostazione{chiavi::RicordaCalcoli, u"S", SiNo, &sessione::RicordaCalcoli},
     VoceImpostazione{u"Iban", u"", Testo, &sessione::Iban},
     VoceImpostazione{u"TipoStudio", u"P", Testo, &sessione::TipoStudio, {}, tipostudio::Noto},

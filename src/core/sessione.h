@@ -34,15 +34,15 @@ inline QString StudioCitta;
 inline QString StudioCodFisc;
 inline QString StudioMail;
 inline QString StudioPIva;
-inline QString Firma;           ///< signature line of prints
-inline QString ParcellePath;    ///< folder of saved fee notes
-inline QString ModelliPath;     ///< folder of templates; derived, never stored
-inline float IVA = 21.0F;       ///< VAT, percent
-inline float RA = 20.0F;        ///< withholding tax, percent
-inline float SpeseGen = 12.5F;  ///< general expenses, percent
-inline float CP = 4.0F;         ///< pension fund, percent
-inline QString Tariffa;         ///< short name of the decree of new notes; empty: the office has not chosen
-inline QString Norme;           ///< the rules that the calculators begin with, see NormeInVigore
+inline QString Firma;            ///< signature line of prints
+inline QString ParcellePath;     ///< folder of saved fee notes
+inline QString ModelliPath;      ///< folder of templates; derived, never stored
+inline float IVA = 21.0F;        ///< VAT, percent
+inline float RA = 20.0F;         ///< withholding tax, percent
+inline float SpeseGen = 12.5F;   ///< general expenses, percent
+inline float CP = 4.0F;          ///< pension fund, percent
+inline QString Tariffa;          ///< short name of the decree of new notes; empty: the office has not chosen
+inline QString NormeDiPartenza;  ///< the rules that the calculators begin with, see NormeInVigore
 inline bool RicordaCalcoli = true;  ///< the calculators keep a list of the last ones
 inline QString Iban;
 inline QString TipoStudio = QStringLiteral("P");  ///< P a person, A an association, S a company

@@ -97,7 +97,7 @@ private:
     /// One line for the step, one picture of the window.
     void Passo(const QString& Detto, QWidget& Finestra)
     {
-        mani::Respira();
+        mani::Lascia();
         const QString Immagine =
             u"%1-%2.png"_s.arg(++Numero, 2, 10, QChar(u'0')).arg(Detto.section(u':', 0, 0).toLower());
         if (!Finestra.grab().save(Cartella + Immagine))
@@ -207,7 +207,7 @@ private:
         const QString Prima = Netto();
         if (!ChiudiParcella(1))
             Ferma(u"la parcella non si chiude"_s);
-        mani::Respira();
+        mani::Lascia();
         Trova();
         Nota = Parcelle(1);
         Attiva(Cornice());
@@ -223,7 +223,7 @@ private:
         (void)Modulo.OpenParcMod(frmTrovaParcella::Libera, Cartella, 0, {});
         Attiva(Modulo);
         while (Modulo.InRicerca())
-            mani::Respira();
+            mani::Lascia();
         Digita(u"edilnova"_s);
         Passo(u"Trova: parcelle nella cartella "_s + QString::number(Modulo.Elenco().Note()), Modulo);
         const auto& Lista = Controllo<Griglia>(Modulo, u"tdbParcelle"_s);

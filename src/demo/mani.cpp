@@ -43,7 +43,7 @@ void Ferma(const QString& Perche)
     throw Errore(Imprevisto, Perche);
 }
 
-void Respira()
+void Lascia()
 {
     // A page shown for the first time finds the places of its controls step by step.
     constexpr int Passi = 5;
@@ -58,7 +58,7 @@ void Attiva(QWidget& Finestra)
     QApplication::setActiveWindow(&Finestra);
     if (!QTest::qWaitForWindowActive(&Finestra))
         Ferma(u"la finestra \"%1\" non passa in primo piano"_s.arg(Finestra.windowTitle()));
-    Respira();
+    Lascia();
 }
 
 void Clic(QWidget& Bottone, QPoint Dove)
@@ -66,7 +66,7 @@ void Clic(QWidget& Bottone, QPoint Dove)
     if (!Bottone.isVisible() || !Bottone.isEnabled())
         Ferma(u"%1 non si può premere"_s.arg(Bottone.objectName()));
     QTest::mouseClick(&Bottone, Qt::LeftButton, Qt::NoModifier, Dove);
-    Respira();
+    Lascia();
 }
 
 void Clic(QWidget& Bottone)
@@ -85,7 +85,7 @@ void Digita(const QString& Testo)
 void Premi(Qt::Key Tasto)
 {
     Manda(Tasto, Tasto == Qt::Key_Return ? u"\r"_s : QString());
-    Respira();
+    Lascia();
 }
 
 void Scrivi(QLineEdit& Box, const QString& Testo)
@@ -103,13 +103,13 @@ void Scegli(QComboBox& Lista, const QString& Voce)
         Ferma(u"%1 non ha la voce \"%2\""_s.arg(Lista.objectName(), Voce));
     Lista.setFocus();
     Lista.showPopup();
-    Respira();
+    Lascia();
     QAbstractItemView* Tendina = Lista.view();
     Tendina->scrollTo(Lista.model()->index(Indice, 0));
     const QPoint Dove = Tendina->visualRect(Lista.model()->index(Indice, 0)).center();
     QTest::mouseMove(Tendina->viewport(), Dove);
     QTest::mouseClick(Tendina->viewport(), Qt::LeftButton, Qt::NoModifier, Dove);
-    Respira();
+    Lascia();
     Attiva(*Lista.window());
 }
 
@@ -117,7 +117,7 @@ void ClicCella(const Griglia& Righe, int Riga, int Colonna)
 {
     QTest::mouseClick(Righe.Vista()->viewport(), Qt::LeftButton, Qt::NoModifier,
                       CentroCella(Righe, Riga, Colonna));
-    Respira();
+    Lascia();
 }
 
 void DoppioClic(const Griglia& Righe, int Riga)
@@ -125,7 +125,7 @@ void DoppioClic(const Griglia& Righe, int Riga)
     ClicCella(Righe, Riga, 0);  // the second click alone is what the next line sends
     QTest::mouseDClick(Righe.Vista()->viewport(), Qt::LeftButton, Qt::NoModifier,
                        CentroCella(Righe, Riga, 0));
-    Respira();
+    Lascia();
 }
 
 void ScriviCella(Griglia& Righe, int Riga, int Colonna, const QString& Testo)

@@ -26,7 +26,7 @@ T& Controllo(const QWidget& Finestra, const QString& Nome)
 }
 
 /// Lets layouts, queued calls and painting run; the control lets nothing pass of what it has left to do.
-void Respira();
+void Lascia();
 
 /// Shows a window in front and waits until it has the focus.
 /// @throws Errore 1000 when it does not get it within some seconds

@@ -9,10 +9,10 @@
 #include "platform/base/regionale.h"
 #include "platform/database/database.h"
 #include "platform/system/file.h"
+#include "platform/system/shell.h"
 #include "tariffs/decreto.h"
 
 #include <QFileInfo>
-#include <QSysInfo>
 
 #include <functional>
 
@@ -95,11 +95,10 @@ QString ContenutoNorme(const Database& Db)
 GruppoInformazioni Programma()
 {
     const QString Server = indirizzi::Server();
-    return {
-        u"Programma"_s,
-        {{u"Versione"_s, VersioneProgramma()},
-         {u"Sistema"_s, u"%1 (%2)"_s.arg(QSysInfo::prettyProductName(), QSysInfo::currentCpuArchitecture())},
-         {u"Server degli aggiornamenti"_s, Server.isEmpty() ? u"nessuno"_s : Server}}};
+    return {u"Programma"_s,
+            {{u"Versione"_s, VersioneProgramma()},
+             {u"Sistema"_s, NomeSistema()},
+             {u"Server degli aggiornamenti"_s, Server.isEmpty() ? u"nessuno"_s : Server}}};
 }
 
 GruppoInformazioni Cartelle()

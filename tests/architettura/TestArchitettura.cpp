@@ -17,8 +17,10 @@ private Q_SLOTS:
     void initTestCase();
     void gliIncludeSonoQuelliAmmessi();
     void nessunaFrecciaSale();
+    void ogniFrecciaSiUsa();
     void leLibrerieStannoNelleLoroStanze();
     void soloLaPiattaformaToccaIlDisco();
+    void soloLaPiattaformaChiamaIlSistema();
     void soloLaPiattaformaSaIComandiDelDesktop();
     void gliErroriHannoUnNome();
     void unNomeDiceUnaCosaSola();
@@ -33,12 +35,14 @@ private Q_SLOTS:
     void unaSondaSiScopre();
     void chiToccaIlDiscoSiScopre_data();
     void chiToccaIlDiscoSiScopre();
+    void chiChiamaIlSistemaSiScopre();
     void iNomiDoppiSiScoprono();
     void ogniDichiarazioneConta_data();
     void ogniDichiarazioneConta();
     void ilNomeDiDueSorgentiSiScopre_data();
     void ilNomeDiDueSorgentiSiScopre();
     void unaFrecciaInSuSiScopre();
+    void unaFrecciaSenzaUsoSiScopre();
     void unaStanzaGrandeSiScopre();
     void laProvaCondizionataSiScopre();
 
@@ -49,7 +53,7 @@ PROVA(TestArchitettura);
 
 namespace {
 
-const QString IntestazioniFinestre = QStringLiteral(INTESTAZIONI_FINESTRE);
+const QString IntestazioniQt = QStringLiteral(INTESTAZIONI_QT);
 
 void Scrivi(const QString& Percorso, const QByteArray& Testo)
 {
@@ -95,7 +99,7 @@ void TestArchitettura::initTestCase()
     Vera = LeggiCasa(SorgenteDiProva(u"src/"_s), QStringLiteral(REGISTRO_STANZE));
     QVERIFY(Vera.Ordine.size() > 20);
     QCOMPARE(Vera.Ordine.first(), u"platform/base"_s);
-    QVERIFY(QFileInfo::exists(IntestazioniFinestre + u"/QWidget"_s));
+    QVERIFY(QFileInfo::exists(IntestazioniQt + u"/QtWidgets/QWidget"_s));
 }
 
 void TestArchitettura::gliIncludeSonoQuelliAmmessi()
@@ -108,14 +112,24 @@ void TestArchitettura::nessunaFrecciaSale()
     Nessuna(FrecceInSu(Vera));
 }
 
+void TestArchitettura::ogniFrecciaSiUsa()
+{
+    Nessuna(FrecceSenzaUso(Vera));
+}
+
 void TestArchitettura::leLibrerieStannoNelleLoroStanze()
 {
-    Nessuna(LibrerieProibite(Vera, IntestazioniFinestre));
+    Nessuna(LibrerieProibite(Vera, IntestazioniQt));
 }
 
 void TestArchitettura::soloLaPiattaformaToccaIlDisco()
 {
     Nessuna(DiscoToccato(Vera));
+}
+
+void TestArchitettura::soloLaPiattaformaChiamaIlSistema()
+{
+    Nessuna(AmbienteToccato(Vera));
 }
 
 void TestArchitettura::soloLaPiattaformaSaIComandiDelDesktop()
@@ -278,6 +292,23 @@ void TestArchitettura::unaSondaSiScopre_data()
          u"src/conti/altra.cpp:1 includes QtCore/QProcess: only platform/ calls the operating system"_s);
     Riga("il sistema in minuscolo", u"conti/altra.cpp"_s, "#include <qsettings.h>\n",
          u"src/conti/altra.cpp:1 includes qsettings.h: only platform/ calls the operating system"_s);
+    Riga(
+        "il desktop", u"conti/windows/altra.cpp"_s, "#include <QDesktopServices>\n",
+        u"src/conti/windows/altra.cpp:1 includes QDesktopServices: only platform/ calls the operating system"_s);
+    Riga("il nome del sistema", u"conti/altra.cpp"_s, "#include <QSysInfo>\n",
+         u"src/conti/altra.cpp:1 includes QSysInfo: only platform/ calls the operating system"_s);
+    Riga("i segnali", u"conti/altra.cpp"_s, "#include <csignal>\n",
+         u"src/conti/altra.cpp:1 includes csignal: only platform/ calls the operating system"_s);
+    Riga("gli utenti", u"conti/altra.cpp"_s, "#include <pwd.h>\n",
+         u"src/conti/altra.cpp:1 includes pwd.h: only platform/ calls the operating system"_s);
+    Riga("una libreria aperta", u"conti/altra.cpp"_s, "#include <dlfcn.h>\n",
+         u"src/conti/altra.cpp:1 includes dlfcn.h: only platform/ calls the operating system"_s);
+    Riga("un carattere nella logica", u"conti/altra.cpp"_s, "#include <QtGui/QFont>\n",
+         u"src/conti/altra.cpp:1 includes QtGui/QFont, and conti is a room without windows"_s);
+    Riga("una stampante nella logica", u"conti/altra.cpp"_s, "#include <QPrinter>\n",
+         u"src/conti/altra.cpp:1 includes QPrinter, and conti is a room without windows"_s);
+    Riga("un disegno nella logica", u"conti/altra.cpp"_s, "#include <QSvgRenderer>\n",
+         u"src/conti/altra.cpp:1 includes QSvgRenderer, and conti is a room without windows"_s);
     Riga("una chiamata del nucleo", u"conti/altra.cpp"_s, "#include <sys/stat.h>\n",
          u"src/conti/altra.cpp:1 includes sys/stat.h: only platform/ calls the operating system"_s);
 }
@@ -289,7 +320,7 @@ void TestArchitettura::unaSondaSiScopre()
     QFETCH(QString, Frase);
     const Casa Piccola = CasaDiProva();
     const auto Frasi = [&] {
-        return UnaPerRiga(IncludiProibiti(Piccola) + LibrerieProibite(Piccola, IntestazioniFinestre));
+        return UnaPerRiga(IncludiProibiti(Piccola) + LibrerieProibite(Piccola, IntestazioniQt));
     };
     QCOMPARE(Frasi(), QString());
     Scrivi(Piccola.Radice + File, Testo);
@@ -326,13 +357,29 @@ void TestArchitettura::chiToccaIlDiscoSiScopre()
     QTEST(UnaPerRiga(DiscoToccato(Piccola)), "Frase");
 }
 
+void TestArchitettura::chiChiamaIlSistemaSiScopre()
+{
+    const Casa Piccola = CasaDiProva();
+    QCOMPARE(UnaPerRiga(AmbienteToccato(Piccola)), QString());
+    Scrivi(Piccola.Radice + u"platform/base/ambiente.cpp"_s, "auto Dove = qgetenv(Nome);\n");
+    Scrivi(Piccola.Radice + u"conti/somma.cpp"_s,
+           "int x;  // not by getenv\nauto Dove = getenv(Nome);\nqputenv(Nome, Dove);\n"
+           "if (qEnvironmentVariableIsSet(Nome))\n    std::system(Nome);\n");
+    QCOMPARE(
+        UnaPerRiga(AmbienteToccato(Piccola)),
+        u"src/conti/somma.cpp:2 calls getenv: only platform/ calls the operating system\n"
+        "src/conti/somma.cpp:3 calls qputenv: only platform/ calls the operating system\n"
+        "src/conti/somma.cpp:4 calls qEnvironmentVariableIsSet: only platform/ calls the operating system\n"
+        "src/conti/somma.cpp:5 calls std::system: only platform/ calls the operating system"_s);
+}
+
 void TestArchitettura::iNomiDoppiSiScoprono()
 {
     const Casa Piccola = CasaDiProva();
     QCOMPARE(UnaPerRiga(NomiDoppi(Piccola)), QString());
-    // A member, a forward declaration and a name of a namespace are no second meaning.
-    Scrivi(Piccola.Radice + u"conti/altra.h"_s, "#pragma once\nstruct Tabella;\nnamespace conti {\nint "
-                                                "Numero();\n}\nstruct Voce\n{\n    int Somma();\n};\n");
+    // A member and a forward declaration are no second meaning.
+    Scrivi(Piccola.Radice + u"conti/altra.h"_s,
+           "#pragma once\nstruct Tabella;\nstruct Voce\n{\n    int Somma();\n};\n");
     QCOMPARE(UnaPerRiga(NomiDoppi(Piccola)), QString());
     Scrivi(Piccola.Radice + u"conti/terza.h"_s,
            "#pragma once\nenum class Tabella { Prima };\n[[nodiscard]] QString Numero(int Quale);\n");
@@ -353,7 +400,11 @@ void TestArchitettura::ogniDichiarazioneConta_data()
                            << u"Riga"_s;
     QTest::newRow("spazi annidati") << QByteArray("namespace a::b {\nint Voce();\n}\n")
                                     << QByteArray("namespace a {\nnamespace b {\nint Voce();\n}\n}\n")
-                                    << u"a::b::Voce"_s;
+                                    << u"Voce"_s;
+    QTest::newRow("uno spazio e nessuno")
+        << QByteArray("int Voce();\n") << QByteArray("namespace conti {\nint Voce();\n}\n") << u"Voce"_s;
+    QTest::newRow("due spazi") << QByteArray("namespace a {\nint Voce();\n}\n")
+                               << QByteArray("namespace b {\nint Voce();\n}\n") << u"Voce"_s;
 }
 
 /// Whatever its form, a declaration outside every class takes its name.
@@ -435,6 +486,23 @@ void TestArchitettura::unaFrecciaInSuSiScopre()
     QCOMPARE(UnaPerRiga(FrecceInSu(Piccola)),
              u"platform/base may know conti, which does not stand above it in the table\n"
              "conti may know conti/nulla, which does not stand above it in the table"_s);
+}
+
+void TestArchitettura::unaFrecciaSenzaUsoSiScopre()
+{
+    Casa Piccola = CasaDiProva();
+    // The engine includes nothing of the room below it, the form nothing but its own logic.
+    const QString Ferme = u"platform/database may know platform/base and includes nothing of it\n"
+                          "conti/windows may know platform/base and includes nothing of it"_s;
+    QCOMPARE(UnaPerRiga(FrecceSenzaUso(Piccola)), Ferme);
+    Piccola.Stanze[u"conti"_s].PuoConoscere += u"platform/database"_s;
+    QCOMPARE(FrecceSenzaUso(Piccola)[1], u"conti may know platform/database and includes nothing of it"_s);
+    Scrivi(Piccola.Radice + u"conti/altra.cpp"_s, "#include \"platform/database/tabella.h\"\n");
+    QCOMPARE(UnaPerRiga(FrecceSenzaUso(Piccola)), Ferme);
+    // A form of the designer counts as well.
+    Scrivi(Piccola.Radice + u"conti/windows/frmAltra.ui"_s,
+           "<ui>\n<header>platform/base/numero.h</header>\n</ui>\n");
+    QCOMPARE(UnaPerRiga(FrecceSenzaUso(Piccola)), Ferme.section(u'\n', 0, 0));
 }
 
 void TestArchitettura::unaStanzaGrandeSiScopre()

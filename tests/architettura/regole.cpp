@@ -84,9 +84,24 @@ struct Chiamata
 };
 
 constexpr Chiamata DelSistema[] = {
-    {u"QLockFile", true},    {u"QSettings", true},    {u"QProcess", true}, {u"QStandardPaths", true},
-    {u"QLocalSocket", true}, {u"QLocalServer", true}, {u"fcntl", true},    {u"unistd", true},
-    {u"windows", true},      {u"sys/", false},
+    {u"QLockFile", true},
+    {u"QSettings", true},
+    {u"QProcess", true},
+    {u"QStandardPaths", true},
+    {u"QLocalSocket", true},
+    {u"QLocalServer", true},
+    {u"fcntl", true},
+    {u"unistd", true},
+    {u"windows", true},
+    {u"sys/", false},
+    {u"QDesktopServices", true},
+    {u"QSysInfo", true},
+    {u"csignal", true},
+    {u"signal", true},
+    {u"dlfcn", true},
+    {u"pwd", true},
+    {u"grp", true},
+    {u"poll", true},
 };
 
 /// A header of a library without its Qt module: <QtCore/QProcess> is <QProcess>.
@@ -183,6 +198,21 @@ QStringList IncludiProibiti(const Casa& Questa)
     return Frasi;
 }
 
+QStringList FrecceSenzaUso(const Casa& Questa)
+{
+    QHash<QString, QSet<QString>> Usate;
+    PerOgniInclude(Questa, [&](const QString& File, qsizetype, const QString& Incluso, bool Nostro) {
+        if (Nostro)
+            Usate[CartellaDi(File)].insert(CartellaDi(Incluso));
+    });
+    QStringList Frasi;
+    for (const QString& Nome : Questa.Ordine)
+        for (const QString& Altra : Questa.Stanze[Nome].PuoConoscere)
+            if (!Usate.value(Nome).contains(Altra))
+                Frasi += u"%1 may know %2 and includes nothing of it"_s.arg(Nome, Altra);
+    return Frasi;
+}
+
 QStringList FrecceInSu(const Casa& Questa)
 {
     QStringList Frasi;
@@ -194,8 +224,17 @@ QStringList FrecceInSu(const Casa& Questa)
     return Frasi;
 }
 
-QStringList LibrerieProibite(const Casa& Questa, const QString& IntestazioniFinestre)
+QStringList LibrerieProibite(const Casa& Questa, const QString& IntestazioniQt)
 {
+    /// What a room without windows knows nothing of; pages are painted by Qt Gui, and by it alone.
+    const auto DiFinestre = [&](const QString& Stanza, const QString& Nome) {
+        QStringList Moduli{u"QtWidgets"_s, u"QtPrintSupport"_s, u"QtSvg"_s};
+        if (Stanza != u"platform/pages")
+            Moduli += u"QtGui"_s;
+        return std::ranges::any_of(Moduli, [&](const QString& Modulo) {
+            return QFileInfo::exists(IntestazioniQt + u'/' + Modulo + u'/' + Nome);
+        });
+    };
     QStringList Frasi;
     PerOgniInclude(Questa, [&](const QString& File, qsizetype Riga, const QString& Incluso, bool Nostro) {
         if (Nostro)
@@ -210,8 +249,7 @@ QStringList LibrerieProibite(const Casa& Questa, const QString& IntestazioniFine
         if (EDelSistema(Incluso) && !Stanza.startsWith(u"platform/"))
             Frasi +=
                 Posto(File, Riga) + u"includes %1: only platform/ calls the operating system"_s.arg(Incluso);
-        if (!Questa.Stanze.value(Stanza).HaFinestre() &&
-            QFileInfo::exists(IntestazioniFinestre + u'/' + SenzaModulo(Incluso)))
+        if (!Questa.Stanze.value(Stanza).HaFinestre() && DiFinestre(Stanza, SenzaModulo(Incluso)))
             Frasi +=
                 Posto(File, Riga) + u"includes %1, and %2 is a room without windows"_s.arg(Incluso, Stanza);
     });
@@ -227,6 +265,25 @@ QStringList ComandiDelDesktop(const Casa& Questa)
         for (qsizetype i = 0; i < Testo.size() && !File.startsWith(u"platform/"); ++i)
             if (Comando.match(Testo[i]).hasMatch())
                 Frasi += Posto(File, i) + u"names a command of the desktop: that is for platform/ alone"_s;
+    }
+    return Frasi;
+}
+
+QStringList AmbienteToccato(const Casa& Questa)
+{
+    static const QRegularExpression Chiamata(
+        u"\\b(?:secure_getenv|getenv|setenv|putenv|qgetenv|qputenv|qunsetenv|qEnvironmentVariable\\w*|"
+        "QProcessEnvironment|popen|dlopen|std::system|std::signal)\\b"_s);
+    static const QRegularExpression Commento(u"//.*$"_s);
+    QStringList Frasi;
+    for (const QString& File : Sorgenti(Questa, {u"*.h"_s, u"*.cpp"_s})) {
+        if (File.startsWith(u"platform/") || File.startsWith(u"demo/"))
+            continue;
+        const QStringList Testo = Righe(Questa.Radice + File);
+        for (qsizetype i = 0; i < Testo.size(); ++i)
+            if (const auto Trovato = Chiamata.match(QString(Testo[i]).remove(Commento)); Trovato.hasMatch())
+                Frasi += Posto(File, i) +
+                         u"calls %1: only platform/ calls the operating system"_s.arg(Trovato.captured());
     }
     return Frasi;
 }
@@ -265,10 +322,10 @@ QStringList DiscoToccato(const Casa& Questa)
 
 QStringList NomiDoppi(const Casa& Questa)
 {
-    QMap<QString, QMap<QString, QString>> Dove;  // name, then room, then header
+    QMap<QString, QMap<QString, QString>> Dove;  // bare name, then room, then header
     for (const QString& File : Sorgenti(Questa, {u"*.h"_s}))
         for (const QString& Nome : NomiDichiarati(Righe(Questa.Radice + File)))
-            Dove[Nome].insert(CartellaDi(File), File);
+            Dove[Nome.section(u"::"_s, -1)].insert(CartellaDi(File), File);
     QStringList Frasi;
     for (auto Uno = Dove.cbegin(); Uno != Dove.cend(); ++Uno)
         if (Uno->size() > 1)

@@ -27,13 +27,21 @@ struct Casa
 /// Every file belongs to a room; every include, also of a Designer file, is of a room that the table allows.
 [[nodiscard]] QStringList IncludiProibiti(const Casa& Questa);
 
+/// A room's row names nobody whom the room includes nothing of: else the table would allow more than the
+/// house asks for, and an arrow drawn would be none.
+[[nodiscard]] QStringList FrecceSenzaUso(const Casa& Questa);
+
 /// A room knows only rooms above it in the table.
 [[nodiscard]] QStringList FrecceInSu(const Casa& Questa);
 
-/// The database engine outside its room, widgets in a room without windows, calls of the operating system
-/// outside platform/.
-/// @param IntestazioniFinestre folder of the headers of Qt Widgets
-[[nodiscard]] QStringList LibrerieProibite(const Casa& Questa, const QString& IntestazioniFinestre);
+/// The database engine outside its room; widgets, printers and drawing in a room without windows, but for
+/// platform/pages, which draws; headers of the operating system outside platform/.
+/// @param IntestazioniQt folder of the headers of Qt, one folder a module
+[[nodiscard]] QStringList LibrerieProibite(const Casa& Questa, const QString& IntestazioniQt);
+
+/// Calls of the operating system that stand in headers of the language or of Qt Core: the environment,
+/// another program, signals. The demo is left out as in DiscoToccato.
+[[nodiscard]] QStringList AmbienteToccato(const Casa& Questa);
 
 /// Qt's classes that touch the disk, named outside platform/. The demo is left out, which makes a home of its
 /// own before anything runs.
@@ -45,8 +53,8 @@ struct Casa
 /// Errors made of a figure instead of a name of `errori`, where its sentence stands.
 [[nodiscard]] QStringList ErroriSenzaNome(const Casa& Questa);
 
-/// One bare name declared in the headers of two rooms: a source that includes both could not compile, or
-/// would mean the other one.
+/// One bare name declared in the headers of two rooms, whatever namespaces they stand in: a source that
+/// includes both could not compile, or would mean the other one, and whoever reads it has to know which.
 [[nodiscard]] QStringList NomiDoppi(const Casa& Questa);
 
 /// One name that two sources of a room have for themselves alone, a function with the same parameters: the

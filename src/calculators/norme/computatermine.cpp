@@ -203,7 +203,7 @@ private:
         if (Sospesi == 0)
             return Fine;
         Esito.Spostata = true;
-        Detto Chi = DiRegola(regole::Mesi, Fine);
+        Detto Chi = DiRegola(regole::AMesi, Fine);
         Chi.NonRiscontrato |= Passo < 0;
         return Conta(Fine, Sospesi, GenerePasso::GiorniRecuperati, Chi);
     }

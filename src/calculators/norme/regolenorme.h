@@ -11,11 +11,11 @@ inline constexpr QStringView Domenica = u"domenica";
 inline constexpr QStringView Sabato = u"sabato";
 inline constexpr QStringView Ritroso = u"ritroso";
 inline constexpr QStringView Differito = u"differito";
-inline constexpr QStringView Mesi = u"mesi";
+inline constexpr QStringView AMesi = u"mesi";
 inline constexpr QStringView SospensioneRitroso = u"sospensione a ritroso";
 inline constexpr QStringView Libero = u"libero";
 inline constexpr std::array Tutte{Computo,   Festivo, Domenica,           Sabato, Ritroso,
-                                  Differito, Mesi,    SospensioneRitroso, Libero};
+                                  Differito, AMesi,   SospensioneRitroso, Libero};
 
 }  // namespace regole
 

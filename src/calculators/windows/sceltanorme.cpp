@@ -61,5 +61,5 @@ bool SceltaNorme::Sospeso(const QDate& Giorno) const
 
 InsiemeNorme NormeDelleImpostazioni()
 {
-    return sessione::Norme == NormeInVigore ? InsiemeNorme::Vigenti : InsiemeNorme::Programma;
+    return sessione::NormeDiPartenza == NormeInVigore ? InsiemeNorme::Vigenti : InsiemeNorme::Programma;
 }

@@ -106,7 +106,8 @@ void SchedaContabili::Carica()
     const QString Tariffa = ValoreConservato(chiavi::Tariffa);
     TariffaScelta = DecretoDi(Tariffa);
     ui->cmbTariffa->setCurrentIndex(std::max(ui->cmbTariffa->findData(Tariffa), 0));
-    ui->cmbNorme->setCurrentIndex(std::max(ui->cmbNorme->findData(ValoreConservato(chiavi::Norme)), 0));
+    ui->cmbNorme->setCurrentIndex(
+        std::max(ui->cmbNorme->findData(ValoreConservato(chiavi::NormeDiPartenza)), 0));
     for (const VoceAliquota& Voce : Aliquote)
         (ui.get()->*Voce.Campo)->setText(ValoreConservato(Voce.Chiave));
     NumeroLetto = ValoreConservato(chiavi::ProgFatt);
@@ -119,7 +120,7 @@ ValoriScheda SchedaContabili::Valori() const
     ValoriScheda Fatti;
     if (TariffaScelta || isVisible())
         Fatti.append({chiavi::Tariffa.toString(), ui->cmbTariffa->currentData().toString()});
-    Fatti.append({chiavi::Norme.toString(), ui->cmbNorme->currentData().toString()});
+    Fatti.append({chiavi::NormeDiPartenza.toString(), ui->cmbNorme->currentData().toString()});
     for (const VoceAliquota& Voce : Aliquote)
         Fatti.append({Voce.Chiave.toString(), SenzaBianchi(ui.get()->*Voce.Campo)});
     if (ui->txtNumFatt->text() != NumeroLetto)

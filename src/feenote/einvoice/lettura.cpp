@@ -49,7 +49,7 @@ bool TroppiAttributi(const QString& Testo)
     for (const QChar Segno : Testo) {
         if (Segno == u'<')
             Quanti = 0;
-        if ((Segno == u'"' || Segno == u'\'') && Uguale && ++Quanti > limiti_fattura::Attributi)
+        if ((Segno == u'"' || Segno == u'\'') && Uguale && ++Quanti > limiti_fattura::AttributiPerElemento)
             return true;
         Uguale = Segno == u'=' || (Uguale && Segno.isSpace());
     }

@@ -59,6 +59,6 @@ namespace limiti_fattura {
 inline constexpr int Profondita = 24;
 inline constexpr int Elementi = 300'000;
 /// Of one element; the names that the whole file declares among them.
-inline constexpr int Attributi = 64;
+inline constexpr int AttributiPerElemento = 64;
 
 }  // namespace limiti_fattura

@@ -83,7 +83,7 @@ bool NomeAmmesso(const QString& Percorso)
     const QString Nome = NomeFile(Percorso).chopped(EstensioneNota.size());
     if (NomeDiNotaValido(Nome))
         return true;
-    MsgErrore(NomeNonValido.toString() + u"\nSalvataggio non effettuato!"_s);
+    MsgErrore(FraseNomeNonValido.toString() + u"\nSalvataggio non effettuato!"_s);
     return false;
 }
 

@@ -10,7 +10,7 @@
 
 /// Characters that the name of a note may not hold, and what is said of one that does.
 inline constexpr QStringView VietatiNeiNomi = u"[]!.";
-inline constexpr QStringView NomeNonValido =
+inline constexpr QStringView FraseNomeNonValido =
     u"Il nome specificato non è valido: non usare i caratteri [ ] ! .";
 /// True for a name, without its folder and ".mdb", that a note may have.
 [[nodiscard]] bool NomeDiNotaValido(const QString& Nome);

@@ -68,7 +68,7 @@ QString PercorsoNuovo(const QString& File, const QString& Digitato)
 {
     const QString Nome = SenzaEstensione(Digitato);  // separators in it stay, to be refused
     if (!NomeBuono(Nome)) {
-        MsgErrore(NomeNonValido.toString());
+        MsgErrore(FraseNomeNonValido.toString());
         return {};
     }
     const QString Intero = Nome + EstensioneNota.toString();

@@ -311,7 +311,7 @@ void SchedaAcconti::MostraMultipla()
     for (QWidget* Comando : std::initializer_list<QWidget*>{ui->cmdModPar, ui->cmdNoMulti, ui->chkMultiParam,
                                                             ui->optMultiAntPos_0, ui->optMultiAntPos_1})
         Comando->setEnabled(Associata);
-    mostra::Opzioni(optMultiAntPos, Nota.optMultiAntPos);
+    mostra::SceltaTra(optMultiAntPos, Nota.optMultiAntPos);
     mostra::Segno(ui->chkMultiParam, {Nota.chkMultiParam, Associata});
     // The path outlives the association in the file: the note comes without one, and may have it back.
     const bool Offerta = !Associata && !Nota.txtPathParcMult.isEmpty();

@@ -384,7 +384,7 @@ void SchedaDatiBase::Mostra()
     MostraTariffa();
     MostraOpzioni();
     MostraParte();
-    mostra::Opzioni(optAumRid, Nota.AumRidIdx);
+    mostra::SceltaTra(optAumRid, Nota.AumRidIdx);
     mostra::Elenco(ui->cmbAumRid, SegniAumRid(), Nota.cmbAumRid, Nota.cmbAumRidAbilitata);
     mostra::Testo(ui->txtAumRid, Nota.txtAumRid);
 }

@@ -405,7 +405,7 @@ void SchedaStampa::MostraDati()
 
     // Only a company is signed for by somebody else.
     ui->fraContrRappr->setVisible(Nota.optContrTipo == 1);
-    mostra::Opzioni(optContrTipo, Nota.optContrTipo);
+    mostra::SceltaTra(optContrTipo, Nota.optContrTipo);
 }
 
 void SchedaStampa::MostraParti()

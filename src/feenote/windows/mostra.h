@@ -62,7 +62,7 @@ inline void Segno(QAbstractButton* Box, const Spunta& Dato)
 }
 
 /// Tab stops at the chosen option; the arrows go through the others.
-inline void Opzioni(const QButtonGroup* Gruppo, int Scelta)
+inline void SceltaTra(const QButtonGroup* Gruppo, int Scelta)
 {
     for (QAbstractButton* Opzione : Gruppo->buttons()) {
         const QSignalBlocker Zitto(Opzione);

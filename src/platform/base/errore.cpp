@@ -26,7 +26,7 @@ constexpr std::array Descrizioni{
     Voce{errori::NessunProgramma, u"Nessun programma è associato al documento"},
     Voce{errori::NomeNonValido, u"Nome di file non valido"},
     Voce{errori::FileMancante, u"File non trovato"},
-    Voce{errori::FileInUso, u"File già in uso"},
+    Voce{errori::GiaInUso, u"File già in uso"},
     Voce{errori::Periferica, u"Errore di lettura o scrittura del disco"},
     Voce{errori::FilePresente, u"Il file esiste già"},
     Voce{errori::DiscoPieno, u"Disco pieno"},

@@ -124,7 +124,7 @@ bool Libera(const QByteArray& Nome)
         if (!Scritto)
             return Libero;
         if (Orologio.elapsed() >= attese::TurnoMs)
-            throw Errore(errori::FileInUso);
+            throw Errore(errori::GiaInUso);
         QThread::msleep(PassoMs);
     }
 }
@@ -240,7 +240,7 @@ void FileAccanto::Interno::PretendiProprio()
     if (!ConNome || HaQuestoNome(File, Accanto))
         return;
     ConNome = false;
-    throw Errore(errori::FileInUso);
+    throw Errore(errori::GiaInUso);
 }
 
 void FileAccanto::Interno::Chiudi()

@@ -166,6 +166,16 @@ VersioneSistema LeggiVersioneSistema()
 #endif
 }
 
+QString NomeSistema()
+{
+    return u"%1 (%2)"_s.arg(QSysInfo::prettyProductName(), QSysInfo::currentCpuArchitecture());
+}
+
+void ImponiUtf8()
+{
+    qputenv("LC_ALL", "C.UTF-8");
+}
+
 void Termina(int Esito)
 {
     if (const auto Chiudi = Installata().Termina)

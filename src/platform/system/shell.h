@@ -95,5 +95,13 @@ struct VersioneSistema
 };
 [[nodiscard]] VersioneSistema LeggiVersioneSistema();
 
+/// The system as a person calls it, with the processor that the program was made for in brackets:
+/// "Debian GNU/Linux 12 (bookworm) (x86_64)".
+[[nodiscard]] QString NomeSistema();
+
+/// Has the standard streams and the names of files read and written in UTF-8, whatever the locale of whoever
+/// calls. Before the application object is made, which asks for it once.
+void ImponiUtf8();
+
 /// The one way the process ends: the event loop is left with this exit status; tests record it.
 void Termina(int Esito = 0);

@@ -17,7 +17,7 @@ void ATurno(const QString& File, const QString& Blocco, const std::function<void
         break;
     case FileBlocco::Esito::Altrui:
     case FileBlocco::Esito::Abbandonato:
-        throw Errore(errori::FileInUso);
+        throw Errore(errori::GiaInUso);
     case FileBlocco::Esito::Rifiutato:
         throw Errore(errori::Accesso);
     case FileBlocco::Esito::Impedito:

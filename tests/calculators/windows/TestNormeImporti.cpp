@@ -85,7 +85,7 @@ PROVA(TestNormeImporti);
 /// The form with the fees in force on view, and a kind of proceeding chosen.
 QPointer<frmContrib> TestNormeImporti::ApriContributo(const QString& Procedimento)
 {
-    sessione::Norme = NormeInVigore.toString();
+    sessione::NormeDiPartenza = NormeInVigore.toString();
     QPointer<frmContrib> F = Apri<frmContrib>();
     if (!F || Procedimento.isEmpty())
         return F;
@@ -484,7 +484,7 @@ void TestNormeImporti::moraProposta()
     QFETCH(bool, Dopo2012);
     QFETCH(QString, Nota);
     B->ConTassi();
-    sessione::Norme = NormeInVigore.toString();
+    sessione::NormeDiPartenza = NormeInVigore.toString();
     QPointer<frmInteressi> F = Apri<frmInteressi>();
     Scegli(F, "cmbInteressi", 1);
     Scrivi(F, "mskDataIni", DataIni);
@@ -497,7 +497,7 @@ void TestNormeImporti::moraProposta()
 void TestNormeImporti::laSceltaDellUtenteResta()
 {
     B->ConTassi();
-    sessione::Norme = NormeInVigore.toString();
+    sessione::NormeDiPartenza = NormeInVigore.toString();
     QPointer<frmInteressi> F = Apri<frmInteressi>();
     Scegli(F, "cmbInteressi", 1);
     Scrivi(F, "mskDataIni", u"01012020"_s);

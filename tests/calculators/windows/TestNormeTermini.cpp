@@ -60,7 +60,7 @@ void TestNormeTermini::cominciaDalleImpostazioni()
     QFETCH(QString, Impostazione);
     QFETCH(QString, Voce);
     Chiudi(F);
-    sessione::Norme = Impostazione;
+    sessione::NormeDiPartenza = Impostazione;
     F = Apri<frmTermini>();
     QCOMPARE(Controllo<QComboBox>(F, "cmbNorme")->currentText(), Voce);
     QPointer<frmTerminiSeq> Seq = Apri<frmTerminiSeq>();
@@ -72,7 +72,7 @@ void TestNormeTermini::laSceltaEDellaFinestra()
 {
     Scegli(F, "cmbNorme", InVigore);
     QCOMPARE(Controllo<QComboBox>(F, "cmbNorme")->currentText(), u"in vigore"_s);
-    QCOMPARE(sessione::Norme, NormeDelProgramma.toString());
+    QCOMPARE(sessione::NormeDiPartenza, NormeDelProgramma.toString());
     DalMenu(F, "mnuNew");
     QCOMPARE(Controllo<QComboBox>(F, "cmbNorme")->currentText(), u"in vigore"_s);
     Chiudi(F);

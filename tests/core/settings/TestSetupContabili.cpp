@@ -102,7 +102,7 @@ void TestSetupContabili::normeDeiCalcoli()
     QFETCH(QString, Testo);
     QFETCH(QString, Conservato);
     Registratore Box;
-    QCOMPARE(sessione::Norme, u"programma"_s);
+    QCOMPARE(sessione::NormeDiPartenza, u"programma"_s);
     T->Apri(1);
     auto* Lista = T->Trova<QComboBox>(u"cmbNorme"_s);
     QCOMPARE(Lista->currentText(), u"del programma"_s);
@@ -110,7 +110,7 @@ void TestSetupContabili::normeDeiCalcoli()
     QCOMPARE(Lista->currentText(), Testo);
     T->Memorizza(Box);
     QCOMPARE(T->Parametro(u"Norme"_s), Conservato);
-    QCOMPARE(sessione::Norme, Conservato);
+    QCOMPARE(sessione::NormeDiPartenza, Conservato);
     T->Modulo->close();
     T->Apri(1);
     QCOMPARE(Lista->currentText(), Testo);

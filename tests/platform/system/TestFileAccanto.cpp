@@ -62,7 +62,7 @@ void TestFileAccanto::chiScriveNonPerdeIlSuo()
     {
         FileAccanto Primo(File, Lettori::Cartella);
         Primo.Scrivi("mezzo");
-        QCOMPARE(NumeroErrore([&] { ScriviFile(File, "altro", Lettori::Cartella); }), errori::FileInUso);
+        QCOMPARE(NumeroErrore([&] { ScriviFile(File, "altro", Lettori::Cartella); }), errori::GiaInUso);
         Primo.Scrivi(" e intero");
         Primo.Posa();
     }
@@ -82,7 +82,7 @@ void TestFileAccanto::chiNonSiVedePerdeIlPosto()
         Primo.Scrivi("uno");
         FileAccanto Secondo(File, Lettori::Cartella);
         Secondo.Scrivi("met");
-        QCOMPARE(NumeroErrore([&] { Primo.Posa(); }), errori::FileInUso);
+        QCOMPARE(NumeroErrore([&] { Primo.Posa(); }), errori::GiaInUso);
         QCOMPARE(LeggiFile(File), "prima"_ba);
         Secondo.Scrivi("à");
         Secondo.Posa();
@@ -105,7 +105,7 @@ void TestFileAccanto::siAspettaChiVive()
     const QByteArray Accanto = QFile::encodeName(Cartella + u".~x.doc.tmp"_s);
     const int Vivo = ::open(Accanto.constData(), O_CREAT | O_RDWR | O_CLOEXEC, 0600);
     QCOMPARE(::flock(Vivo, LOCK_EX), 0);
-    QCOMPARE(NumeroErrore([&] { ScriviFile(File, "x"); }), errori::FileInUso);
+    QCOMPARE(NumeroErrore([&] { ScriviFile(File, "x"); }), errori::GiaInUso);
     QCOMPARE(ContenutoDi(Cartella), QStringList{u".~x.doc.tmp"_s});
     ::close(Vivo);
     ScriviFile(File, "x");
