@@ -277,7 +277,7 @@ Risposta Importa(const QStringList& Valori, const RigaComando& Chiamata)
 Risposta Voci(const QStringList& Valori, const RigaComando& Chiamata)
 {
     const Decreto* Legge = DecretoDi(Chiamata.Di(Opzione::Tariffa));
-    return ComandoVoci(Valori, Legge ? *Legge : Dm140);
+    return ComandoVoci(Valori, Legge ? *Legge : *Decreti.front());
 }
 
 Risposta CodFis(const QStringList& Valori, const RigaComando& Chiamata)

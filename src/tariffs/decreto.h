@@ -18,6 +18,7 @@ struct Decreto
     QStringView Schede;      ///< folder of the information sheets of its items, in the program folder
     int Decimali = 0;        ///< of the amounts of a line; see ArrotondaRiga
     double SpeseGen = 0.0;   ///< general expenses of a new note, percent; 0: off, the office decides
+    QStringView InVigore = u"";  ///< to which services it applies today, for a sentence; empty: to none
     /// What lies beyond the last bracket is told as such.
     bool ScaglioniFiniti = false;
     /// Its reference database says whose it is; the banner, the documents and the files of its notes name it.
@@ -43,6 +44,7 @@ inline constexpr Decreto Dm55{
     .Schede = u"note",
     .Decimali = 2,
     .SpeseGen = 15.0,  // art. 2: owed in any case
+    .InVigore = u"per le prestazioni esaurite dopo il 23/10/2022",
     .ScaglioniFiniti = true,
     .Dichiarato = true,
 };

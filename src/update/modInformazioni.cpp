@@ -120,19 +120,21 @@ QString ArchivioTariffa(const Decreto& Legge)
 GruppoInformazioni Archivi()
 {
     const QString& Prog = sessione::PercorsoProg;
-    return {u"Archivi"_s,
-            {{u"Tariffa"_s, ArchivioTariffa(Dm140)},
-             {u"Tariffa in vigore"_s, ArchivioTariffa(Dm55)},
-             {u"Tassi"_s, Archivio(ArchivioTassi(), ContenutoTassi)},
-             {u"Comuni"_s, Archivio(Prog + u"Comuni.mdb"_s, ContenutoComuni)},
-             {u"Norme in vigore"_s, Archivio(Prog + u"Norme.mdb"_s, ContenutoNorme)},
-             {u"Clienti"_s, sessione::ArchivioCliCon.isEmpty()
-                                ? u"non impostato"_s
-                                : Archivio(sessione::ArchivioCliCon, [](const Database& Db) {
-                                      return u"%1 clienti, %2 controparti, in %3"_s.arg(
-                                          Quanti(Db, u"clienti"_s), Quanti(Db, u"controparti"_s),
-                                          TrovaFile(sessione::ArchivioCliCon));
-                                  })}}};
+    GruppoInformazioni Gruppo{u"Archivi"_s, {}};
+    for (const Decreto* Legge : Decreti)
+        Gruppo.Righe.append({u"Tariffa %1"_s.arg(Legge->Nome), ArchivioTariffa(*Legge)});
+    Gruppo.Righe += QList<RigaInformazione>{
+        {u"Tassi"_s, Archivio(ArchivioTassi(), ContenutoTassi)},
+        {u"Comuni"_s, Archivio(Prog + u"Comuni.mdb"_s, ContenutoComuni)},
+        {u"Norme in vigore"_s, Archivio(Prog + u"Norme.mdb"_s, ContenutoNorme)},
+        {u"Clienti"_s, sessione::ArchivioCliCon.isEmpty()
+                           ? u"non impostato"_s
+                           : Archivio(sessione::ArchivioCliCon, [](const Database& Db) {
+                                 return u"%1 clienti, %2 controparti, in %3"_s.arg(
+                                     Quanti(Db, u"clienti"_s), Quanti(Db, u"controparti"_s),
+                                     TrovaFile(sessione::ArchivioCliCon));
+                             })}};
+    return Gruppo;
 }
 
 GruppoInformazioni Licenze()

@@ -2,6 +2,7 @@
 #include "chiamata.h"
 
 #include "platform/system/file.h"
+#include "tariffs/decreto.h"
 
 #include <QRegularExpression>
 
@@ -14,6 +15,8 @@ private Q_SLOTS:
     void paginaDelManuale();
     void completamento();
     void opzioni();
+    void decreti_data();
+    void decreti();
 };
 PROVA(TestPagineSistema);
 
@@ -82,6 +85,30 @@ void TestPagineSistema::opzioni()
     const QString Sezione = Pagina().section(u".SH OPZIONI"_s, 1).section(u".SH"_s, 0, 0).remove(u'\\');
     for (const QString& Opzione : Attese)
         QVERIFY2(Sezione.contains(Opzione), qPrintable(Opzione));
+    QStringList Tariffe;
+    for (const Decreto* Legge : Decreti)
+        Tariffe << Legge->Sigla.toString();
+    const QString Scelta = u"--tariffa \" %1\""_s.arg(Tariffe.join(u'|'));
+    QVERIFY2(Sezione.contains(Scelta), qPrintable(Scelta));
+}
+
+void TestPagineSistema::decreti_data()
+{
+    QTest::addColumn<QString>("Nome");
+    for (const char* Nome :
+         {"pacchetto/CMakeLists.txt", "pacchetto/it.calcanova.Calcanova.metainfo.xml",
+          "pacchetto/calcanova.1", "pacchetto/calcanova-cli.1", "README.md", "CHANGELOG.md"})
+        QTest::newRow(Nome) << QString::fromLatin1(Nome);
+}
+
+/// Whoever looks for a program for the decree in force finds out by these pages that this one has it.
+void TestPagineSistema::decreti()
+{
+    QFETCH(QString, Nome);
+    const QString Testo = QString::fromUtf8(LeggiFile(SorgenteDiProva(Nome))).simplified();
+    for (const Decreto* Legge : Decreti)
+        QVERIFY2(Testo.contains(Legge->Nome.toString().section(u' ', -1)),
+                 qPrintable(Legge->Nome.toString()));
 }
 
 #include "TestPagineSistema.moc"

@@ -8,18 +8,29 @@
 #include "platform/base/errore.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
+#include "tariffs/decreto.h"
 
 #include <QTemporaryDir>
+
+#include <array>
+#include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Who reads the tables of each decree, in the order of `Decreti`.
+constexpr std::array LettoriTariffe{&LeggiTariffe, &LeggiTariffa55};
+static_assert(LettoriTariffe.size() == Decreti.size());
+
 void CreaBasi(const QString& Tabelle, const QString& Uscita)
 {
-    const Tariffe Dati = LeggiTariffe(Tabelle);
-    const Tariffe Dati55 = LeggiTariffa55(Tabelle);
-    ConfrontaTariffe(Dati, Dati55);
+    std::vector<Tariffe> Tariffari;
+    for (const auto& Leggi : LettoriTariffe)
+        Tariffari.push_back(Leggi(Tabelle));
+    for (size_t i = 1; i < Tariffari.size(); ++i)
+        ConfrontaTariffe(Tariffari.front(), Tariffari[i]);
     const Tassi Archivio = LeggiTassi(Tabelle);
     const QList<ComuneTabella> Comuni = LeggiComuni(Tabelle);
     const QDate ComuniAl = LeggiStatoComuni(Tabelle);
@@ -28,16 +39,18 @@ void CreaBasi(const QString& Tabelle, const QString& Uscita)
     if (!Cartella.isValid())
         throw Errore(errori::Accesso);
     const QString Provvisoria = Barra(Cartella.path());
-    ScriviTariffe(Dati, Provvisoria + u"parcelle.mdb"_s);
-    ScriviTariffe(Dati55, Provvisoria + u"parcelle55.mdb"_s);
+    QStringList Nomi{u"DatiStudio.mdb"_s, u"Tassi.dat"_s, u"Comuni.mdb"_s, u"Norme.mdb"_s};
+    for (size_t i = 0; i < Tariffari.size(); ++i) {
+        Nomi << Decreti[i]->File.toString();
+        ScriviTariffe(Tariffari[i], Provvisoria + Nomi.last());
+    }
     ScriviArchivioStudio(Provvisoria + u"DatiStudio.mdb"_s);
     ScriviTassi(Archivio, Provvisoria + u"Tassi.dat"_s);
     ScriviComuni(Comuni, ComuniAl, Provvisoria + u"Comuni.mdb"_s);
     ScriviNorme(Vigenti, Provvisoria + u"Norme.mdb"_s);
 
     CreaCartella(Uscita);
-    for (const auto& Nome : {u"parcelle.mdb"_s, u"parcelle55.mdb"_s, u"DatiStudio.mdb"_s, u"Tassi.dat"_s,
-                             u"Comuni.mdb"_s, u"Norme.mdb"_s})
+    for (const QString& Nome : std::as_const(Nomi))
         ScriviFile(Uscita + Nome, LeggiFile(Provvisoria + Nome));
     // The program tells the age of the rates by the date of their file.
     ImpostaDataFile(Uscita + u"Tassi.dat"_s, QDateTime(DataDeiTassi(Archivio), QTime(12, 0)));

@@ -82,8 +82,13 @@ void Stringi(QLineEdit* Campo)
 SchedaContabili::SchedaContabili(QWidget* Padre) : QWidget(Padre), ui(std::make_unique<Ui::SchedaContabili>())
 {
     ui->setupUi(this);
-    for (const Decreto* Legge : Decreti)
+    QStringList InVigore;
+    for (const Decreto* Legge : Decreti) {
         ui->cmbTariffa->addItem(Legge->Nome.toString(), Legge->Sigla.toString());
+        if (!Legge->InVigore.isEmpty())
+            InVigore += u"In vigore %1: %2."_s.arg(Legge->InVigore, Legge->Nome);
+    }
+    ui->lblTariffe->setText(InVigore.join(u'\n'));
     AlScegliere(ui->cmbTariffa, [this](int, ModoScelta) { TariffaScelta = true; });
     ui->cmbNorme->setItemData(0, NormeDelProgramma.toString());
     ui->cmbNorme->setItemData(1, NormeInVigore.toString());

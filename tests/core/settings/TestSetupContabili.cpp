@@ -64,6 +64,8 @@ void TestSetupContabili::predefiniti()
         Letti << T->Campo(Nome)->text();
     QCOMPARE(Letti, (QStringList{u"21"_s, u"20"_s, u"12,5"_s, u"4"_s, u"0"_s}));
     QCOMPARE(T->Trova<QLabel>(u"lblNumFatt"_s)->text().remove(u'&'), u"N° ultima fattura emessa:"_s);
+    QCOMPARE(T->Trova<QLabel>(u"lblTariffe"_s)->text(),
+             u"In vigore per le prestazioni esaurite dopo il 23/10/2022: D.m. 55/2014."_s);
 }
 
 void TestSetupContabili::memorizza()
