@@ -4,6 +4,8 @@
 // JSON, 0600, at most ten of each calculator. What is damaged in it is left out.
 #pragma once
 
+#include "calculators/calcolatrici.h"
+
 #include <QDateTime>
 #include <QList>
 #include <QMap>
@@ -12,12 +14,6 @@
 
 #include <array>
 #include <optional>
-
-enum class Calcolatrice { Termini, Sequenziali, Interessi, Istat, CodiceFiscale, Contributo };
-
-/// How the file names them, in the order of the values.
-inline constexpr std::array<QStringView, 6> NomiCalcolatrici{u"termini", u"sequenziali",   u"interessi",
-                                                             u"istat",   u"codicefiscale", u"contributo"};
 
 /// A calculation as it is remembered.
 struct CalcoloRicordato
@@ -36,7 +32,7 @@ struct CalcoloRicordato
 inline constexpr int MassimoCalcoli = 10;
 
 /// All lists as they stand in a file, the last calculation first.
-using ElencoCalcoli = std::array<QList<CalcoloRicordato>, NomiCalcolatrici.size()>;
+using ElencoCalcoli = std::array<QList<CalcoloRicordato>, TabellaCalcolatrici.size()>;
 
 /// Reads the bytes of the file: whatever is no calculation in them is left out, and so is what is too long
 /// and what comes beyond the tenth.

@@ -163,12 +163,6 @@ void Leggimi(const Chiamata&)
         MsgErrore(Atteso + u" non è stato trovato!"_s);
 }
 
-/// The window that was registered under the word.
-void Finestra(const Chiamata& C)
-{
-    Aperture.Apri(C.Parola);
-}
-
 /// A page of the program's own, which stands in where there is no server.
 QString PaginaPropria(QStringView Nome)
 {
@@ -264,8 +258,6 @@ constexpr std::array TabellaComandi{
         .Parola = u"kr2", .Guardia = Sempre, .Azione = Kr2, .Icona = {20, u"Parcellazione vecchie tariffe"}},
     Comando{.Parola = u"clienti",
             .Guardia = Sempre,
-            .Azione = Finestra,
-            .Manca = SenzaFinestra,
             .Tasti = u"Ctrl+Shift+R",
             .Effetto = u"rubrica",
             .Procedura = true,
@@ -273,8 +265,6 @@ constexpr std::array TabellaComandi{
             .Icona = {30, u"Rubrica clienti"}},
     Comando{.Parola = u"codfis",
             .Guardia = Sempre,
-            .Azione = Finestra,
-            .Manca = SenzaFinestra,
             .Tasti = u"Ctrl+Shift+F",
             .Effetto = u"codice fiscale",
             .Procedura = true,
@@ -290,8 +280,6 @@ constexpr std::array TabellaComandi{
     Comando{.Parola = u"recupera", .Guardia = Sempre, .Azione = Recupera, .Procedura = true},
     Comando{.Parola = u"contrib",
             .Guardia = Sempre,
-            .Azione = Finestra,
-            .Manca = SenzaFinestra,
             .Tasti = u"Ctrl+Shift+C",
             .Effetto = u"contributo unificato",
             .Procedura = true,
@@ -299,8 +287,6 @@ constexpr std::array TabellaComandi{
             .Icona = {90, u"Contributo unificato"}},
     Comando{.Parola = u"termini",
             .Guardia = Sempre,
-            .Azione = Finestra,
-            .Manca = SenzaFinestra,
             .Tasti = u"Ctrl+Shift+T",
             .Effetto = u"computo termini",
             .Procedura = true,
@@ -308,8 +294,6 @@ constexpr std::array TabellaComandi{
             .Icona = {40, u"Computo termini"}},
     Comando{.Parola = u"sequenz",
             .Guardia = Sempre,
-            .Azione = Finestra,
-            .Manca = SenzaFinestra,
             .Tasti = u"Ctrl+Shift+S",
             .Effetto = u"termini sequenziali",
             .Procedura = true,
@@ -317,8 +301,6 @@ constexpr std::array TabellaComandi{
             .Icona = {50, u"Termini sequenziali"}},
     Comando{.Parola = u"inter",
             .Guardia = Sempre,
-            .Azione = Finestra,
-            .Manca = SenzaFinestra,
             .Tasti = u"Ctrl+Shift+I",
             .Effetto = u"interessi",
             .Procedura = true,
@@ -326,8 +308,6 @@ constexpr std::array TabellaComandi{
             .Icona = {60, u"Calcolo interessi"}},
     Comando{.Parola = u"istat",
             .Guardia = Sempre,
-            .Azione = Finestra,
-            .Manca = SenzaFinestra,
             .Tasti = u"Ctrl+Shift+V",
             .Effetto = u"rivalutazione Istat",
             .Procedura = true,
@@ -348,16 +328,10 @@ constexpr std::array TabellaComandi{
             .Tasti = u"Ctrl+Shift+L",
             .Effetto = u"protegge la parcella",
             .Pulsante = {40, Parcelle, u"Proteggi", u"Proteggi parcella"}},
-    Comando{.Parola = u"upgrade",
-            .Guardia = Sempre,
-            .Azione = Finestra,
-            .Manca = SenzaFinestra,
-            .Procedura = true,
-            .Icona = {140, u"Aggiorna programma"}},
+    Comando{
+        .Parola = u"upgrade", .Guardia = Sempre, .Procedura = true, .Icona = {140, u"Aggiorna programma"}},
     Comando{.Parola = u"docum",
             .Guardia = Sempre,
-            .Azione = Finestra,
-            .Manca = SenzaFinestra,
             .Tasti = u"Ctrl+Shift+D",
             .Effetto = u"documentazione normativa",
             .Pulsante = {120, Aiuti, u"Norme", u"Documentazione normativa"},
@@ -372,8 +346,7 @@ constexpr std::array TabellaComandi{
             .Effetto = u"la guida giuridica in PDF, al capitolo della scheda",
             .Pulsante = {110, Aiuti, u"Guida", u"Guida giuridica alle funzioni del quadro"},
             .Icona = {110, u"Guida giuridica"}},
-    Comando{
-        .Parola = u"about", .Guardia = Sempre, .Azione = Finestra, .Manca = SenzaFinestra, .Procedura = true},
+    Comando{.Parola = u"about", .Guardia = Sempre, .Procedura = true},
     Comando{.Parola = u"link",
             .Guardia = Sempre,
             .Azione = Collegamenti,
@@ -412,12 +385,22 @@ void EseguiComando(const QString& Parola, int Indice, const QString& Par)
     const Chiamata C{Parola, Indice, Par};
     if (!Riga || !Riga->Guardia(C))
         return;
-    Protetta([&] { Riga->Azione(C); });
+    Protetta([&] {
+        if (ApreFinestra(*Riga))
+            Aperture.Apri(C.Parola);
+        else
+            Riga->Azione(C);
+    });
 }
 
 std::span<const Comando> Comandi()
 {
     return TabellaComandi;
+}
+
+bool ApreFinestra(const Comando& Riga)
+{
+    return !Riga.Azione;
 }
 
 std::vector<const Comando*> ComandiDellaBarra()
@@ -433,5 +416,7 @@ std::vector<const Comando*> ComandiDellaScrivania()
 QString Impedimento(QStringView Parola)
 {
     const Comando* Riga = Cerca(Parola);
+    if (Riga && ApreFinestra(*Riga))
+        return SenzaFinestra(Parola);
     return Riga && Riga->Manca ? Riga->Manca(Parola) : QString();
 }

@@ -35,8 +35,8 @@ struct Comando
 {
     QStringView Parola;
     bool (*Guardia)(const Chiamata&) = nullptr;
-    void (*Azione)(const Chiamata&) = nullptr;
-    QString (*Manca)(QStringView Parola) = nullptr;  ///< see Impedimento; null: nothing can be missing
+    void (*Azione)(const Chiamata&) = nullptr;       ///< null: see ApreFinestra
+    QString (*Manca)(QStringView Parola) = nullptr;  ///< see Impedimento; null: nothing but a window
     QStringView Tasti = u"";                         ///< of the procedure, else of the button
     QStringView Effetto = u"";                       ///< what the keys do, on the page of keys
     bool Procedura = false;                          ///< the frame sends it by itself too, with no window
@@ -52,6 +52,8 @@ void EseguiComando(const QString& Parola, int Indice, const QString& Par);
 
 /// The table, in the order of the dispatcher.
 [[nodiscard]] std::span<const Comando> Comandi();
+/// True for a word whose window is registered under it in `Aperture`: the command opens that.
+[[nodiscard]] bool ApreFinestra(const Comando& Riga);
 /// The rows with a button, from the left; those with an icon, in reading order.
 [[nodiscard]] std::vector<const Comando*> ComandiDellaBarra();
 [[nodiscard]] std::vector<const Comando*> ComandiDellaScrivania();

@@ -108,10 +108,10 @@ void TestUltimiCalcoli::dieciEPoiEsce()
 
 void TestUltimiCalcoli::unoPerCalcolatrice()
 {
-    for (const Calcolatrice Quale : {Termini, Sequenziali, Interessi, Istat, CodiceFiscale, Contributo})
-        RicordaCalcolo(Quale, Fatto(NomiCalcolatrici[size_t(Quale)].toString()));
-    for (const Calcolatrice Quale : {Termini, Sequenziali, Interessi, Istat, CodiceFiscale, Contributo})
-        QCOMPARE(Nomi(Quale), QStringList{NomiCalcolatrici[size_t(Quale)].toString()});
+    for (const NomiCalcolatrice& Una : TabellaCalcolatrici)
+        RicordaCalcolo(Una.Quale, Fatto(Una.NelFile.toString()));
+    for (const NomiCalcolatrice& Una : TabellaCalcolatrici)
+        QCOMPARE(Nomi(Una.Quale), QStringList{Una.NelFile.toString()});
 }
 
 /// What goes is gone from the file, and a file that has more, by whatever hand, shows ten.

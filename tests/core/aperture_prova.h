@@ -114,16 +114,9 @@ inline void BancoComandi::RegistraAperture()
         return false;
     };
     Aperture.Impostazioni = [this](int Quale, bool) { Eventi << u"impostazioni"_s + Numeri({Quale}); };
-    Aperture.Finestre[u"clienti"_s] = Annota(u"rubrica"_s);
-    Aperture.Finestre[u"codfis"_s] = Annota(u"codice fiscale"_s);
-    Aperture.Finestre[u"contrib"_s] = Annota(u"contributo"_s);
-    Aperture.Finestre[u"termini"_s] = Annota(u"termini"_s);
-    Aperture.Finestre[u"sequenz"_s] = Annota(u"sequenziali"_s);
-    Aperture.Finestre[u"inter"_s] = Annota(u"interessi"_s);
-    Aperture.Finestre[u"istat"_s] = Annota(u"istat"_s);
-    Aperture.Finestre[u"upgrade"_s] = Annota(u"aggiorna"_s);
-    Aperture.Finestre[u"docum"_s] = Annota(u"documenti"_s);
-    Aperture.Finestre[u"about"_s] = Annota(u"informazioni"_s);
+    for (const Comando& Riga : Comandi())
+        if (ApreFinestra(Riga))
+            Aperture.Finestre[Riga.Parola.toString()] = Annota(Riga.Parola.toString());
     Aperture.PaginaWeb = [this](const QString& Pagina, const QString& Titolo) {
         Eventi << u"pagina %1 [%2]"_s.arg(NomeFile(Pagina), Titolo);
     };

@@ -3,6 +3,10 @@
 
 #include "programma.h"
 
+#include "calculators/calcolatrici.h"
+
+#include <iterator>
+
 struct Modulo
 {
     const char* Nome;    ///< of the picture and of the file of its focus order
@@ -18,6 +22,7 @@ inline constexpr Modulo Calcolatrici[] = {
     {"codfis", "ctrl+shift+f", "Calcolo del codice fiscale"},
     {"contributo", "ctrl+shift+c", "Calcolo contributo unificato"},
 };
+static_assert(std::size(Calcolatrici) == TabellaCalcolatrici.size());
 
 inline constexpr Modulo Impostazioni{"impostazioni", "ctrl+shift+p",
                                      "Calcanova - Personalizzazione programma"};

@@ -270,7 +270,7 @@ void TestComandiCalcolo::campiMancanti()
     Chiudi(F);
     CalcoloRicordato Intero;
     Calcolatrice Quale{};
-    for (size_t i = 0; i < NomiCalcolatrici.size(); ++i)
+    for (size_t i = 0; i < TabellaCalcolatrici.size(); ++i)
         if (const auto Lista = UltimiCalcoli(Calcolatrice(i)); !Lista.isEmpty()) {
             Intero = Lista.first();
             Quale = Calcolatrice(i);

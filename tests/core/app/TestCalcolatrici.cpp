@@ -1,14 +1,21 @@
 // The commands of the calculators open their windows: one of each, anew after it was closed.
 #include "scena.h"
 
+#include "calculators/calcolatrici.h"
 #include "calculators/windows/frmCodFis.h"
 #include "calculators/windows/frmContrib.h"
 #include "calculators/windows/frmInteressi.h"
 #include "calculators/windows/frmIstat.h"
 #include "core/app/apritori.h"
 #include "core/comandi.h"
+#include "core/tasti.h"
 
+#include <QAction>
+#include <QFile>
 #include <QLineEdit>
+#include <QRegularExpression>
+
+#include <algorithm>
 
 namespace {
 
@@ -30,6 +37,8 @@ class TestCalcolatrici : public QObject
 private Q_SLOTS:
     void ogniComandoLaSua_data();
     void ogniComandoLaSua();
+    void ognunaHaTuttoIlSuo_data();
+    void ognunaHaTuttoIlSuo();
 };
 PROVA(TestCalcolatrici);
 
@@ -72,6 +81,78 @@ void TestCalcolatrici::ogniComandoLaSua()
     QCOMPARE(Dopo->findChild<QLineEdit*>(Campo)->text(), QString());
     Dopo->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void TestCalcolatrici::ognunaHaTuttoIlSuo_data()
+{
+    QTest::addColumn<QString>("Comando");
+    QTest::addColumn<QString>("DaRiga");
+    for (const NomiCalcolatrice& Una : TabellaCalcolatrici)
+        QTest::newRow(qPrintable(Una.NelFile.toString())) << Una.Comando.toString() << Una.DaRiga.toString();
+}
+
+/// A calculator is known in many places, none of which is missed by the compiler: the sentences name what was
+/// forgotten. docs/architecture.md has them in one row.
+void TestCalcolatrici::ognunaHaTuttoIlSuo()
+{
+    QFETCH(QString, Comando);
+    QFETCH(QString, DaRiga);
+    QStringList Mancano;
+    const auto Chiede = [&](bool Ce, const QString& Dove) {
+        if (!Ce)
+            Mancano << Dove;
+    };
+    const auto Testo = [](const QString& File) {
+        QFile Aperto(SorgenteDiProva(File));
+        return Aperto.open(QIODevice::ReadOnly) ? QString::fromUtf8(Aperto.readAll()) : QString();
+    };
+    const auto Riga =
+        std::ranges::find_if(Comandi(), [&](const struct Comando& Una) { return Una.Parola == Comando; });
+    QVERIFY2(Riga != Comandi().end() && ApreFinestra(*Riga), "src/core/comandi.cpp: its row");
+    Chiede(!Riga->Tasti.isEmpty() && !Riga->Effetto.isEmpty(), u"src/core/comandi.cpp: its keys"_s);
+    Chiede(Riga->Icona.Posto > 0, u"src/core/comandi.cpp: its icon of the desktop"_s);
+    Chiede(QFile::exists(u":/icone/%1.svg"_s.arg(Comando)), u"src/platform/kit/icone: its picture"_s);
+
+    Scena Palco;
+    const Registratore Voce;
+    Palco.Preparata();
+    sessione::UserFolder = ProgrammaDiProva();
+    RiempiApritori();
+    const QWidgetList Prima = QApplication::topLevelWidgets();
+    EseguiComando(Comando, 0, {});
+    QWidget* Finestra = nullptr;
+    for (QWidget* Una : QApplication::topLevelWidgets())
+        if (Una->isVisible() && !Prima.contains(Una))
+            Finestra = Una;
+    QVERIFY2(Finestra, "src/core/app/apritori.cpp: its registration");
+    const QString Classe = QString::fromLatin1(Finestra->metaObject()->className());
+    Chiede(Finestra->findChild<QAction*>(u"mnuUltimi"_s), u"%1: its last calculations"_s.arg(Classe));
+    Finestra->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+    Chiede(std::ranges::count(TabellaTasti(), Classe, &RigaTasti::Finestra) > 0,
+           u"src/core/tasti.cpp: the keys of its window"_s);
+    Chiede(std::ranges::count(GruppiTasti(), Classe, &GruppoTasti::Finestra) == 1,
+           u"src/core/tasti.cpp: its part of the page of keys"_s);
+    const QString Guida = u"dati/guide/aiuto/"_s;
+    Chiede(!Testo(Guida + Classe + u".txt"_s).isEmpty(), Guida + Classe + u".txt: its page"_s);
+    Chiede(Testo(Guida + u"indice.txt"_s).contains(u"\n- %1\n"_s.arg(Classe)),
+           Guida + u"indice.txt: the line of its page"_s);
+    Chiede(Testo(Guida + u"tastiera.txt"_s).contains(u"%tabella tasti:%1\n"_s.arg(Classe)),
+           Guida + u"tastiera.txt: the table of its keys"_s);
+    Chiede(Testo(u"pacchetto/calcanova.1"_s).contains(u"\n.B %1\n"_s.arg(Comando)),
+           u"pacchetto/calcanova.1: its word"_s);
+    const QRegularExpression InCompletamento(u"comandi=\"[^\"]*\\b%1\\b"_s.arg(DaRiga));
+    Chiede(Testo(u"pacchetto/calcanova-cli.completamento"_s).contains(InCompletamento),
+           u"pacchetto/calcanova-cli.completamento: its command"_s);
+    Chiede(Testo(u"pacchetto/calcanova-cli.1"_s).contains(u"\n.BI \"%1 "_s.arg(DaRiga)),
+           u"pacchetto/calcanova-cli.1: its command"_s);
+    Chiede(Testo(u"docs/cli.md"_s).contains(u"\n| `%1 "_s.arg(DaRiga)), u"docs/cli.md: its command"_s);
+    Chiede(Testo(u"tests/video/moduli.h"_s).contains(u"{\"%1\", "_s.arg(DaRiga)),
+           u"tests/video/moduli.h: its row"_s);
+    Chiede(QFile::exists(SorgenteDiProva(u"tests/video/ordine/%1.txt"_s.arg(DaRiga))),
+           u"tests/video/ordine: where Tab and Enter lead in it"_s);
+    QVERIFY2(Mancano.isEmpty(), qPrintable(u'\n' + Mancano.join(u'\n')));
 }
 
 #include "TestCalcolatrici.moc"

@@ -5,6 +5,7 @@
 
 #include "core/app/apritori.h"
 #include "core/app/tastoguida.h"
+#include "core/comandi.h"
 #include "core/settings/frmIcons.h"
 #include "core/settings/frmSfoglia.h"
 #include "feenote/einvoice/controlli.h"
@@ -73,10 +74,11 @@ public:
         const Registratore Box;
         Usa(u"scrivania"_s, Mostrata(Singola<frmStudio>()));
         Parcelle_(Usa);
-        for (const QString& Parola :
-             {u"open"_s, u"clienti"_s, u"termini"_s, u"sequenz"_s, u"inter"_s, u"istat"_s, u"codfis"_s,
-              u"contrib"_s, u"docum"_s, u"about"_s, u"upgrade"_s, u"importa"_s})
-            DiComando(Parola, Usa);
+        DiComando(u"open"_s, Usa);
+        for (const Comando& Riga : Comandi())
+            if (ApreFinestra(Riga))
+                DiComando(Riga.Parola.toString(), Usa);
+        DiComando(u"importa"_s, Usa);
         Impostazioni_(Usa);
         ApriGuida(PaginaDeiTasti.toString());
         Usa(u"guida"_s, InVistaDi(u"frmWeb"_s));

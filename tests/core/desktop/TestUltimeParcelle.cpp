@@ -369,18 +369,18 @@ void TestUltimeParcelle::ogniTastoVaAncheQui()
     Aperture.ApriParcella = [this](const QString&, int, const QString&) { S->Annota(u"nuova"_s); };
     Aperture.Impostazioni = [this](int, bool) { S->Annota(u"setup"_s); };
     QStringList Attesi;
-    for (const QString& Parola : {u"clienti"_s, u"codfis"_s, u"contrib"_s, u"termini"_s, u"sequenz"_s,
-                                  u"inter"_s, u"istat"_s, u"docum"_s})
-        Aperture.Finestre[Parola] = [this, Parola] { S->Annota(Parola); };
-    frmStudio& Scrivania = Apri();
-    const QList<std::pair<QKeySequence, QString>> Tasti{
-        {QKeySequence(u"Ctrl+N"_s), u"nuova"_s},         {QKeySequence(u"Ctrl+O"_s), u"trova 0"_s},
-        {QKeySequence(u"Ctrl+Shift+O"_s), u"trova 1"_s}, {QKeySequence(u"Ctrl+Shift+R"_s), u"clienti"_s},
-        {QKeySequence(u"Ctrl+Shift+F"_s), u"codfis"_s},  {QKeySequence(u"Ctrl+Shift+P"_s), u"setup"_s},
-        {QKeySequence(u"Ctrl+Shift+C"_s), u"contrib"_s}, {QKeySequence(u"Ctrl+Shift+T"_s), u"termini"_s},
-        {QKeySequence(u"Ctrl+Shift+S"_s), u"sequenz"_s}, {QKeySequence(u"Ctrl+Shift+I"_s), u"inter"_s},
-        {QKeySequence(u"Ctrl+Shift+V"_s), u"istat"_s},   {QKeySequence(u"Ctrl+Shift+D"_s), u"docum"_s},
+    QList<std::pair<QKeySequence, QString>> Tasti{
+        {QKeySequence(u"Ctrl+N"_s), u"nuova"_s},
+        {QKeySequence(u"Ctrl+O"_s), u"trova 0"_s},
+        {QKeySequence(u"Ctrl+Shift+O"_s), u"trova 1"_s},
+        {QKeySequence(u"Ctrl+Shift+P"_s), u"setup"_s},
     };
+    for (const Comando& Riga : Comandi())
+        if (const QString Parola = Riga.Parola.toString(); ApreFinestra(Riga) && !Riga.Tasti.isEmpty()) {
+            Aperture.Finestre[Parola] = [this, Parola] { S->Annota(Parola); };
+            Tasti.append({QKeySequence(Riga.Tasti.toString()), Parola});
+        }
+    frmStudio& Scrivania = Apri();
     for (const auto& [Sequenza, Evento] : Tasti) {
         QTest::keySequence(&Scrivania, Sequenza);
         Attesi << Evento;

@@ -3,13 +3,14 @@
 
 #include "core/app/scena.h"
 
+#include "core/comandi.h"
 #include "core/desktop/iconastudio.h"
 #include "platform/system/file.h"
 
 #include <QImage>
 
-#include <array>
 #include <memory>
+#include <vector>
 
 struct Fissa
 {
@@ -17,23 +18,13 @@ struct Fissa
     QStringView Comando;
 };
 
-inline constexpr std::array Fisse{
-    Fissa{u"Parcellazione nuove tariffe", u"new"},
-    Fissa{u"Parcellazione vecchie tariffe", u"kr2"},
-    Fissa{u"Rubrica clienti", u"clienti"},
-    Fissa{u"Computo termini", u"termini"},
-    Fissa{u"Termini sequenziali", u"sequenz"},
-    Fissa{u"Calcolo interessi", u"inter"},
-    Fissa{u"Rivalutazione Istat", u"istat"},
-    Fissa{u"Codice fiscale", u"codfis"},
-    Fissa{u"Contributo unificato", u"contrib"},
-    Fissa{u"Documentazione normativa", u"docum"},
-    Fissa{u"Guida giuridica", u"guida"},
-    Fissa{u"Elenco siti web utili", u"link"},
-    Fissa{u"Novità", u"novita"},
-    Fissa{u"Aggiorna programma", u"upgrade"},
-    Fissa{u"Impostazioni", u"setup"},
-};
+/// The icons of every desktop, in their order; TestComandi has written down what they are.
+inline const std::vector<Fissa> Fisse = [] {
+    std::vector<Fissa> Tutte;
+    for (const Comando* Riga : ComandiDellaScrivania())
+        Tutte.push_back({Riga->Icona.Etichetta, Riga->Parola});
+    return Tutte;
+}();
 
 /// A program folder with the icons of a user in it.
 inline QString ProgrammaConIcone(const QByteArray& Righe)
