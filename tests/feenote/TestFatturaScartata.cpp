@@ -10,17 +10,13 @@ class TestFatturaScartata : public QObject, private BancoFatturaUscita
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init() { Comincia(Nota, Vista); }
-    void cleanup() { InstallaOrologio({}); }
+    void init() { Comincia(); }
+    void cleanup() { Finisci(); }
     void forseScartata();
     void alPostoDellaScartata();
     void alPostoDopoLaCarta_data();
     void alPostoDopoLaCarta();
     void alPostoDiUnaPagata();
-
-private:
-    Parcella Nota;
-    Copertura Vista;
 };
 PROVA(TestFatturaScartata);
 

@@ -11,8 +11,8 @@ class TestFatturaUscita : public QObject, private BancoFatturaUscita
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init() { Comincia(Nota, Vista); }
-    void cleanup() { InstallaOrologio({}); }
+    void init() { Comincia(); }
+    void cleanup() { Finisci(); }
     void unaCopiaDopoUnPagamento_data();
     void unaCopiaDopoUnPagamento();
     void gliAccontiSuoiRestano();
@@ -40,10 +40,6 @@ private Q_SLOTS:
     void pagataAManoDopoLoStorno();
     void nonPagataLaStornata();
     void laSinteticaDellaStessa();
-
-private:
-    Parcella Nota;
-    Copertura Vista;
 };
 PROVA(TestFatturaUscita);
 

@@ -11,14 +11,15 @@
 #include "feenote/modStorno.h"
 #include "platform/system/orologio.h"
 
+/// Invoice 12 of a note of 1.000,00, before it goes out, on 22/11/2026.
 class BancoFatturaUscita
 {
 protected:
     static constexpr double Intero = 1459.12;
     static constexpr double Meno400 = 951.60;  // 750,00 with fund and VAT
 
-    /// Invoice 12 of a note of 1.000,00, before it goes out.
-    static void Comincia(Parcella& Nota, Copertura& Vista)
+    /// Begins with an empty session and stops the clock; Finisci lets it go on.
+    void Comincia()
     {
         AzzeraSessione();
         InstallaOrologio([] { return QDateTime(QDate(2026, 11, 22), QTime(10, 0)); });
@@ -26,6 +27,7 @@ protected:
         Numera(Nota, QStringLiteral("12"));
         Vista = {};
     }
+    static void Finisci() { InstallaOrologio({}); }
 
     static void Paga(Parcella& Nota, double Compensi)
     {
@@ -57,4 +59,7 @@ protected:
     {
         return CatenaFiscale(RaccogliFattura(Nota, StampaFatturaAnalitica)).Totale;
     }
+
+    Parcella Nota;
+    Copertura Vista;
 };

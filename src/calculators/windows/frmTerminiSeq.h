@@ -13,7 +13,6 @@
 #include <memory>
 
 class PannelloTermini;
-struct CampiTermini;
 struct ParteTermini;
 
 namespace Ui {

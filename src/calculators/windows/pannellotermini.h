@@ -33,11 +33,11 @@ struct CampiTermini
     QAbstractButton* cmdCopia;
     QPushButton* cmdStrada;
     QPushButton* cmdAgenda;
-    QWidget* cmdScadenza = nullptr;  ///< the calendar of the result, where the window has one
+    QWidget* cmdScadenza = nullptr;  ///< opens the calendar of the result, where the window has one
 };
 
-/// Those of a window by their names, which both give alike; the calendar of the result is the window's to
-/// tell.
+/// Fills CampiTermini from a form whose controls bear the same names. cmdScadenza stays empty: only one
+/// window has that button.
 template <class Modulo>
 [[nodiscard]] CampiTermini CampiDi(const Modulo& Suo)
 {

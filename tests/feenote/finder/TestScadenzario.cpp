@@ -48,7 +48,6 @@ private:
         Una.Dati.Stato.Resto = Resto;
         return Una;
     }
-    [[nodiscard]] static Parcella Nota() { return NotaDiRossi(); }
     /// The one row of a folder.
     [[nodiscard]] VoceTrova Sola(const QString& Cartella) const
     {
@@ -81,7 +80,7 @@ void TestScadenzario::cleanup()
 
 void TestScadenzario::letteDaiFile()
 {
-    Parcella Una = Nota();
+    Parcella Una = NotaDiRossi();
     Una.txtDatiPar[DatoNumFatt] = u"12/A"_s;
     Una.txtDatiPar[DatoDataFatt] = u"09/11/2026"_s;
     Una.FatturaXml.Scadenza = u"31/12/2026"_s;
@@ -122,7 +121,7 @@ void TestScadenzario::fileDiPrima_data()
 void TestScadenzario::fileDiPrima()
 {
     QFETCH(QStringList, Sql);
-    Parcella Una = Nota();
+    Parcella Una = NotaDiRossi();
     (void)NotaInviata(Una, StampaPrenotula);
     const QString File = Note + u"una.mdb"_s;
     ScriviNota(File, Una);
@@ -173,7 +172,7 @@ void TestScadenzario::tabellaOstile()
 {
     QFETCH(QString, Sql);
     QFETCH(bool, Noto);
-    Parcella Una = Nota();
+    Parcella Una = NotaDiRossi();
     (void)NotaInviata(Una, StampaPrenotula);
     const QString File = Note + u"una.mdb"_s;
     ScriviNota(File, Una);

@@ -7,6 +7,7 @@
 #include "feenote/modFatturaXml.h"
 #include "feenote/modInterruttori.h"
 #include "feenote/modStato.h"
+#include "feenote/notadamille.h"
 #include "platform/system/orologio.h"
 
 using namespace Qt::StringLiterals;
@@ -73,16 +74,7 @@ private Q_SLOTS:
     {
         AzzeraSessione();
         InstallaOrologio([] { return QDateTime(QDate(2026, 11, 22), QTime(10, 0)); });
-        Nota = Parcella();
-        Nota.Stato = StatoDiNuova();
-        Nota.xOnorari.AggiungiRiga();
-        Nota.xOnorari(0, OnoImporto) = 1000.0;
-        Nota.chkSpeseGen.Attiva = Nota.chkCP.Attiva = Nota.chkIva.Attiva = true;
-        Nota.txtSpeGen.Testo = u"15"_s;
-        Nota.txtCP.Testo = u"4"_s;
-        Nota.txtIVA.Testo = u"22"_s;
-        RicordaStampa(Nota);
-        ScegliTipoStampa(Nota, StampaFatturaAnalitica);
+        Nota = NotaDaMille(StampaFatturaAnalitica);
     }
     void cleanup() { InstallaOrologio({}); }
     void laPiuVecchia();

@@ -31,7 +31,7 @@ protected:
         Ufficio.reset();
     }
 
-    /// One line of 1.000,00: 1.459,12 of net.
+    /// With its invoice in view.
     [[nodiscard]] static Parcella Nota()
     {
         Parcella Nuova = NotaDiRossi();
