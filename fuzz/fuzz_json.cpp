@@ -2,6 +2,7 @@
 #include "fonte.h"
 
 #include "feenote/file/modDescrizione.h"
+#include "feenote/file/modNotaJson.h"
 
 #include <QJsonDocument>
 

@@ -5,6 +5,7 @@
 #include "feenote/file/modDescrizione.h"
 #include "feenote/file/modLettura.h"
 #include "feenote/file/modMultipla.h"
+#include "feenote/file/modNotaJson.h"
 #include "feenote/file/modPosaFile.h"
 #include "feenote/file/modSalvataggio.h"
 #include "feenote/modDatiStampa.h"

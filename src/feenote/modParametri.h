@@ -106,10 +106,6 @@ void ImpostaValoreInSilenzio(Parcella& Nota, double Valore);
 /// The bracket that holds the accepted value, if there is one.
 void SelezionaScaglioneDelValore(Parcella& Nota);
 
-/// The office and the bracket that a file names by their numbers: a list that was edited since has them
-/// elsewhere. What it lacks is told, stays unselected and is kept for the next save.
-void VerificaSelezioni(Parcella& Nota, const SceltaTenuta& Ufficio, const SceltaTenuta& Fascia);
-
 /// What CambiaTariffa does, telling where that asks, and without marking the note: for one that is still
 /// being filled. A database that cannot be used is told, and the note stays as it was.
 void PortaSuTariffa(Parcella& Nota, const Decreto& Nuova);

@@ -1,4 +1,5 @@
-// What a note's file has chosen from the lists of its reference database, which may have been edited since.
+#include "feenote/modSelezioni.h"
+
 #include "feenote/modParametri.h"
 #include "platform/system/messaggi.h"
 

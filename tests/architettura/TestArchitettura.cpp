@@ -25,6 +25,7 @@ private Q_SLOTS:
     void gliErroriHannoUnNome();
     void unNomeDiceUnaCosaSola();
     void unNomeProprioStaInUnSorgenteSolo();
+    void ogniSorgenteHaLaSuaIntestazione();
     void nessunaStanzaTieneUnDecimo();
     void leProveSeguonoLeStanze();
     void nessunaProvaDietroUnaCondizione();
@@ -164,6 +165,21 @@ void TestArchitettura::unNomeDiceUnaCosaSola()
 void TestArchitettura::unNomeProprioStaInUnSorgenteSolo()
 {
     Nessuna(NomiDiDueSorgenti(Vera));
+}
+
+void TestArchitettura::ogniSorgenteHaLaSuaIntestazione()
+{
+    Nessuna(SenzaIntestazione(Vera));
+    const Casa Piccola = CasaDiProva();
+    Scrivi(Piccola.Radice + u"conti/windows/frmSomma.cpp"_s, "#include \"conti/windows/frmSomma.h\"\n");
+    Scrivi(Piccola.Radice + u"conti/somma_fine_riga.cpp"_s, "#include \"conti/somma.h\"\n");
+    Scrivi(Piccola.Radice + u"conti/main.cpp"_s, "int main() {}\n");
+    QCOMPARE(UnaPerRiga(SenzaIntestazione(Piccola)), QString());
+    Scrivi(Piccola.Radice + u"conti/sommare.cpp"_s, "#include \"conti/somma.h\"\n");
+    Scrivi(Piccola.Radice + u"conti/somma_altra.cpp"_s, "#include \"conti/windows/somma.h\"\n");
+    QCOMPARE(UnaPerRiga(SenzaIntestazione(Piccola)),
+             u"src/conti/somma_altra.cpp includes no header of its name\n"
+             "src/conti/sommare.cpp includes no header of its name"_s);
 }
 
 void TestArchitettura::nessunaStanzaTieneUnDecimo()

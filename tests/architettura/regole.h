@@ -57,6 +57,10 @@ struct Casa
 /// includes both could not compile, or would mean the other one, and whoever reads it has to know which.
 [[nodiscard]] QStringList NomiDoppi(const Casa& Questa);
 
+/// Sources that no header of their room stands for: "name.cpp" and "name_part.cpp" include "name.h" of their
+/// own folder, so that whoever looks for a body finds its declaration by its name. main.cpp has none.
+[[nodiscard]] QStringList SenzaIntestazione(const Casa& Questa);
+
 /// One name that two sources of a room have for themselves alone, a function with the same parameters: the
 /// release build compiles sources together, and which ones is left to their number.
 [[nodiscard]] QStringList NomiDiDueSorgenti(const Casa& Questa);

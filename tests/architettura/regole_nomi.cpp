@@ -111,6 +111,23 @@ QList<NomeProprio> NomiPropri(const QStringList& Testo)
 
 }  // namespace
 
+QStringList SenzaIntestazione(const Casa& Questa)
+{
+    QStringList Frasi;
+    for (const QString& File : Sorgenti(Questa, {u"*.cpp"_s})) {
+        QString Nome = File.chopped(4);
+        if (Nome.endsWith(u"/main"))
+            continue;
+        const QStringList Testo = Righe(Questa.Radice + File);
+        const auto Inclusa = [&] { return Testo.contains(u"#include \"%1.h\""_s.arg(Nome)); };
+        while (!Inclusa() && Nome.section(u'/', -1).contains(u'_'))
+            Nome = Nome.left(Nome.lastIndexOf(u'_'));
+        if (!Inclusa())
+            Frasi += u"src/%1 includes no header of its name"_s.arg(File);
+    }
+    return Frasi;
+}
+
 QStringList NomiDiDueSorgenti(const Casa& Questa)
 {
     QMap<QString, QMap<QString, QStringList>> Dove;  // room, then name, then the sources that have it

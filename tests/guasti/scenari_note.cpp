@@ -4,6 +4,7 @@
 #include "core/sessione.h"
 #include "feenote/file/modDescrizione.h"
 #include "feenote/file/modLettura.h"
+#include "feenote/file/modNotaJson.h"
 #include "feenote/file/modPosaFile.h"
 #include "feenote/file/modRecupero.h"
 #include "feenote/finder/modGestione.h"

@@ -2,8 +2,8 @@
 
 #include "core/posti.h"
 #include "core/sessione.h"
-#include "feenote/file/modDescrizione.h"
 #include "feenote/file/modLettura.h"
+#include "feenote/file/modNotaJson.h"
 #include "feenote/modParti.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"

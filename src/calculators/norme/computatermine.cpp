@@ -1,3 +1,5 @@
+#include "calculators/norme/computatermine.h"
+
 #include "calculators/norme/regolenorme.h"
 #include "calculators/norme/rifiuto.h"
 #include "calculators/norme/terminiricorrenti.h"

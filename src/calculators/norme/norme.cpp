@@ -1,6 +1,7 @@
 #include "calculators/norme/norme.h"
 
 #include "calculators/norme/contributovigente.h"
+#include "calculators/norme/pasqua.h"
 #include "calculators/norme/regolenorme.h"
 #include "calculators/norme/righenorme.h"
 #include "calculators/norme/terminiricorrenti.h"

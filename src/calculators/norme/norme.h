@@ -169,9 +169,6 @@ private:
 /// @throws Errore 5 with one sentence that names the file
 [[nodiscard]] std::shared_ptr<const Norme> NormeVigenti();
 
-/// Easter Monday by the church's calendar (Gregorian), for any year from 1583 to 9999.
-[[nodiscard]] QDate LunediDellAngelo(int Anno);
-
 /// The seal of what a file says: a digest of all its rows. Whoever writes a file keeps it in its annotations
 /// under NomeSigillo; a reader that finds another one refuses the file.
 [[nodiscard]] QString SigilloNorme(const Database& Db);

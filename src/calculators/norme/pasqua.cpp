@@ -1,4 +1,4 @@
-#include "calculators/norme/norme.h"
+#include "calculators/norme/pasqua.h"
 
 // The Gregorian rule as it is commonly computed: golden number, century, epact with its two corrections, and
 // from the full moon the Sunday behind it. Easter Monday is the next day.

@@ -2,6 +2,7 @@
 
 #include "feenote/einvoice/esame.h"
 #include "feenote/einvoice/forma.h"
+#include "feenote/einvoice/regole.h"
 #include "platform/system/file.h"
 
 #include <QRegularExpression>

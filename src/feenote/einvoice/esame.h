@@ -71,16 +71,3 @@ private:
 [[nodiscard]] double NumeroXml(const QString& Testo);
 /// An amount as a sentence shows it: "1234,50".
 [[nodiscard]] QString CifraDetta(double Importo);
-
-/// A check of the exchange system: one row of the table.
-struct RegolaSdi
-{
-    QStringView Codice;
-    GravitaControllo Gravita = GravitaControllo::Avviso;
-    void (*Esegui)(Esame& File) = nullptr;
-};
-
-/// Those on the sums and codes of each document.
-void RegoleImporti(Esame& File);
-/// Those on the parties, the kind of document and the file as a whole.
-void RegoleSoggetti(Esame& File);

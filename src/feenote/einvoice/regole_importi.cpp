@@ -1,5 +1,5 @@
 // The checks of the exchange system on sums, rates and codes of each document.
-#include "feenote/einvoice/esame.h"
+#include "feenote/einvoice/regole.h"
 
 #include "platform/base/regionale.h"
 

@@ -1,5 +1,6 @@
 // The checks of the exchange system on the parties, the kind of document and the file as a whole.
-#include "feenote/einvoice/esame.h"
+#include "feenote/einvoice/regole.h"
+
 #include "platform/base/segni.h"
 
 #include "core/modControlli.h"

@@ -1,4 +1,4 @@
-// A fee note described in JSON, and a fee note shown as JSON.
+// A fee note described in JSON; shown as JSON it is modNotaJson.
 //
 // The form is documented in docs/cli.md. It names things as the window shows them and is read as a user
 // would fill the window: the same rules accept or refuse, and the first refusal names its field.
@@ -16,7 +16,3 @@ constexpr qsizetype MassimoDescrizione = qsizetype{4} * 1024 * 1024;
 ///         refuse, 6 a number too large, 3163 a text too long: each with the field's name; and as
 ///         OpenDatabase for parcelle.mdb
 [[nodiscard]] Parcella CreaDaDescrizione(const QByteArray& Json);
-
-/// The note as an indented JSON object: parameters, lines, payments, rates, parties, print data, sums.
-/// Amounts are numbers, absent dates empty texts; of the password only its presence is shown.
-[[nodiscard]] QByteArray DescriviNota(const Parcella& Nota);

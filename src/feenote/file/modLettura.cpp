@@ -15,6 +15,7 @@
 #include "feenote/modNuovaParcella.h"
 #include "feenote/modParametri.h"
 #include "feenote/modParti.h"
+#include "feenote/modSelezioni.h"
 #include "feenote/modVariazione.h"
 #include "platform/accesso/accesso.h"
 #include "platform/base/errore.h"

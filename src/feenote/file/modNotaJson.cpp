@@ -1,6 +1,6 @@
-// A fee note shown as JSON.
+#include "feenote/file/modNotaJson.h"
+
 #include "feenote/file/colonne.h"
-#include "feenote/file/modDescrizione.h"
 #include "feenote/modTotali.h"
 #include "feenote/modVariazione.h"
 #include "platform/base/regionale.h"

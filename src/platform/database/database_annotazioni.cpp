@@ -1,5 +1,7 @@
 // What the program keeps in a file beside its tables: the number of its kind, and values in a table of the
 // engine's own kind.
+#include "platform/database/database.h"
+
 #include "platform/base/errore.h"
 #include "platform/database/connessione.h"
 

@@ -1,4 +1,6 @@
 // How a table's name or a SELECT becomes a set of rows.
+#include "platform/database/database.h"
+
 #include "platform/base/errore.h"
 #include "platform/database/criterio.h"
 #include "platform/database/insieme.h"

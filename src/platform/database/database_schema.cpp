@@ -1,5 +1,7 @@
 // Tables, columns and their side table `_Campi`, which keeps what SQLite has no place for: the engine's
 // type code, the size and the description of each field.
+#include "platform/database/database.h"
+
 #include "platform/base/errore.h"
 #include "platform/database/connessione.h"
 #include "platform/database/criterio.h"

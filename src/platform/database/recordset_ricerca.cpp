@@ -3,6 +3,8 @@
 // A find asks the engine for the keys of the rows that meet the criterion and looks which of them comes
 // first in the set's own order; no row is fetched. A single comparison with a text is asked of the texts in
 // memory instead: whoever searches once searches again.
+#include "platform/database/recordset.h"
+
 #include "platform/base/errore.h"
 #include "platform/database/criterio.h"
 #include "platform/database/insieme.h"

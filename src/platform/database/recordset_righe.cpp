@@ -1,4 +1,6 @@
 // Rows of a set read in one go, chosen by their keys, taken out and put back whole.
+#include "platform/database/recordset.h"
+
 #include "platform/base/errore.h"
 #include "platform/database/insieme.h"
 

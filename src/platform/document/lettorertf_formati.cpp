@@ -1,4 +1,6 @@
 // What the words of a rich text do.
+#include "platform/document/lettorertf.h"
+
 #include "platform/document/lettorertf_classe.h"
 
 #include "platform/document/misura.h"

@@ -1,4 +1,6 @@
 // The pages on paper: painting, printing, PDF.
+#include "platform/pages/impaginazione.h"
+
 #include "platform/base/errore.h"
 #include "platform/pages/datipdf.h"
 #include "platform/pages/impaginata.h"

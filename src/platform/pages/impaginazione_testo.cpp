@@ -1,4 +1,6 @@
 // The text of the pages: places, selections, search.
+#include "platform/pages/impaginazione.h"
+
 #include "platform/pages/impaginata.h"
 
 #include <QRegularExpression>

@@ -1,4 +1,6 @@
 // The sheets under mouse and keys: selection, scrolling, the menu.
+#include "platform/preview/vistastampa.h"
+
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
 #include "platform/preview/vistastampa_fogli.h"

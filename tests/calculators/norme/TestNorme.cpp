@@ -3,6 +3,7 @@
 #include "supporto/guasti.h"
 
 #include "calculators/norme/contributovigente.h"
+#include "calculators/norme/pasqua.h"
 #include "calculators/norme/terminiricorrenti.h"
 #include "platform/base/regionale.h"
 #include "platform/system/file.h"

@@ -4,6 +4,7 @@
 #include "feenote/file/colonne.h"
 #include "feenote/file/modDescrizione.h"
 #include "feenote/file/modLettura.h"
+#include "feenote/file/modNotaJson.h"
 #include "feenote/file/modPosaFile.h"
 #include "feenote/modVariazione.h"
 #include "platform/base/regionale.h"

@@ -1,7 +1,7 @@
 // Notes and templates in Access format: read as they are, replaced by native ones at the first save.
 #include "feenote/file/file_prova.h"
-#include "feenote/file/modDescrizione.h"
 #include "feenote/file/modMultipla.h"
+#include "feenote/file/modNotaJson.h"
 #include "platform/accesso/accesso.h"
 #include "platform/base/numerierrore.h"
 #include "platform/database/fileincopia.h"

@@ -5,6 +5,7 @@
 #include "tariffa_file.h"
 
 #include "feenote/file/modDescrizione.h"
+#include "feenote/file/modNotaJson.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>

@@ -1,7 +1,8 @@
 // The order of a text column as people read it. The engine would fold both texts of each of its comparisons;
 // here each text is folded once.
-#include "platform/base/testopiano.h"
 #include "platform/database/insieme.h"
+
+#include "platform/base/testopiano.h"
 
 #include <QtEndian>
 
