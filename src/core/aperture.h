@@ -1,6 +1,7 @@
 // The one table of hooks from below up to the windows.
 #pragma once
 
+#include "core/schedeimpostazioni.h"
 #include "core/spesedilegge.h"
 
 #include <QList>
@@ -86,8 +87,8 @@ struct Apritori
 
     std::function<void(int Scheda, bool Modale)> Impostazioni;  ///< modal: until they are closed
     std::function<void()> ImpostazioniChiuse;                   ///< who has led to them waits no longer
-    /// The settings on a tab, with the focus in the box of this name.
-    std::function<void(int Scheda, const QString& Casella)> CasellaImpostazioni;
+    /// The settings with the focus in a box.
+    std::function<void(impostazioni::CasellaStudio Quale)> CasellaImpostazioni;
     std::function<void()> ImpostazioniCambiate;  ///< they were saved: desktop and address books follow
     std::function<void()> LasciaCartellaUtente;  ///< the session is about to take another user folder
     /// Edits or, asking, deletes an icon of the user's, by its row on the desktop: the settings open for it.

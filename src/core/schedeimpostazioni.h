@@ -14,4 +14,22 @@ enum Scheda {
     Schede  ///< how many there are
 };
 
+/// Boxes of the settings to which another window leads.
+enum class CasellaStudio {
+    Genere,
+    Nome,
+    PartitaIva,
+    CodiceFiscale,
+    Via,
+    Civico,
+    Cap,
+    Comune,
+    Provincia,
+    Regime,
+    Iban,
+    Email,
+    Pec,
+    Progressivo,  ///< number of the last electronic file
+};
+
 }  // namespace impostazioni

@@ -204,8 +204,8 @@ void RiempiApritori()
         Modale ? Modulo.MostraModale(Scheda) : Modulo.Mostra(Scheda);
     };
     Aperture.ImpostazioniChiuse = LasciaSceltaTariffa;
-    Aperture.CasellaImpostazioni = [](int Scheda, const QString& Casella) {
-        Singola<frmSetup>().MostraCasella(Scheda, Casella);
+    Aperture.CasellaImpostazioni = [](impostazioni::CasellaStudio Quale) {
+        Singola<frmSetup>().MostraCasella(Quale);
     };
     Aperture.ImpostazioniCambiate = [] {
         // A user folder that has just been chosen gets its rates by the rule of the first use.

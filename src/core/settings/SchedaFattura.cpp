@@ -105,6 +105,33 @@ SchedaFattura::SchedaFattura(QWidget* Padre) : QWidget(Padre), ui(std::make_uniq
 
 SchedaFattura::~SchedaFattura() = default;
 
+QWidget* SchedaFattura::Casella(impostazioni::CasellaStudio Quale) const
+{
+    using enum impostazioni::CasellaStudio;
+    switch (Quale) {
+    case Genere:
+        return ui->cmbTipoStudio;
+    case Via:
+        return ui->txtVia;
+    case Civico:
+        return ui->txtCivico;
+    case Cap:
+        return ui->txtCap;
+    case Comune:
+        return ui->txtComune;
+    case Provincia:
+        return ui->txtProv;
+    case Regime:
+        return ui->cmbRegime;
+    case Pec:
+        return ui->txtPecStudio;
+    case Progressivo:
+        return ui->txtProgTrasm;
+    default:
+        return nullptr;
+    }
+}
+
 void SchedaFattura::Carica()
 {
     for (const ElencoFattura& Di : Elenchi) {

@@ -1,6 +1,7 @@
 // The settings' page of the electronic invoice: the office's kind, regime and seat, the counter of files.
 #pragma once
 
+#include "core/schedeimpostazioni.h"
 #include "core/settings/valorischeda.h"
 
 #include <QWidget>
@@ -26,6 +27,8 @@ public:
 
     /// Fills the page from the settings store.
     void Carica();
+    /// A box of this page to which another window leads; null for one of another.
+    [[nodiscard]] QWidget* Casella(impostazioni::CasellaStudio Quale) const;
     /// What is to be stored. The counter is among it only when its box was edited, because a file may have
     /// taken the next number meanwhile.
     [[nodiscard]] ValoriScheda Valori() const;

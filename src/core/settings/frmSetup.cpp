@@ -27,7 +27,9 @@
 #include <QShortcut>
 #include <QTabBar>
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -51,6 +53,18 @@ constexpr std::array CampiStudio{
     CampoImpostazione{&Ui::frmSetup::txtFirmaDigit, u"FirmaDigit"},
     CampoImpostazione{&Ui::frmSetup::txtIBAN, u"Iban"},
 };
+
+using impostazioni::CasellaStudio;
+
+/// Where another window leads on the first tab; the other boxes are of SchedaFattura.
+using CampoStudio = QLineEdit* Ui::frmSetup::*;
+constexpr std::array<std::pair<CasellaStudio, CampoStudio>, 5> CaselleStudio{{
+    {CasellaStudio::Nome, &Ui::frmSetup::txtNomeStudio},
+    {CasellaStudio::PartitaIva, &Ui::frmSetup::txtPivaStudio},
+    {CasellaStudio::CodiceFiscale, &Ui::frmSetup::txtCodFisStudio},
+    {CasellaStudio::Iban, &Ui::frmSetup::txtIBAN},
+    {CasellaStudio::Email, &Ui::frmSetup::txtEMail},
+}};
 
 /// A box that must not be empty, by its name, in the order in which they are looked at.
 struct Obbligo
@@ -211,11 +225,18 @@ void frmSetup::MostraModale(int Indice)
     activateWindow();
 }
 
-void frmSetup::MostraCasella(int Indice, const QString& Casella)
+void frmSetup::MostraCasella(CasellaStudio Quale)
 {
-    Mostra(Indice);
-    if (auto* Campo = findChild<QWidget*>(Casella))
-        RidaiFuoco(Campo);
+    if (QWidget* DiFattura = Fattura->Casella(Quale)) {
+        Mostra(SchedaFatturaElettronica);
+        RidaiFuoco(DiFattura);
+        return;
+    }
+    Mostra(SchedaDatiStudio);
+    if (const auto Sua =
+            std::ranges::find(CaselleStudio, Quale, &std::pair<CasellaStudio, CampoStudio>::first);
+        Sua != CaselleStudio.end())
+        RidaiFuoco(ui.get()->*Sua->second);
 }
 
 void frmSetup::ChangeTab(int Indice)

@@ -34,8 +34,8 @@ public:
     /// front.
     void MostraModale(int Indice);
 
-    /// Shows it on a tab with the focus in the box of a name; without such a box on the tab alone.
-    void MostraCasella(int Indice, const QString& Casella);
+    /// Shows it with the focus in a box.
+    void MostraCasella(impostazioni::CasellaStudio Quale);
 
     /// Selects a tab; an index outside the range changes nothing.
     void ChangeTab(int Indice);

@@ -9,6 +9,7 @@
 #include "feenote/modDatiStampa.h"
 #include "feenote/modInterruttori.h"
 #include "feenote/modRighe.h"
+#include "feenote/windows/casellenota.h"
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/mostra.h"
 #include "feenote/windows/righegriglia.h"
@@ -283,6 +284,32 @@ void SchedaAcconti::RigheScritte()
 void SchedaAcconti::NuovaNota()
 {
     ui->tdbAcconti->Lega(&Nota.xAcconti);
+}
+
+QWidget* SchedaAcconti::Casella(CasellaNota Quale) const
+{
+    switch (Quale) {
+    case CasellaNota::Acconti:
+        return ui->tdbAcconti;
+    case CasellaNota::SpeseGen:
+        return ui->chkSpeseGen;
+    case CasellaNota::CP:
+        return ui->chkCP;
+    case CasellaNota::Iva:
+        return ui->chkIva;
+    case CasellaNota::RA:
+        return ui->chkRA;
+    case CasellaNota::PercSpeseGen:
+        return ui->txtSpeGen;
+    case CasellaNota::PercCP:
+        return ui->txtCP;
+    case CasellaNota::PercIva:
+        return ui->txtIVA;
+    case CasellaNota::PercRA:
+        return ui->txtRA;
+    default:
+        return nullptr;
+    }
 }
 
 void SchedaAcconti::Mostra()

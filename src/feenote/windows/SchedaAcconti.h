@@ -7,6 +7,7 @@
 
 #include <memory>
 
+enum class CasellaNota;
 class CorniceNota;
 class QButtonGroup;
 class QKeyEvent;
@@ -27,6 +28,8 @@ public:
 
     /// Writes the controls from the record; call it with the window's guard.
     void Mostra();
+    /// A control of this page; null for one of another.
+    [[nodiscard]] QWidget* Casella(CasellaNota Quale) const;
     /// The panel of the associated note alone.
     void MostraMultipla();
     /// Another note has come into the record: the grid forgets the former one's lines.

@@ -5,6 +5,7 @@
 #include "feenote/modParametri.h"
 #include "feenote/modParti.h"
 #include "feenote/modVariazione.h"
+#include "feenote/windows/casellenota.h"
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/mostra.h"
 #include "feenote/windows/rigaofferta.h"
@@ -370,6 +371,11 @@ QWidget* SchedaDatiBase::CasellaIniziale() const
         if (Campo->isEnabled() && !Campo->isReadOnly() && Campo->text().isEmpty())
             return Campo;
     return ui->txtCliente;
+}
+
+QWidget* SchedaDatiBase::Casella(CasellaNota Quale) const
+{
+    return Quale == CasellaNota::Cliente ? ui->txtCliente : nullptr;
 }
 
 void SchedaDatiBase::Mostra()

@@ -8,6 +8,7 @@
 #include <array>
 #include <memory>
 
+enum class CasellaNota;
 class CampoRubrica;
 class CorniceNota;
 class QButtonGroup;
@@ -28,6 +29,8 @@ public:
 
     /// Writes the controls from the record; call it with the window's guard.
     void Mostra();
+    /// A control of this page; null for one of another.
+    [[nodiscard]] QWidget* Casella(CasellaNota Quale) const;
     /// The buttons of the address book, and the links of the parties.
     void MostraRubrica();
     /// The box of a field of the note; null for none.

@@ -9,6 +9,7 @@
 #include "feenote/modVariazione.h"
 #include "feenote/windows/PannelloModOno.h"
 #include "feenote/windows/barrarighe.h"
+#include "feenote/windows/casellenota.h"
 #include "feenote/windows/comandirighe.h"
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/righegriglia.h"
@@ -323,6 +324,11 @@ void SchedaOnorari::cmdAnnModOno_Click()
 {
     ui->tdbOnor->AzzeraSelezione();
     AbilitaModOno(false);
+}
+
+QWidget* SchedaOnorari::Casella(CasellaNota Quale) const
+{
+    return Quale == CasellaNota::Onorari ? ui->tdbOnor : nullptr;
 }
 
 void SchedaOnorari::Mostra()

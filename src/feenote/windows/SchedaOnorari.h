@@ -9,6 +9,7 @@
 #include <memory>
 #include <utility>
 
+enum class CasellaNota;
 class ComandiRighe;
 class CorniceNota;
 class PannelloModOno;
@@ -34,6 +35,8 @@ public:
     void Entra();
     /// Writes the controls from the record; call it with the window's guard.
     void Mostra();
+    /// A control of this page; null for one of another.
+    [[nodiscard]] QWidget* Casella(CasellaNota Quale) const;
     /// The footer.
     void MostraTotali(const Somme& Sommate);
     /// Another note has come into the record: the grids forget the former one's lines and catalogue.

@@ -5,6 +5,7 @@
 #include "feenote/modSpese.h"
 #include "feenote/modTotali.h"
 #include "feenote/windows/barrarighe.h"
+#include "feenote/windows/casellenota.h"
 #include "feenote/windows/comandirighe.h"
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/rigaofferta.h"
@@ -128,6 +129,11 @@ void SchedaSpese::tdbDir_CellaScritta()
     Cornice.Cambiata();
     Cornice.RefreshGrid();
     SeguiRiga();
+}
+
+QWidget* SchedaSpese::Casella(CasellaNota Quale) const
+{
+    return Quale == CasellaNota::Spese ? ui->tdbDir : nullptr;
 }
 
 void SchedaSpese::Mostra()

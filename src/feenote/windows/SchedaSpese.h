@@ -8,6 +8,7 @@
 
 #include <memory>
 
+enum class CasellaNota;
 class ComandiRighe;
 class CorniceNota;
 struct RigheInComune;
@@ -31,6 +32,8 @@ public:
     void Entra();
     /// Writes the controls from the record; call it with the window's guard.
     void Mostra();
+    /// A control of this page; null for one of another.
+    [[nodiscard]] QWidget* Casella(CasellaNota Quale) const;
     /// The footer.
     void MostraTotali(const Somme& Sommate);
     /// Writes exempt expenses of another window where new lines go; call it with no cell open. One step.

@@ -9,6 +9,7 @@
 #include "feenote/modNumeraFattura.h"
 #include "feenote/modParti.h"
 #include "feenote/windows/PannelloFattura.h"
+#include "feenote/windows/casellenota.h"
 #include "feenote/windows/cornicenota.h"
 #include "feenote/windows/elencocontrolli.h"
 #include "feenote/windows/mostra.h"
@@ -366,6 +367,30 @@ void SchedaStampa::cmdClausole_Click()
     if (Cornice.InDomanda() || !ConcludiCampo())
         return;
     Protetta([this] { ApriDocWord(ClausoleDaModificare(NomeClausole(Nota.cmbTipoStampa, Nota))); });
+}
+
+QWidget* SchedaStampa::Casella(CasellaNota Quale) const
+{
+    switch (Quale) {
+    case CasellaNota::TipoStampa:
+        return ui->cmbTipoStampa;
+    case CasellaNota::Oggetto:
+        return ui->txtDatiStaOgg;
+    case CasellaNota::BloccoCliente:
+        return ui->txtDatiStaCli;
+    case CasellaNota::DataDocumento:
+        return ui->txtDatiPar_1;
+    case CasellaNota::NumeroFattura:
+        return ui->txtDatiPar_11;
+    case CasellaNota::DataFattura:
+        return ui->txtDatiPar_12;
+    case CasellaNota::RegimeSemplificato:
+        return ui->chkRegSempl;
+    case CasellaNota::IvaDifferita:
+        return ui->chkIvaDiff;
+    default:
+        return nullptr;
+    }
 }
 
 void SchedaStampa::Mostra()

@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 
+enum class CasellaNota;
 struct Errore;
 class CorniceNota;
 class ElencoControlli;
@@ -34,6 +35,8 @@ public:
     void NuovaNota();
     /// Writes the controls from the record; call it with the window's guard.
     void Mostra();
+    /// A control of this page; null for one of another.
+    [[nodiscard]] QWidget* Casella(CasellaNota Quale) const;
     void MostraRubrica();  ///< the buttons of the address book
     /// A line in the preview's margin; empty: none.
     void ImpostaAvviso(const QString& Testo);

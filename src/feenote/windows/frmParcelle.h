@@ -26,6 +26,7 @@
 struct CopiaRecupero;
 struct RichiestaRubrica;
 struct SpesaDiLegge;
+enum class CasellaNota;
 class PannelloCatena;
 class SchedaAcconti;
 class SchedaDatiBase;
@@ -176,8 +177,10 @@ private:
     void ApriCliente(const QString& Colonna);
 
     // ---- frmParcelle_Controlli.cpp
-    void VaiAllaCella(int SchedaDi, const QString& Lista, int Riga, int Colonna);
-    void VaiAllaCasella(int SchedaDi, const QString& Casella);
+    /// Shows the page that has a control. @return the control; null where the page in view is not left
+    QWidget* ScopriCasella(CasellaNota Quale);
+    void VaiAllaCella(CasellaNota Lista, int Riga, int Colonna);
+    void VaiAllaCasella(CasellaNota Quale);
 
     // ---- frmParcelle_CliCon.cpp
     /// What the address book is asked for a party of the first tab: to choose one.

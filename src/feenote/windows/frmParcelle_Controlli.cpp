@@ -3,8 +3,12 @@
 #include "feenote/einvoice/fattura.h"
 #include "feenote/modControlliNota.h"
 #include "feenote/modInterruttori.h"
+#include "feenote/windows/SchedaAcconti.h"
+#include "feenote/windows/SchedaDatiBase.h"
+#include "feenote/windows/SchedaOnorari.h"
 #include "feenote/windows/SchedaSpese.h"
 #include "feenote/windows/SchedaStampa.h"
+#include "feenote/windows/casellenota.h"
 #include "feenote/windows/frmParcelle.h"
 #include "feenote/windows/ui_frmParcelle.h"
 #include "platform/grid/griglia.h"
@@ -13,44 +17,58 @@
 #include <QTableView>
 
 #include <algorithm>
-
-using namespace Qt::StringLiterals;
+#include <array>
+#include <utility>
 
 namespace {
 
-QString CasellaImposta(Imposta Tassa)
+CasellaNota CasellaImposta(Imposta Tassa)
 {
     switch (Tassa) {
     case Imposta::IVA:
-        return u"txtIVA"_s;
+        return CasellaNota::PercIva;
     case Imposta::RA:
-        return u"txtRA"_s;
+        return CasellaNota::PercRA;
     case Imposta::CP:
-        return u"txtCP"_s;
+        return CasellaNota::PercCP;
     case Imposta::SpeseGen:
-        return u"txtSpeGen"_s;
+        break;
     }
-    return {};
+    return CasellaNota::PercSpeseGen;
 }
 
 }  // namespace
 
-void frmParcelle::VaiAllaCella(int SchedaDi, const QString& Lista, int Riga, int Colonna)
+QWidget* frmParcelle::ScopriCasella(CasellaNota Quale)
 {
-    VaiAllaScheda(SchedaDi);
-    auto* Righe = findChild<Griglia*>(Lista);
-    if (!Righe || Scheda() != SchedaDi)
+    const std::array Pagine{
+        std::pair(SchedaBase, Base->Casella(Quale)),
+        std::pair(SchedaListaOnorari, Onorari->Casella(Quale)),
+        std::pair(SchedaListaSpese, Spese->Casella(Quale)),
+        std::pair(SchedaImposte, Acconti->Casella(Quale)),
+        std::pair(SchedaDiStampa, Stampa->Casella(Quale)),
+    };
+    for (const auto& [Pagina, Campo] : Pagine)
+        if (Campo) {
+            VaiAllaScheda(Pagina);
+            return Scheda() == Pagina ? Campo : nullptr;
+        }
+    return nullptr;
+}
+
+void frmParcelle::VaiAllaCella(CasellaNota Lista, int Riga, int Colonna)
+{
+    auto* Righe = qobject_cast<Griglia*>(ScopriCasella(Lista));
+    if (!Righe)
         return;
     // Entering the page may have recalculated the lines, or taken some away.
     Righe->ImpostaRigaCorrente(std::clamp(Riga, 0, std::max(0, Righe->Righe() - 1)), Colonna);
     RidaiFuoco(Righe->Vista());
 }
 
-void frmParcelle::VaiAllaCasella(int SchedaDi, const QString& Casella)
+void frmParcelle::VaiAllaCasella(CasellaNota Quale)
 {
-    VaiAllaScheda(SchedaDi);
-    auto* Campo = findChild<QWidget*>(Casella);
-    if (Campo && Scheda() == SchedaDi)
+    if (QWidget* Campo = ScopriCasella(Quale))
         RidaiFuoco(Campo);
 }
 
@@ -60,35 +78,35 @@ void frmParcelle::VaiAlRilievo(const Rilievo& Detto)
         return;
     switch (Detto.Luogo) {
     case LuogoRilievo::Cliente:
-        return VaiAllaCasella(SchedaBase, u"txtCliente"_s);
+        return VaiAllaCasella(CasellaNota::Cliente);
     case LuogoRilievo::BloccoCliente:
-        return VaiAllaCasella(SchedaDiStampa, u"txtDatiStaCli"_s);
+        return VaiAllaCasella(CasellaNota::BloccoCliente);
     case LuogoRilievo::CodiceFiscale:
     case LuogoRilievo::PartitaIva:
         if (!Aperture.RubricaParcella)
-            return VaiAllaCasella(SchedaBase, u"txtCliente"_s);
+            return VaiAllaCasella(CasellaNota::Cliente);
         return VaiAlCampo(Detto.Luogo == LuogoRilievo::PartitaIva ? CampoFattura::ClientePartitaIva
                                                                   : CampoFattura::ClienteCodiceFiscale);
     case LuogoRilievo::NumeroFattura:
-        return VaiAllaCasella(SchedaDiStampa, u"txtDatiPar_11"_s);
+        return VaiAllaCasella(CasellaNota::NumeroFattura);
     case LuogoRilievo::DataFattura:
-        return VaiAllaCasella(SchedaDiStampa, u"txtDatiPar_12"_s);
+        return VaiAllaCasella(CasellaNota::DataFattura);
     case LuogoRilievo::DataDocumento:
-        return VaiAllaCasella(SchedaDiStampa, u"txtDatiPar_1"_s);
+        return VaiAllaCasella(CasellaNota::DataDocumento);
     case LuogoRilievo::Documento:
-        return VaiAllaCasella(SchedaDiStampa, u"cmbTipoStampa"_s);
+        return VaiAllaCasella(CasellaNota::TipoStampa);
     case LuogoRilievo::FatturaXml:
         return Stampa->MostraFattura(true);
     case LuogoRilievo::Ricalcolo:
         return RidaiFuoco(ui->cmdRicalcola);
     case LuogoRilievo::Onorari:
-        return VaiAllaCella(SchedaListaOnorari, u"tdbOnor"_s, Detto.Riga, Detto.Colonna);
+        return VaiAllaCella(CasellaNota::Onorari, Detto.Riga, Detto.Colonna);
     case LuogoRilievo::Spese:
-        VaiAllaCella(SchedaListaSpese, u"tdbDir"_s, Detto.Riga, Detto.Colonna);
+        VaiAllaCella(CasellaNota::Spese, Detto.Riga, Detto.Colonna);
         return Spese->RigaInMano();  // the line may have been the current one before
     case LuogoRilievo::Acconti:
-        return VaiAllaCella(SchedaImposte, u"tdbAcconti"_s, Detto.Riga, Detto.Colonna);
+        return VaiAllaCella(CasellaNota::Acconti, Detto.Riga, Detto.Colonna);
     case LuogoRilievo::Imposta:
-        return VaiAllaCasella(SchedaImposte, CasellaImposta(Imposta(Detto.Colonna)));
+        return VaiAllaCasella(CasellaImposta(Imposta(Detto.Colonna)));
     }
 }

@@ -6,6 +6,7 @@
 #include "feenote/einvoice/fattura.h"
 #include "feenote/windows/PannelloFattura.h"
 #include "feenote/windows/SchedaStampa.h"
+#include "feenote/windows/casellenota.h"
 #include "feenote/windows/frmParcelle.h"
 #include "platform/kit/campo.h"
 
@@ -17,32 +18,27 @@ using enum CampoFattura;
 
 namespace {
 
-/// A box of the settings, by its tab there.
+/// A box of the settings.
 struct VoceStudio
 {
     CampoFattura Campo;
-    impostazioni::Scheda Scheda;
-    QStringView Casella;
+    impostazioni::CasellaStudio Casella;
 };
 
-constexpr auto DatiStudio = impostazioni::SchedaDatiStudio;
-constexpr auto DatiFattura = impostazioni::SchedaFatturaElettronica;
-/// The certified mail, which is the office's in the file where there is one.
-constexpr VoceStudio PecStudio{StudioEmail, DatiFattura, u"txtPecStudio"};
 constexpr std::array VociStudio{
-    VoceStudio{StudioGenere, DatiFattura, u"cmbTipoStudio"},
-    VoceStudio{StudioNome, DatiStudio, u"txtNomeStudio"},
-    VoceStudio{StudioPartitaIva, DatiStudio, u"txtPivaStudio"},
-    VoceStudio{StudioCodiceFiscale, DatiStudio, u"txtCodFisStudio"},
-    VoceStudio{StudioIndirizzo, DatiFattura, u"txtVia"},
-    VoceStudio{StudioCivico, DatiFattura, u"txtCivico"},
-    VoceStudio{StudioCap, DatiFattura, u"txtCap"},
-    VoceStudio{StudioComune, DatiFattura, u"txtComune"},
-    VoceStudio{StudioProvincia, DatiFattura, u"txtProv"},
-    VoceStudio{StudioRegime, DatiFattura, u"cmbRegime"},
-    VoceStudio{StudioIban, DatiStudio, u"txtIBAN"},
-    VoceStudio{StudioEmail, DatiStudio, u"txtEMail"},
-    VoceStudio{SceltaProgressivo, DatiFattura, u"txtProgTrasm"},
+    VoceStudio{StudioGenere, impostazioni::CasellaStudio::Genere},
+    VoceStudio{StudioNome, impostazioni::CasellaStudio::Nome},
+    VoceStudio{StudioPartitaIva, impostazioni::CasellaStudio::PartitaIva},
+    VoceStudio{StudioCodiceFiscale, impostazioni::CasellaStudio::CodiceFiscale},
+    VoceStudio{StudioIndirizzo, impostazioni::CasellaStudio::Via},
+    VoceStudio{StudioCivico, impostazioni::CasellaStudio::Civico},
+    VoceStudio{StudioCap, impostazioni::CasellaStudio::Cap},
+    VoceStudio{StudioComune, impostazioni::CasellaStudio::Comune},
+    VoceStudio{StudioProvincia, impostazioni::CasellaStudio::Provincia},
+    VoceStudio{StudioRegime, impostazioni::CasellaStudio::Regime},
+    VoceStudio{StudioIban, impostazioni::CasellaStudio::Iban},
+    VoceStudio{StudioEmail, impostazioni::CasellaStudio::Email},
+    VoceStudio{SceltaProgressivo, impostazioni::CasellaStudio::Progressivo},
 };
 
 /// A column of the client's row.
@@ -71,24 +67,23 @@ constexpr std::array VociCliente{
 struct VoceNota
 {
     CampoFattura Campo;
-    int Scheda;
-    QStringView Controllo;
+    CasellaNota Casella;
 };
 
 constexpr std::array VociNota{
-    VoceNota{NotaTipoStampa, SchedaDiStampa, u"cmbTipoStampa"},
-    VoceNota{NotaOggetto, SchedaDiStampa, u"txtDatiStaOgg"},
-    VoceNota{NotaOnorari, SchedaListaOnorari, u"tdbOnor"},
-    VoceNota{NotaSpese, SchedaListaSpese, u"tdbDir"},
-    VoceNota{NotaAcconti, SchedaImposte, u"tdbAcconti"},
-    VoceNota{NotaSpeseGen, SchedaImposte, u"chkSpeseGen"},
-    VoceNota{NotaCP, SchedaImposte, u"chkCP"},
-    VoceNota{NotaIva, SchedaImposte, u"chkIva"},
-    VoceNota{NotaRA, SchedaImposte, u"chkRA"},
-    VoceNota{NotaRegime, SchedaDiStampa, u"chkRegSempl"},
-    VoceNota{NotaIvaDifferita, SchedaDiStampa, u"chkIvaDiff"},
-    VoceNota{NotaNumero, SchedaDiStampa, u"txtDatiPar_11"},
-    VoceNota{NotaData, SchedaDiStampa, u"txtDatiPar_12"},
+    VoceNota{NotaTipoStampa, CasellaNota::TipoStampa},
+    VoceNota{NotaOggetto, CasellaNota::Oggetto},
+    VoceNota{NotaOnorari, CasellaNota::Onorari},
+    VoceNota{NotaSpese, CasellaNota::Spese},
+    VoceNota{NotaAcconti, CasellaNota::Acconti},
+    VoceNota{NotaSpeseGen, CasellaNota::SpeseGen},
+    VoceNota{NotaCP, CasellaNota::CP},
+    VoceNota{NotaIva, CasellaNota::Iva},
+    VoceNota{NotaRA, CasellaNota::RA},
+    VoceNota{NotaRegime, CasellaNota::RegimeSemplificato},
+    VoceNota{NotaIvaDifferita, CasellaNota::IvaDifferita},
+    VoceNota{NotaNumero, CasellaNota::NumeroFattura},
+    VoceNota{NotaData, CasellaNota::DataFattura},
 };
 
 template <class Tabella>
@@ -104,18 +99,16 @@ void frmParcelle::VaiAlCampo(CampoFattura Dove)
 {
     if (!ConcludiCampo())
         return;
-    const bool DiPec = Dove == StudioEmail && !sessione::StudioPec.isEmpty();
-    if (const auto* Voce = DiPec ? &PecStudio : TrovaVoce(VociStudio, Dove)) {
-        Invoca(Aperture.CasellaImpostazioni, Voce->Scheda, Voce->Casella.toString());
+    if (const auto* Voce = TrovaVoce(VociStudio, Dove)) {
+        // The certified mail is the office's in the file where there is one.
+        const bool DiPec = Dove == StudioEmail && !sessione::StudioPec.isEmpty();
+        Invoca(Aperture.CasellaImpostazioni, DiPec ? impostazioni::CasellaStudio::Pec : Voce->Casella);
     } else if (const auto* DelCliente = TrovaVoce(VociCliente, Dove)) {
         ApriCliente(DelCliente->Colonna.toString());
     } else if (Dove == Cliente) {
         ApriCliente({});
     } else if (const auto* DellaNota = TrovaVoce(VociNota, Dove)) {
-        VaiAllaScheda(DellaNota->Scheda);
-        auto* Campo = findChild<QWidget*>(DellaNota->Controllo.toString());
-        if (Campo && Scheda() == DellaNota->Scheda)
-            RidaiFuoco(Campo);
+        VaiAllaCasella(DellaNota->Casella);
     }
 }
 

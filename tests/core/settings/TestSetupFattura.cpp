@@ -275,25 +275,36 @@ void TestSetupFattura::codiciSconosciuti()
 
 void TestSetupFattura::siApreSullaCasella_data()
 {
+    using enum impostazioni::CasellaStudio;
+    QTest::addColumn<int>("Quale");
     QTest::addColumn<int>("Scheda");
     QTest::addColumn<QString>("Casella");
-    QTest::newRow("of its own tab") << int(frmSetup::SchedaFatturaElettronica) << u"txtCap"_s;
-    QTest::newRow("of the first one") << int(frmSetup::SchedaDatiStudio) << u"txtPivaStudio"_s;
-    QTest::newRow("a list") << int(frmSetup::SchedaFatturaElettronica) << u"cmbRegime"_s;
-    // Those that what is missing to an invoice leads to.
-    for (const QString& Casella : {u"txtNomeStudio"_s, u"txtCodFisStudio"_s, u"txtIBAN"_s, u"txtEMail"_s})
-        QTest::newRow(qPrintable(Casella)) << int(frmSetup::SchedaDatiStudio) << Casella;
-    for (const QString& Casella : {u"cmbTipoStudio"_s, u"txtVia"_s, u"txtCivico"_s, u"txtComune"_s,
-                                   u"txtProv"_s, u"txtPecStudio"_s, u"txtProgTrasm"_s})
-        QTest::newRow(qPrintable(Casella)) << int(frmSetup::SchedaFatturaElettronica) << Casella;
+    const auto Riga = [](impostazioni::CasellaStudio Quale, int Scheda, const char* Casella) {
+        QTest::newRow(Casella) << int(Quale) << Scheda << QString::fromLatin1(Casella);
+    };
+    Riga(Nome, frmSetup::SchedaDatiStudio, "txtNomeStudio");
+    Riga(PartitaIva, frmSetup::SchedaDatiStudio, "txtPivaStudio");
+    Riga(CodiceFiscale, frmSetup::SchedaDatiStudio, "txtCodFisStudio");
+    Riga(Iban, frmSetup::SchedaDatiStudio, "txtIBAN");
+    Riga(Email, frmSetup::SchedaDatiStudio, "txtEMail");
+    Riga(Genere, frmSetup::SchedaFatturaElettronica, "cmbTipoStudio");
+    Riga(Regime, frmSetup::SchedaFatturaElettronica, "cmbRegime");
+    Riga(Via, frmSetup::SchedaFatturaElettronica, "txtVia");
+    Riga(Civico, frmSetup::SchedaFatturaElettronica, "txtCivico");
+    Riga(Cap, frmSetup::SchedaFatturaElettronica, "txtCap");
+    Riga(Comune, frmSetup::SchedaFatturaElettronica, "txtComune");
+    Riga(Provincia, frmSetup::SchedaFatturaElettronica, "txtProv");
+    Riga(Pec, frmSetup::SchedaFatturaElettronica, "txtPecStudio");
+    Riga(Progressivo, frmSetup::SchedaFatturaElettronica, "txtProgTrasm");
 }
 
 void TestSetupFattura::siApreSullaCasella()
 {
+    QFETCH(int, Quale);
     QFETCH(int, Scheda);
     QFETCH(QString, Casella);
     auto& Modulo = Singola<frmSetup>();
-    Modulo.MostraCasella(Scheda, Casella);
+    Modulo.MostraCasella(impostazioni::CasellaStudio(Quale));
     QVERIFY(QTest::qWaitForWindowActive(&Modulo));
     QTRY_COMPARE(QApplication::focusWidget(), Modulo.findChild<QWidget*>(Casella));
     QCOMPARE(Modulo.findChild<QTabWidget*>(u"tabSetup"_s)->currentIndex(), Scheda);

@@ -16,6 +16,17 @@
 #include <QSet>
 
 using namespace Qt::StringLiterals;
+using impostazioni::CasellaStudio;
+
+namespace {
+
+/// A box of the settings, as the tests write down where they were led.
+QString DelloStudio(CasellaStudio Quale)
+{
+    return u"studio %1"_s.arg(int(Quale));
+}
+
+}  // namespace
 
 class TestFatturaElettronica : public QObject, private BancoFattura
 {
@@ -137,11 +148,13 @@ void TestFatturaElettronica::ogniRigaPortaAlSuoCampo_data()
     QTest::addColumn<QString*>("Svuotata");
     QTest::addColumn<QString>("Colonna");
     QTest::addColumn<QString>("Casella");
-    QTest::newRow("the office's VAT number") << &sessione::StudioPIva << QString() << u"0 txtPivaStudio"_s;
-    QTest::newRow("the office's code") << &sessione::StudioCodFisc << QString() << u"0 txtCodFisStudio"_s;
-    QTest::newRow("street") << &sessione::StudioVia << QString() << u"4 txtVia"_s;
-    QTest::newRow("postal code") << &sessione::StudioCap << QString() << u"4 txtCap"_s;
-    QTest::newRow("town") << &sessione::StudioComune << QString() << u"4 txtComune"_s;
+    QTest::newRow("the office's VAT number")
+        << &sessione::StudioPIva << QString() << DelloStudio(CasellaStudio::PartitaIva);
+    QTest::newRow("the office's code")
+        << &sessione::StudioCodFisc << QString() << DelloStudio(CasellaStudio::CodiceFiscale);
+    QTest::newRow("street") << &sessione::StudioVia << QString() << DelloStudio(CasellaStudio::Via);
+    QTest::newRow("postal code") << &sessione::StudioCap << QString() << DelloStudio(CasellaStudio::Cap);
+    QTest::newRow("town") << &sessione::StudioComune << QString() << DelloStudio(CasellaStudio::Comune);
     QTest::newRow("the client's code") << static_cast<QString*>(nullptr) << u"CodFis"_s << u"CodFis"_s;
     QTest::newRow("the client's street")
         << static_cast<QString*>(nullptr) << u"Indirizzo"_s << u"Indirizzo"_s;
@@ -157,9 +170,7 @@ void TestFatturaElettronica::ogniRigaPortaAlSuoCampo()
     QFETCH(QString, Colonna);
     QFETCH(QString, Casella);
     QString Aperta;
-    Aperture.CasellaImpostazioni = [&](int Scheda, const QString& Nome) {
-        Aperta = QString::number(Scheda) + u' ' + Nome;
-    };
+    Aperture.CasellaImpostazioni = [&](CasellaStudio Quale) { Aperta = DelloStudio(Quale); };
     Aperture.RubricaParcella = [&](const RichiestaRubrica& Chiesta) {
         if (Chiesta.MenuStart == u"edit" && Chiesta.KeyStart == u"ID=%1"_s.arg(F->Nota.IDCli))
             Aperta = Chiesta.CampoStart;
@@ -183,9 +194,7 @@ void TestFatturaElettronica::ogniRigaPortaAlSuoCampo()
 void TestFatturaElettronica::ogniCampoPortaDaQualcheParte()
 {
     QString Aperta;
-    Aperture.CasellaImpostazioni = [&](int Scheda, const QString& Nome) {
-        Aperta = QString::number(Scheda) + u' ' + Nome;
-    };
+    Aperture.CasellaImpostazioni = [&](CasellaStudio Quale) { Aperta = DelloStudio(Quale); };
     Aperture.RubricaParcella = [&](const RichiestaRubrica& Chiesta) {
         Aperta = u"cliente "_s + Chiesta.CampoStart;
     };
@@ -229,10 +238,10 @@ void TestFatturaElettronica::ogniCampoPortaDaQualcheParte()
         ApriPannello();
     }
     F->VaiAlCampo(CampoFattura::StudioEmail);
-    QCOMPARE(Aperta, u"0 txtEMail"_s);
+    QCOMPARE(Aperta, DelloStudio(CasellaStudio::Email));
     sessione::StudioPec = u"conti@pec"_s;
     F->VaiAlCampo(CampoFattura::StudioEmail);
-    QCOMPARE(Aperta, u"4 txtPecStudio"_s);
+    QCOMPARE(Aperta, DelloStudio(CasellaStudio::Pec));
 }
 
 void TestFatturaElettronica::senzaClienteSiApreLaRubrica()
