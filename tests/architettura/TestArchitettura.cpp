@@ -16,6 +16,7 @@ class TestArchitettura : public QObject
 private Q_SLOTS:
     void initTestCase();
     void gliIncludeSonoQuelliAmmessi();
+    void ilDisegnoELaTavola();
     void nessunaFrecciaSale();
     void ogniFrecciaSiUsa();
     void leLibrerieStannoNelleLoroStanze();
@@ -106,6 +107,23 @@ void TestArchitettura::initTestCase()
 void TestArchitettura::gliIncludeSonoQuelliAmmessi()
 {
     Nessuna(IncludiProibiti(Vera));
+}
+
+/// The picture of the rooms that the documents show has the arrows of the table, no other and no fewer.
+void TestArchitettura::ilDisegnoELaTavola()
+{
+    QFile Aperta(SorgenteDiProva(u"docs/architecture.md"_s));
+    QVERIFY(Aperta.open(QIODevice::ReadOnly));
+    const QString Capitolo = QString::fromUtf8(Aperta.readAll()).section(u"\n## The rooms\n"_s, 1);
+    const QStringList Disegnate = Capitolo.section(u"\n```\n"_s, 1, 1).split(u'\n', Qt::SkipEmptyParts);
+    QVERIFY2(Disegnate == Disegno(Vera),
+             qPrintable(u"docs/architecture.md, expected:\n"_s + UnaPerRiga(Disegno(Vera))));
+    Casa Piccola = CasaDiProva();
+    Piccola.Stanze[u"conti/windows"_s].PuoConoscere += u"platform/database"_s;
+    QCOMPARE(UnaPerRiga(Disegno(Piccola)), u"conti/windows           conti  platform/database\n"
+                                           "conti                   platform/base\n"
+                                           "platform/database       platform/base\n"
+                                           "platform/base"_s);
 }
 
 void TestArchitettura::nessunaFrecciaSale()

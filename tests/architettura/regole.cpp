@@ -213,6 +213,32 @@ QStringList FrecceSenzaUso(const Casa& Questa)
     return Frasi;
 }
 
+QStringList Disegno(const Casa& Questa)
+{
+    constexpr int Colonna = 24;
+    constexpr int Larghezza = 110;
+    QHash<QString, QSet<QString>> Sotto;  // all that a room reaches
+    QStringList Linee;
+    for (const QString& Nome : Questa.Ordine) {
+        const QStringList Sue = Questa.Stanze[Nome].PuoConoscere;
+        for (const QString& Altra : Sue)
+            Sotto[Nome] += Sotto[Altra] + QSet<QString>{Altra};
+        QStringList Vicine;
+        for (const QString& Una : Sue)
+            if (std::ranges::none_of(Sue, [&](const QString& Altra) { return Sotto[Altra].contains(Una); }))
+                Vicine += Una;
+        QStringList Parti{Nome.leftJustified(Colonna)};
+        for (const QString& Una : std::as_const(Vicine)) {
+            if (Parti.last().size() + Una.size() > Larghezza)
+                Parti += QString(Colonna, u' ');
+            Parti.last() += Una + u"  "_s;
+        }
+        for (qsizetype i = Parti.size() - 1; i >= 0; --i)
+            Linee.prepend(i == 0 ? Parti[0].trimmed() : Parti[i].chopped(2));
+    }
+    return Linee;
+}
+
 QStringList FrecceInSu(const Casa& Questa)
 {
     QStringList Frasi;

@@ -31,6 +31,10 @@ struct Casa
 /// house asks for, and an arrow drawn would be none.
 [[nodiscard]] QStringList FrecceSenzaUso(const Casa& Questa);
 
+/// The table as docs/architecture.md draws it: a line a room, from the last one to the first, "room  rooms
+/// that it stands on". Those that these know in turn are left out.
+[[nodiscard]] QStringList Disegno(const Casa& Questa);
+
 /// A room knows only rooms above it in the table.
 [[nodiscard]] QStringList FrecceInSu(const Casa& Questa);
 
