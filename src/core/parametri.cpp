@@ -10,6 +10,11 @@ QString Impostazione(const QString& Chiave, const QString& Predefinito)
     return GetSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave, Predefinito);
 }
 
+QString ImpostazioneSicura(const QString& Chiave)
+{
+    return GetSettingSicuro(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave);
+}
+
 QString ImpostazioneDi(const QString& Applicazione, const QString& Chiave)
 {
     return GetSetting(Applicazione, SezioneParametri.toString(), Chiave);

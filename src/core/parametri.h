@@ -14,6 +14,10 @@ inline constexpr QStringView SezioneParametri = u"Parametri";
 /// A setting of the program, or the default when the key is missing.
 [[nodiscard]] QString Impostazione(const QString& Chiave, const QString& Predefinito = {});
 
+/// A setting of the program, empty when the key is missing, for whoever stores one then.
+/// @throws Errore of settings that are there and cannot be read
+[[nodiscard]] QString ImpostazioneSicura(const QString& Chiave);
+
 /// A setting of another application; empty when it has none.
 [[nodiscard]] QString ImpostazioneDi(const QString& Applicazione, const QString& Chiave);
 

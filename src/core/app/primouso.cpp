@@ -31,11 +31,19 @@ QString CartellaDocumenti()
     return CartellaSpeciale(Documenti) + Barra(u"Calcanova"_s);
 }
 
+/// The program's own folder. What cannot be read is not taken for what nobody has chosen: the office's
+/// archive would be another one then.
+QString CartellaDelProgramma()
+{
+    const QString Scelta = ImpostazioneSicura(chiavi::PercorsoProcedura.toString());
+    return Scelta.isEmpty() ? CartellaProgramma() : Barra(Scelta);
+}
+
 /// Copies a file of the program beside the user's data, unless one of that name, in any case, is there. The
 /// copy is as old as the file, because the age of the rates is that of their archive.
 void CopiaSeManca(const QString& Nome, const QString& Cartella)
 {
-    const QString Origine = TrovaFile(CartellaProgramma() + Nome);
+    const QString Origine = TrovaFile(CartellaDelProgramma() + Nome);
     // Two programs may be started at once: of two copies the first one counts, it may be in use already.
     if (EsisteFile(Origine) && !EsisteFile(TrovaFile(Cartella + Nome)) &&
         CreaFile(Cartella + Nome, LeggiFile(Origine), Lettori::Cartella))
@@ -45,7 +53,7 @@ void CopiaSeManca(const QString& Nome, const QString& Cartella)
 void PreparaCartellaUtente()
 {
     const QString Cartella = CartellaUtente(LeggiVersioneSistema());
-    const QString Salvata = Impostazione(chiavi::UserFolder.toString());
+    const QString Salvata = ImpostazioneSicura(chiavi::UserFolder.toString());
     // The folder that the program chose by itself is made again; only one of the user's is missed.
     if (Salvata.isEmpty() || Salvata == Cartella)
         CreaCartellaDiUtente(Cartella);
@@ -82,10 +90,10 @@ bool HaRighe(const QString& Archivio)
 
 void PreparaParcelle()
 {
-    if (!Impostazione(chiavi::ParcellePath.toString()).isEmpty())
+    if (!ImpostazioneSicura(chiavi::ParcellePath.toString()).isEmpty())
         return;
     // An office that has its notes beside the program goes on there: nothing is stored, the default holds.
-    const QString Programma = CartellaProgramma();
+    const QString Programma = CartellaDelProgramma();
     for (const QString& Sotto : {u""_s, u"Parcelle"_s, u"Modelli"_s, u"Parcelle/Modelli"_s})
         if (HaParcelle(Programma + Sotto))
             return;
@@ -97,11 +105,11 @@ void PreparaParcelle()
 
 void PreparaArchivio()
 {
-    if (!Impostazione(chiavi::ArchivioCliCon.toString()).isEmpty())
+    if (!ImpostazioneSicura(chiavi::ArchivioCliCon.toString()).isEmpty())
         return;
     const QString Nome = u"DatiStudio.mdb"_s;
     // A copy would part from the archive that the office works with.
-    if (HaRighe(TrovaFile(CartellaProgramma() + Nome)))
+    if (HaRighe(TrovaFile(CartellaDelProgramma() + Nome)))
         return;
     CreaCartellaDiUtente(CartellaDocumenti());
     CopiaSeManca(Nome, CartellaDocumenti());
@@ -126,8 +134,8 @@ constexpr std::array PassiPrimoUso{
 void PreparaTassi()
 {
     const QString Nome = u"Tassi.dat"_s;
-    const QString Cartella = Barra(Impostazione(chiavi::UserFolder.toString()));
-    const QString Fornito = TrovaFile(CartellaProgramma() + Nome);
+    const QString Cartella = Barra(ImpostazioneSicura(chiavi::UserFolder.toString()));
+    const QString Fornito = TrovaFile(CartellaDelProgramma() + Nome);
     if (!EsisteCartella(Cartella) || EsisteFile(TrovaFile(Cartella + Nome)) || !EsisteFile(Fornito))
         return;
     // A copy stays for good: of a damaged archive none is made, so that the next start, or an update, brings

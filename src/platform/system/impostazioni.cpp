@@ -136,6 +136,17 @@ QString GetSetting(const QString& Applicazione, const QString& Sezione, const QS
     }
 }
 
+QString GetSettingSicuro(const QString& Applicazione, const QString& Sezione, const QString& Chiave)
+{
+    const QString File = PercorsoImpostazioni(Applicazione);
+    try {
+        return ValoreDelDeposito(LeggiDeposito(File), Sezione, Chiave).value_or(QString());
+    } catch (const Errore& Guasto) {
+        throw Errore(Guasto.Numero,
+                     u"Impossibile leggere le impostazioni nel file %1: %2"_s.arg(File, Guasto.Descrizione));
+    }
+}
+
 void SaveSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,
                  const QString& Valore)
 {

@@ -25,6 +25,11 @@ struct Errore;
 [[nodiscard]] QString GetSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,
                                  const QString& Predefinito = {});
 
+/// The same for whoever stores something where nothing is stored.
+/// @throws Errore 75 and others of a store that is there and cannot be read, with its path
+[[nodiscard]] QString GetSettingSicuro(const QString& Applicazione, const QString& Sezione,
+                                       const QString& Chiave);
+
 /// Stores a text; it stands on the disk when this returns. What else the store holds is kept, damaged lines
 /// too; of a damaged one a copy stays beside it, its name followed by ".guasto".
 /// @throws Errore 75 with file and reason when the store cannot be written

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void tassiGuasti();
     void cartellaUtenteSparita();
     void cartellaRifiutata();
+    void impostazioniIlleggibili();
     void impostazioniNonScrivibili();
 
 private:
@@ -321,6 +322,23 @@ void TestPrimoUso::cartellaRifiutata()
     QVERIFY(QFile::remove(Documenti + u"Calcanova"_s));
     PrimoUso();
     QVERIFY(EsisteFile(Scena::Parametro(u"ArchivioCliCon"_s)));
+}
+
+/// What the user has chosen is there, and cannot be read just now: nothing is chosen in its place.
+void TestPrimoUso::impostazioniIlleggibili()
+{
+    Registratore Box;
+    Scena::Salva(u"ArchivioCliCon"_s, u"/miei/clienti.mdb"_s);
+    QVERIFY(QFile::setPermissions(Scena::FileImpostazioni(), {}));
+    Box.Attendi(NonPreparate({u"la cartella dei dati dell'utente"_s, u"la cartella delle parcelle"_s,
+                              u"l'archivio dei clienti"_s, u"l'archivio dei tassi"_s},
+                             u"Impossibile leggere le impostazioni nel file %1: %2"_s.arg(
+                                 Scena::FileImpostazioni(), DescrizioneErrore(75))),
+                vbOK, u"Errore:"_s);
+    PrimoUso();
+    QVERIFY(QFile::setPermissions(Scena::FileImpostazioni(), QFile::ReadOwner | QFile::WriteOwner));
+    QVERIFY(!EsisteCartella(Documenti + u"Calcanova"_s));
+    QCOMPARE(Scena::Parametro(u"ArchivioCliCon"_s), u"/miei/clienti.mdb"_s);
 }
 
 void TestPrimoUso::impostazioniNonScrivibili()
