@@ -196,7 +196,9 @@ bool Controlla(const QString& Copia, Ancora& Chiedi)
 bool LeggibileDoveSta(const QString& Percorso)
 {
     const QString File = PercorsoNativo(Percorso);
-    return !ControllaPrimaDiAprire(File) && !DaRisanare(File);
+    // Whether a journal is to be played back is not asked: a disk that fails would answer no, and who then
+    // opens the file for writing would do it.
+    return !ControllaPrimaDiAprire(File) && QFileInfo(File + Giornale).size() == 0;
 }
 
 bool CopiaIntera(const QString& Da, const QString& A, const std::function<bool(qint64)>& Prosegui,

@@ -8,7 +8,7 @@
 #include <functional>
 
 /// True for a database in which a reader finds everything where it stands, and leaves nothing beside it: it
-/// is kept with no log, and no write into it was cut off.
+/// is kept with no log, and has no journal.
 /// @throws Errore 3024 no such file, 3343 no database (truncated ones too), or a journal beside it that names
 /// another file, 75 a folder or unreadable
 [[nodiscard]] bool LeggibileDoveSta(const QString& Percorso);
