@@ -8,6 +8,7 @@
 [[nodiscard]] QList<Scenario> ScenariImpostazioni();
 [[nodiscard]] QList<Scenario> ScenariArchivi();
 [[nodiscard]] QList<Scenario> ScenariAggiornamenti();
+[[nodiscard]] QList<Scenario> ScenariImporta();
 
 /// Runs an act as the command line runs a command: what is critical goes to the error stream and is a
 /// failure, a question is answered Yes, an input box with `Risposta`.
