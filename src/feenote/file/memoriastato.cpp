@@ -299,6 +299,10 @@ StatoLetto LeggiStatoLetto(const MemoriaFile& Memoria)
     Letto.Storno = Memoria.value(VoceStorno) == u"1";
     if (Letto.Stato != StatoNota::Ignoto)
         Letto.Dal = GiornoBuono(Memoria.value(VoceGiorno(Letto.Stato)));
+    if (Letto.Stato == StatoNota::Fatturata || Letto.Stato == StatoNota::Pagata)
+        Letto.UscitoIl = GiornoBuono(Memoria.value(VoceGiorno(StatoNota::Fatturata)));
+    if (Letto.Stato == StatoNota::Pagata)
+        Letto.PagatoIl = Letto.Dal;
     if (const auto Importi = LeggiImporti(Memoria.value(VoceImporti), MassimoInElenco)) {
         Letto.Importi = Importi->Importi;
         Letto.Resto = Importi->Resto;

@@ -1,7 +1,8 @@
 // The state of a note in its file: entries of the hidden table, for the note itself and for lists of notes.
 //
-// The figures are kept for lists alone, which reckon nothing: the note takes none of them back but those of
-// the document that has gone out.
+// The figures of a document that has gone out are kept as it asked for them: lists and the note itself reckon
+// from them what is open and what was paid. Those of a draft are for lists alone, and the note takes none of
+// them back.
 #pragma once
 
 #include "feenote/file/memorianota.h"
@@ -30,6 +31,8 @@ struct StatoLetto
     int Documento = -1;   ///< that has gone out, a TipoStampa; -1 none
     bool Storno = false;  ///< it was a credit note
     QString Dal;          ///< since when, dd/mm/yyyy
+    QString UscitoIl;  ///< the day on which it went out as an invoice or a credit note, whatever came since
+    QString PagatoIl;  ///< the day of the word "paid", or of the payments; empty where it is not paid
     std::optional<ImportiDocumento> Importi;
     double Resto = 0.0;                  ///< of the net after all payments, euro; only with figures
     QString Numero, Data;                ///< of pro-forma note and estimate

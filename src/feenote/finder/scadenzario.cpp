@@ -163,6 +163,10 @@ VoceTrova VoceDi(const VoceTrova& Nota, const EmessoLetto& Emesso, double Ripres
     // Sent again for a larger sum behind the word, it is not paid whole.
     const bool AMano = Emesso.Che.AMano > 0 && Arrotonda2(Emesso.Resto - Ripreso) <= 0;
     Stato.Stato = Saldata || AMano ? StatoNota::Pagata : StatoNota::Fatturata;
+    // What the user has called paid has the day of his word in the place of its own: no credit note is.
+    Stato.UscitoIl = Emesso.Che.AMano > 0 ? QString() : Emesso.Che.Dal;
+    if (!Saldata)
+        Stato.PagatoIl = AMano ? Emesso.Che.Dal : QString();
     return Voce;
 }
 
@@ -183,6 +187,14 @@ const VoceTrova* StornataQui(const std::vector<const VoceTrova*>& Documenti, siz
     }
     const qsizetype Posto = FatturaStornata(Usciti, qsizetype(Storno - Primo));
     return Posto < 0 ? nullptr : Documenti[Primo + size_t(Posto)];
+}
+
+/// The credit note of another file was out when its invoice was called paid. Files know days alone: of one
+/// day the credit note comes first, as the word is of what is still owed.
+bool PrimaDellaParola(const StatoLetto& Storno, const StatoLetto& Fattura)
+{
+    const QDate Uscito = GiornoDi(Storno.UscitoIl), Pagata = GiornoDi(Fattura.PagatoIl);
+    return Uscito.isValid() && Pagata.isValid() && Uscito <= Pagata;
 }
 
 /// Earlier documents count while the note's own does.
@@ -404,8 +416,7 @@ QHash<const VoceTrova*, LegameFattura> LegamiFatture(const std::vector<const Voc
         Legami[Nota].Ripresa = Ripresa;
         const double Netto = Stato.Importi ? std::max(0.0, Stato.Importi->Netto) : 0.0;
         Legami[Ripresa].Stornato += Netto;
-        const auto Uscita = LeggiData(Stato.Dal), Parola = LeggiData(Ripresa->Dati.Stato.Dal);
-        if (Ripresa->Percorso == Nota->Percorso || (Uscita && Parola && *Uscita <= *Parola))
+        if (Ripresa->Percorso == Nota->Percorso || PrimaDellaParola(Stato, Ripresa->Dati.Stato))
             Legami[Ripresa].StornatoPrima += Netto;
         Legami[Ripresa].StornoIgnoto = Legami[Ripresa].StornoIgnoto || !Stato.Importi;
     }
