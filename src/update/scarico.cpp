@@ -103,8 +103,11 @@ QByteArray PortaFirma(const Annuncio& Trovato, const PassoAggiornamento& Passo)
     try {
         Porta(Trovato.Da, FirmaVersioni.toString(), Firma.File(), MassimoFirma, Passo);
         return LeggiFile(Firma.File(), MassimoFirma);
-    } catch (const Errore&) {
-        return {};  // a folder without it
+    } catch (const Errore& Guasto) {
+        // A folder without it, or with a file that is too long to be one.
+        if (Guasto.Numero == errori::FileMancante || Guasto.Numero == errori::Memoria)
+            return {};
+        throw;
     }
 }
 

@@ -5,6 +5,7 @@
 
 #include <QFileInfo>
 #include <QProcess>
+#include <QScopedValueRollback>
 
 #include <utility>
 
@@ -21,6 +22,7 @@ private Q_SLOTS:
     void ilFileSiChiamaComeQuiSiChiama();
     void firma_data();
     void firma();
+    void laFirmaNonCiSta();
     void serverOstile_data();
     void serverOstile();
     void pezzoMancante();
@@ -177,6 +179,19 @@ void TestScarico::firma()
     QCOMPARE(Esito.Dettaglio, Vale ? QString() : FirmaNonValida);
     QCOMPARE(B->ArchivioIntatto(), !Vale);
     QCOMPARE(EsisteFile(sessione::UserFolder + u"Tassi.dat.prima"_s), Vale);
+    QCOMPARE(B->Avanzi(), QStringList());
+}
+
+/// A signature that could not be brought is not called none: the disk is full.
+void TestScarico::laFirmaNonCiSta()
+{
+    B->Posa(u"tassi.dat"_s, B->ArchivioNuovo());
+    B->Annunciate(SoloTassi);
+    B->Firmate();
+    const Annuncio Trovato = B->Controllato(B->Cartella());
+    const QScopedValueRollback Pieno(guasti::LimiteFile, qint64(10));
+    QCOMPARE(ScaricaTassi(Trovato).Dettaglio, DescrizioneErrore(errori::DiscoPieno));
+    QVERIFY(B->ArchivioIntatto());
     QCOMPARE(B->Avanzi(), QStringList());
 }
 
