@@ -6,6 +6,7 @@
 #include "core/sessione.h"
 #include "core/versione.h"
 #include "platform/base/errore.h"
+#include "platform/system/blocco.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
@@ -102,13 +103,15 @@ QString Provvisorio(const QString& File)
 
 void TogliAvanzi()
 {
-    // A transfer that lives writes within fifteen seconds, or ends.
+    // A transfer that lives writes within fifteen seconds, or ends: of another machine's nobody knows more.
     constexpr qint64 DaQuantoSecondi = 60;
     // Whatever else ends so is the user's.
-    static const QRegularExpression Forma(u".\\.\\d+-\\d+\\.parziale\\z"_s);
+    static const QRegularExpression Forma(u".\\.(\\d+)-\\d+\\.parziale\\z"_s);
     for (const QString& Cartella : {Barra(sessione::UserFolder), CartellaUpgrade()}) {
+        // A finished one has the date of what it is, which says nothing of its writer.
         for (const QString& Nome : NomiDeiFile(Cartella, Avanzo.toString()))
-            if (Forma.match(Nome).hasMatch() &&
+            if (const auto Sua = Forma.match(Nome);
+                Sua.hasMatch() && !ProcessoVivo(Sua.captured(1).toLongLong()) &&
                 std::abs(DataFile(Cartella + Nome).secsTo(QDateTime::currentDateTime())) > DaQuantoSecondi)
                 ScartaFile(Cartella + Nome);
     }

@@ -214,20 +214,24 @@ void TestAggiorna::gliAvanziVecchiVannoVia()
 {
     B->Annunciate(TutteNuove);
     CreaCartella(CartellaUpgrade());
-    const QString Vecchio = sessione::UserFolder + u"Tassi.dat.77-1.parziale"_s;
-    const QString Futuro = CartellaUpgrade() + u"upgrade3.0.15.exe.77-2.parziale"_s;
-    const QString Vivo = sessione::UserFolder + u"Tassi.dat.78-1.parziale"_s;
+    const QString Vecchio = sessione::UserFolder + u"Tassi.dat.999999977-1.parziale"_s;
+    const QString Futuro = CartellaUpgrade() + u"upgrade3.0.15.exe.999999977-2.parziale"_s;
+    const QString Vivo = sessione::UserFolder + u"Tassi.dat.999999978-1.parziale"_s;
     const QString DellUtente = sessione::UserFolder + u"Relazione.parziale"_s;
-    for (const QString& File : {Vecchio, Futuro, Vivo, DellUtente})
+    // Whole by now and with the date of its content, which is old: its program is about to put it in place.
+    const QString Finito = Provvisorio(sessione::UserFolder + u"Tassi.dat"_s);
+    for (const QString& File : {Vecchio, Futuro, Vivo, DellUtente, Finito})
         ScriviFile(File, "meta'");
-    for (const QString& File : {Vecchio, DellUtente})
+    for (const QString& File : {Vecchio, DellUtente, Finito})
         ImpostaDataFile(File, QDateTime::currentDateTime().addSecs(-120));
     ImpostaDataFile(Futuro, QDateTime::currentDateTime().addYears(1));
     Annuncio Trovato;
     QVERIFY(ControlloVersioni(DalServer(), true, Trovato));
     QStringList Rimasti = B->Avanzi();
     Rimasti.sort();
-    QCOMPARE(Rimasti, (QStringList{NomeFile(DellUtente), NomeFile(Vivo)}));
+    QStringList Attesi{NomeFile(DellUtente), NomeFile(Vivo), NomeFile(Finito)};
+    Attesi.sort();
+    QCOMPARE(Rimasti, Attesi);
 }
 
 void TestAggiorna::tassiVecchi_data()

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <limits>
 #include <optional>
 #include <utility>
 
@@ -41,6 +42,17 @@ qint64 DistanzaDaAdesso(const QDateTime& Quando)
 }
 
 }  // namespace
+
+bool ProcessoVivo(qint64 Numero)
+{
+#ifdef Q_OS_WIN
+    Q_UNUSED(Numero)
+    return false;  // what a living one has open nobody deletes there
+#else
+    return Numero > 0 && Numero <= std::numeric_limits<pid_t>::max() &&
+           (::kill(pid_t(Numero), 0) == 0 || errno == EPERM);
+#endif
+}
 
 #ifdef Q_OS_WIN
 
@@ -162,7 +174,7 @@ bool Vive(const FirmaScritta& Firma)
     const QByteArray Avvio = QSysInfo::bootUniqueId();
     if (!Firma.Avvio.isEmpty() && !Avvio.isEmpty() && Firma.Avvio != Avvio)
         return false;
-    return ::kill(pid_t(Firma.Processo), 0) == 0 || errno == EPERM;
+    return ProcessoVivo(Firma.Processo);
 }
 
 QByteArray FirmaPropria()

@@ -54,6 +54,9 @@ private:
     std::unique_ptr<Presa> Dentro;
 };
 
+/// Whether a process of this machine bears the number; who asks for another machine's gets any answer.
+[[nodiscard]] bool ProcessoVivo(qint64 Numero);
+
 /// Takes away a lock file that a killed program of this machine has left, if one is there. It cannot fail.
 void ScartaBlocco(const QString& Percorso);
 
