@@ -94,8 +94,12 @@ private:
             const Database Prima = OpenDatabase(Finale);
             const Transazione Sola(Prima);
         } catch (const Errore& Guasto) {
-            if (Guasto.Numero == errori::DatiBloccati)
-                throw;  // anything else: a file that is no database, where nobody writes
+            // Into what is no database nobody writes, nor into a read-only file. A journal that could not be
+            // played back stays: by it the former file is mended.
+            const bool Protetta =
+                Guasto.Numero == errori::DatabaseSolaLettura && !EsisteFile(Finale + u"-journal"_s);
+            if (Guasto.Numero != errori::FormatoDatabase && !Protetta)
+                throw;
         }
         for (const QString& Coda : {u"-journal"_s, u"-wal"_s, u"-shm"_s})
             ScartaFile(Finale + Coda);

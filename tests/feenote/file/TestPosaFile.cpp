@@ -62,6 +62,7 @@ private Q_SLOTS:
     void ilTurnoLasciatoSiToglie();
     void ilGiornaleLasciato_data();
     void ilGiornaleLasciato();
+    void ilGiornaleCheNonSiLegge();
     void ilGiornaleDiChiScriveResta();
     void loStatoNonCambiaLaCopia();
 
@@ -327,6 +328,23 @@ void TestPosaFile::ilGiornaleLasciato_data()
     QTest::addColumn<bool>("GiaNelFile");
     QTest::newRow("nothing had reached the file") << false;
     QTest::newRow("half of it had") << true;
+}
+
+/// What the former note is mended by is not thrown away because it cannot be read at the moment.
+void TestPosaFile::ilGiornaleCheNonSiLegge()
+{
+    const Studio Ufficio;
+    const Registratore Messaggi;
+    ScriviNota(File, NotaPiena());
+    const QByteArray Byte = LeggiFile(File);
+    QVERIFY(QDir().mkdir(File + u"-journal"_s));  // the system opens it, and reads nothing
+    QCOMPARE(NumeroErrore([&] { ScriviNota(File, NotaPiena()); }), errori::DiscoORete);
+    QCOMPARE(LeggiFile(File), Byte);
+    QVERIFY(QDir().rmdir(File + u"-journal"_s));
+    // What is no database has none.
+    ScriviFile(File, QByteArray(5000, 'x'));
+    ScriviNota(File, NotaPiena());
+    QCOMPARE(Parametro(File, u"Oggetto"_s).toString(), NotaPiena().txtOggetto.Testo);
 }
 
 /// A program that is killed while it writes a note in place leaves its journal.
