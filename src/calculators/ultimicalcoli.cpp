@@ -239,7 +239,8 @@ void DimenticaCalcolo(Calcolatrice Quale, const QMap<QString, QString>& Campi)
 void SvuotaCalcoli(Calcolatrice Quale)
 {
     Cambia([&](ElencoCalcoli& Elenco) { Elenco[size_t(Quale)].clear(); });
-    ScartaFile(FileCalcoliGuasto());
+    if (EsisteFile(FileCalcoliGuasto()))
+        EliminaFile(FileCalcoliGuasto());
 }
 
 void ImpostaRicordo(bool Ricorda)

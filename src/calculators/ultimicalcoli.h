@@ -66,7 +66,8 @@ void RicordaCalcolo(Calcolatrice Quale, const CalcoloRicordato& Calcolo,
 void RinominaCalcolo(Calcolatrice Quale, const QMap<QString, QString>& Campi, const QString& Nome);
 /// Takes one out of its list. @throws Errore as RicordaCalcolo
 void DimenticaCalcolo(Calcolatrice Quale, const QMap<QString, QString>& Campi);
-/// Takes all of a calculator out, and what was put aside with them. @throws Errore as RicordaCalcolo
+/// Takes all of a calculator out, and what was put aside with them. @throws Errore as RicordaCalcolo, 75 what
+/// was put aside stays
 void SvuotaCalcoli(Calcolatrice Quale);
 
 /// Whether calculations are remembered, for all calculators; what is in the lists stays.

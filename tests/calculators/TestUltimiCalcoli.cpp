@@ -297,6 +297,11 @@ void TestUltimiCalcoli::guasti()
     RicordaCalcolo(Termini, Fatto(u"a"_s));
     QCOMPARE(Nomi(Termini), QStringList{u"a"_s});
     QCOMPARE(LeggiFile(FileCalcoliGuasto()), Byte);
+    {  // what stays is said: it has names in it
+        const QScopedValueRollback Trattenuto(guasti::FileTrattenuti, CartellaFile(FileCalcoliGuasto()));
+        QCOMPARE(NumeroErrore([] { SvuotaCalcoli(Termini); }), errori::Accesso);
+        QVERIFY(EsisteFile(FileCalcoliGuasto()));
+    }
     // Whoever empties the list wants nothing of it kept.
     SvuotaCalcoli(Termini);
     QVERIFY(!EsisteFile(FileCalcoliGuasto()));

@@ -94,6 +94,7 @@ void frmAgenda::cmdApri_Click()
     const QList<VoceAgenda> Voci = Scelte();
     const QString File = SalvaIcs(CartellaConsegna() + NomeFileIcs(Voci), Voci);
     if (!HaProgramma(File)) {
+        ScartaFile(File);  // it names the client, and nobody asked for a copy
         MsgErrore(u"Nessun programma di questo computer apre i calendari .ics. Salvare il file e importarlo "
                   "dal calendario che si usa."_s);
         return;

@@ -231,6 +231,8 @@ void TestStradaAgenda::agendaSenzaProgramma()
     Clic(Controllo(Voci, "cmdApri"));
     QVERIFY(B->Aperti.isEmpty());
     QVERIFY2(B->Voce.UltimoTesto().contains(u".ics"), qPrintable(B->Voce.UltimoTesto()));
+    // Nobody reads a file that names the client where no program opens it.
+    QCOMPARE(QDir(CartellaDati() + u"agenda/"_s).entryList(QDir::Files), QStringList());
     // A system that fails to open it says so too.
     B->Lettore = true;
     B->Esito = 75;
