@@ -58,22 +58,20 @@ void ScriviFattura(const QString& Archivio, int IDContab)
 {
     const QString Dove = u"WHERE Rif=? COLLATE SenzaMaiuscole AND NumF=? COLLATE SenzaMaiuscole"_s;
     const QString& Rif = sessione::RichiestaPV2.ID;
-    QVariantList Chiave;
-    bool Esiste = false;
-    {
-        const Database Fatture = ApriArchivio(Archivio, true);
-        const QList<Campo> Colonne = Fatture.Campi(u"Fatture"_s);
-        Chiave = {PerFatture(Colonne, u"Rif", Rif), PerFatture(Colonne, u"NumF", NumeroFattura())};
-        Esiste = !Fatture.OpenRecordset(u"SELECT Rif FROM Fatture "_s + Dove, Chiave).Eof();
-    }
-    const QVariantList Dati{DataFattura(), ImportoFattura()};
     const Database Fatture = ApriArchivio(Archivio);
-    if (Esiste)
+    // Whoever looks has the turn: another program that writes the same invoice would add its row in between.
+    Transazione Insieme(Fatture);
+    const QList<Campo> Colonne = Fatture.Campi(u"Fatture"_s);
+    const QVariantList Chiave{PerFatture(Colonne, u"Rif", Rif),
+                              PerFatture(Colonne, u"NumF", NumeroFattura())};
+    const QVariantList Dati{DataFattura(), ImportoFattura()};
+    if (!Fatture.OpenRecordset(u"SELECT Rif FROM Fatture "_s + Dove, Chiave).Eof())
         Fatture.Execute(u"UPDATE Fatture SET DataF=?, CorriF=? "_s + Dove, Dati + Chiave);
     else
         Fatture.Execute(u"INSERT INTO Fatture (Rif, NumF, DataF, CorriF, IDContab, TipoF, ModoF) "
                         "VALUES (?, ?, ?, ?, ?, 'A', 'E')"_s,
                         Chiave + Dati + QVariantList{IDContab});
+    Insieme.Conferma();
 }
 
 }  // namespace
