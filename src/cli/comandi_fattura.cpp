@@ -18,6 +18,7 @@
 #include "platform/system/messaggi.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/sincrono.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -224,6 +225,8 @@ Risposta ComandoFattura(const QStringList& Valori, const NotaMultipla& Altra)
     Turno.Segna(Scritta);
     try {
         SalvaFattura(Uscita, Fattura, Oggi());
+    } catch (const NonConfermato&) {
+        throw;  // it is there: the note keeps its mark
     } catch (const Errore& Guasto) {
         if (Turno.Ritira(Nota))
             throw;

@@ -14,6 +14,7 @@
 #include "platform/system/percorsi.h"
 #include "platform/system/permessi.h"
 #include "platform/system/shell.h"
+#include "platform/system/sincrono.h"
 #include "update/modCopyURL.h"
 
 #include <QCoreApplication>
@@ -46,6 +47,8 @@ bool Posa(const QString& Arrivato)
     try {
         SostituisciFile(Arrivato, FileVersioni());
         return true;
+    } catch (const NonConfermato&) {
+        return true;  // it stands there, and the next one comes with the next check
     } catch (const Errore&) {
         ScartaFile(Arrivato);
         return false;

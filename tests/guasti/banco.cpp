@@ -1,6 +1,7 @@
 #include "guasti/banco.h"
 
 #include "platform/base/numerierrore.h"
+#include "platform/system/sincrono.h"
 #include "supporto/prova.h"
 
 #include <QDateTime>
@@ -120,6 +121,26 @@ bool Perdonato(const Uscita& Vista)
     return Blocco || (Vista.Conti.SuCartella != 0 && Vista.Conti.Rinomine == 0);
 }
 
+/// The files of which a refusal says that they stand there all the same.
+QStringList DettiAlSuoPosto(const QString& Frasi)
+{
+    static const QRegularExpression Forma(FraseAlSuoPosto.toString().arg(u"(\\S.*?)"_s));
+    QStringList Nomi;
+    for (auto Una = Forma.globalMatch(Frasi); Una.hasNext();)
+        Nomi.append(Una.next().captured(1));
+    return Nomi;
+}
+
+/// Whether a file of this name stands anywhere below a folder.
+bool CeNella(const QString& Cartella, const QString& Nome)
+{
+    QDirIterator Cammino(Cartella, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (Cammino.hasNext())
+        if (Cammino.next().endsWith(u'/' + Nome))
+            return true;
+    return false;
+}
+
 QString Descrizione(const Scenario& Cosa, const Guasto& Come, unsigned Numero, const Uscita& Vista)
 {
     return u"%1: %2 %3%4 al n. %5 (%6), esito %7, detto «%8»"_s.arg(
@@ -142,6 +163,7 @@ void Conteggia(Somme& Tutto, const Giudizio& Questo)
     Tutto.Nuovo += Questo.Stato == Trovato::Nuovo;
     Tutto.Rotti += !Questo.Rotto.isEmpty();
     Tutto.Taciuti += !Questo.Taciuto.isEmpty();
+    Tutto.Negati += !Questo.Negato.isEmpty();
     Tutto.Muti += !Questo.Muto.isEmpty();
     Tutto.Resti += !Questo.Resti.isEmpty();
     Tutto.Bloccati += !Questo.Bloccato.isEmpty();
@@ -150,7 +172,8 @@ void Conteggia(Somme& Tutto, const Giudizio& Questo)
 QString RigaDiTabella(const QString& Scenario, const QString& Chiamata, const Somme& S)
 {
     QString Riga = Scenario.leftJustified(20) + u' ' + Chiamata.leftJustified(10);
-    for (const int Numero : {S.Prove, S.Prima, S.Nuovo, S.Rotti, S.Taciuti, S.Muti, S.Resti, S.Bloccati})
+    for (const int Numero :
+         {S.Prove, S.Prima, S.Nuovo, S.Rotti, S.Taciuti, S.Negati, S.Muti, S.Resti, S.Bloccati})
         Riga += QString::number(Numero).rightJustified(8);
     return Riga;
 }
@@ -160,7 +183,7 @@ QString RigaDiTabella(const QString& Scenario, const QString& Chiamata, const So
 QStringList Giudizio::Difetti() const
 {
     QStringList Tutti;
-    for (const QString* Uno : {&Rotto, &Taciuto, &Muto, &Resti, &Bloccato})
+    for (const QString* Uno : {&Rotto, &Taciuto, &Negato, &Muto, &Resti, &Bloccato})
         if (!Uno->isEmpty())
             Tutti.append(*Uno);
     return Tutti;
@@ -332,8 +355,16 @@ Giudizio Banco::Giudica(const Guasto& Come, const Uscita& Vista, const QStringLi
     const bool Flusso = Come.Chiamata == Sincronizza && std::strcmp(Come.Errore, "EINTR") != 0;
     if (Detto && Questo.Stato != Trovato::Nuovo)
         Questo.Taciuto = u"detto fatto, e non è"_s;
-    else if (Detto && Flusso && !Cosa.SenzaPromessa && !Perdonato(Vista))
+    else if (Detto && Flusso && !Cosa.SenzaPromessa && !Perdonato(Vista) &&
+             (Cosa.Avverte.isEmpty() || !Vista.Frasi.contains(Cosa.Avverte)))
         Questo.Taciuto = u"il disco ha rifiutato e non si dice"_s;
+    const QStringList AlSuoPosto = DettiAlSuoPosto(Vista.Frasi);
+    const auto Ce = [this](const QString& Nome) { return CeNella(Dove.Cartella, Nome); };
+    const bool Taciuto = Cosa.DiPassaggio || (Cosa.FraseFissa && Come.Sempre);
+    if (!Detto && Questo.Stato == Trovato::Nuovo && AlSuoPosto.isEmpty() && !Taciuto)
+        Questo.Negato = u"detto non fatto, ed è"_s;
+    else if (!std::ranges::all_of(AlSuoPosto, Ce))
+        Questo.Negato = u"detto al suo posto, e non è"_s;
     if (!Detto && Questo.Rotto.isEmpty() && !InItaliano(Vista.Frasi))
         Questo.Muto = u"nessuna frase italiana"_s;
     else if (!Detto && Cosa.DicePerche && std::strcmp(Come.Errore, "ENOSPC") == 0 &&
@@ -426,8 +457,8 @@ int EseguiScenari(const QList<Scenario>& Tutti, bool Breve, const QStringList& S
     int Sbagliate = 0;
     Somme Intere;
     QString Testata = u"scenario"_s.leftJustified(21) + u"chiamata"_s.leftJustified(10);
-    for (const QString& Colonna :
-         {u"prove"_s, u"prima"_s, u"nuovo"_s, u"rotti"_s, u"taciuti"_s, u"muti"_s, u"resti"_s, u"bloc."_s})
+    for (const QString& Colonna : {u"prove"_s, u"prima"_s, u"nuovo"_s, u"rotti"_s, u"taciuti"_s, u"negati"_s,
+                                   u"muti"_s, u"resti"_s, u"bloc."_s})
         Testata += Colonna.rightJustified(8);
     Stampa(Testata);
     for (const Scenario& Cosa : Tutti) {
@@ -448,8 +479,9 @@ int EseguiScenari(const QList<Scenario>& Tutti, bool Breve, const QStringList& S
             for (const QString& Difetto : Fatta.Difetti)
                 Stampa(u"  ! "_s + Difetto);
             Sbagliate += int(Fatta.Difetti.size());
-            for (const auto Membro : {&Somme::Prove, &Somme::Prima, &Somme::Nuovo, &Somme::Rotti,
-                                      &Somme::Taciuti, &Somme::Muti, &Somme::Resti, &Somme::Bloccati})
+            for (const auto Membro :
+                 {&Somme::Prove, &Somme::Prima, &Somme::Nuovo, &Somme::Rotti, &Somme::Taciuti, &Somme::Negati,
+                  &Somme::Muti, &Somme::Resti, &Somme::Bloccati})
                 Intere.*Membro += Fatta.Tutto.*Membro;
         }
     }

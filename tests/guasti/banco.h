@@ -56,6 +56,13 @@ struct Scenario
     bool DicePerche = false;
     /// What is found is right although a flush has failed unnoticed: the file is no promise of the program.
     bool SenzaPromessa = false;
+    /// What is written comes along with something else, of which alone a refusal speaks.
+    bool DiPassaggio = false;
+    /// Its sentence is given and tells no more: where the disk fails for ever, what stands there cannot be
+    /// taken back.
+    bool FraseFissa = false;
+    /// The warning of what is done in spite of a disk that has refused a part of it.
+    QString Avverte = {};
 };
 
 /// A way to fail.
@@ -72,6 +79,7 @@ struct Giudizio
     Trovato Stato = Trovato::Prima;
     QString Rotto;     ///< neither the former nor the new, a crash, a hang
     QString Taciuto;   ///< said to be done and is not
+    QString Negato;    ///< said not to be done, and stands there all the same
     QString Muto;      ///< refused without a sentence in Italian
     QString Resti;     ///< left beside, and not swept by the next attempt
     QString Bloccato;  ///< the next attempt, without a fault, fails
@@ -87,6 +95,7 @@ struct Somme
     int Nuovo = 0;
     int Rotti = 0;
     int Taciuti = 0;
+    int Negati = 0;
     int Muti = 0;
     int Resti = 0;
     int Bloccati = 0;

@@ -28,6 +28,7 @@ struct Modi
     bool Lascia = false;         ///< a file beside stays after a failure
     bool Zitto = false;          ///< a failure is told by nothing but the status
     bool InInglese = false;
+    bool Nega = false;     ///< refuses for the folder's flush, when the new file stands already
     bool Altrove = false;  ///< nothing is written here at all
 };
 
@@ -61,7 +62,12 @@ int ScriviFile(const Posto& Dove, const Modi& Come)
         return Rifiuta();
     if (!Come.SulPosto && ::rename(Accanto.constData(), File.constData()) != 0)
         return Rifiuta();
-    return 0;
+    if (!Come.Nega)
+        return 0;
+    const int Cartella = ::open(QFile::encodeName(Dove.Cartella).constData(), O_RDONLY | O_DIRECTORY);
+    const bool Confermato = ::fsync(Cartella) == 0;
+    ::close(Cartella);
+    return Confermato ? 0 : Rifiuta();
 }
 
 Scenario Con(const QString& Nome, const Modi& Come,
@@ -121,6 +127,9 @@ QStringList ControllaBanco()
          u"né il vecchio né il nuovo"_s},
         {Con(u"non guarda il flusso"_s, {.SenzaDisco = true}), Flusso,
          u"il disco ha rifiutato e non si dice"_s},
+        {Con(u"nega quello che c'è"_s, {.SenzaDisco = true, .Nega = true}),
+         {Sincronizza, "EIO", true},
+         u"detto non fatto, ed è"_s},
         {Con(u"lascia resti"_s, {.Lascia = true}), Disco, u"restano file.nuovo"_s},
         {Con(u"tace"_s, {.Zitto = true}), Disco, u"nessuna frase italiana"_s},
         {Con(u"parla inglese"_s, {.InInglese = true}), Disco, u"nessuna frase italiana"_s},

@@ -1,14 +1,24 @@
 // Exports, the PDF and the electronic invoice of a note.
 #include "guasti/scenari.h"
 
-#include "feenote/einvoice/fattura_prova.h"
+#include "core/sessione.h"
+#include "feenote/einvoice/controlli.h"
+#include "feenote/file/memorianota.h"
+#include "feenote/file/modPosaFile.h"
+#include "feenote/modInterruttori.h"
+#include "feenote/modNuovaParcella.h"
+#include "platform/base/errore.h"
+#include "platform/database/database.h"
+#include "platform/system/orologio.h"
 #include "supporto/prova.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 
 #include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 using namespace registro;
@@ -71,44 +81,156 @@ Scenario Di(const QString& Fine, const QByteArray& Nota)
             .DicePerche = true};
 }
 
-/// An invoice that is complete, and where it goes.
-FatturaElettronica Fattura()
+// ---- the electronic invoice -------------------------------------------------------------------------
+
+constexpr auto DelloStudio = "[Parametri]\n"
+                             "progtrasm=0\n"
+                             "studiocap=00100\n"
+                             "studiocivico=1\n"
+                             "studiocodfisc=RSSMRA80A01H501U\n"
+                             "studiocomune=Roma\n"
+                             "studionome=Avv. Mario Rossi\n"
+                             "studiopiva=01234567897\n"
+                             "studioprov=RM\n"
+                             "studiotitolarecognome=Rossi\n"
+                             "studiotitolarenome=Mario\n"
+                             "studiovia=Via della Prova\n";
+
+/// The office's clients and a note that is ready to be invoiced, made once.
+struct Ufficio
 {
-    using namespace fattura_prova;
-    return Componi({.Onorari = {100000}, .SpeseGen = 1500, .CP = 400, .IVA = 2200, .RA = 2000}, Avvocato(),
-                   Societa())
-        .Fattura;
+    Ufficio()
+    {
+        AzzeraSessione();
+        sessione::PercorsoProg = ProgrammaDiProva();
+        const QString Cartella = NuovaCartella();
+        const QString File = Cartella + u"DatiStudio.mdb"_s;
+        Posa(File, Contenuto(ProgrammaDiProva() + u"DatiStudio.mdb"_s));
+        Parcella Sua;
+        NuovaParcella(Sua);
+        {
+            Recordset Righe = OpenDatabase(File).OpenRecordset(u"clienti"_s);
+            Righe.AddNew();
+            for (const auto& [Colonna, Valore] : {std::pair{u"Nominativo"_s, u"Alfa S.r.l."_s},
+                                                  {u"Indirizzo"_s, u"Via dell'Esempio 2"_s},
+                                                  {u"Cap"_s, u"20100"_s},
+                                                  {u"Citta"_s, u"Milano"_s},
+                                                  {u"Prov"_s, u"MI"_s},
+                                                  {u"PIva"_s, u"09876543217"_s},
+                                                  {u"CodDestinatario"_s, u"ABC1234"_s}})
+                Righe.ImpostaValue(Colonna, Valore);
+            Righe.Update();
+            Righe.MoveLast();
+            Sua.IDCli = Righe.Value(u"ID"_s).toInt();
+        }
+        Sua.txtCliente.Testo = u"Alfa S.r.l."_s;
+        Sua.cmbTipoStampa = StampaFatturaAnalitica;
+        Sua.txtDatiPar[DatoNumFatt] = u"7"_s;
+        Sua.txtDatiPar[DatoDataFatt] = u"15/01/2026"_s;
+        for (const auto& [Tick, Box, Percento] : {std::tuple{&Parcella::chkCP, &Parcella::txtCP, u"4"_s},
+                                                  {&Parcella::chkIva, &Parcella::txtIVA, u"22"_s},
+                                                  {&Parcella::chkRA, &Parcella::txtRA, u"20"_s}}) {
+            (Sua.*Tick).Attiva = true;
+            (Sua.*Box).Testo = Percento;
+        }
+        const int Riga = Sua.xOnorari.AggiungiRiga();
+        Sua.xOnorari(Riga, OnoDescr) = u"Fase di studio"_s;
+        Sua.xOnorari(Riga, OnoImporto) = 1000.0;
+        RicordaStampa(Sua);
+        ScriviNota(Cartella + u"nota.mdb"_s, Sua);
+        Nota = Contenuto(Cartella + u"nota.mdb"_s);
+        Archivio = Contenuto(File);
+    }
+    QByteArray Nota, Archivio;
+};
+
+const Ufficio& Studio()
+{
+    static const Ufficio Uno;
+    return Uno;
 }
 
-QString FileFattura(const Posto& Dove)
+QString Nota(const Posto& Dove)
 {
-    return Dove.Cartella + NomeFileFattura(Fattura());
+    return Dove.Cartella + u"nota.mdb"_s;
 }
 
-/// A file that was not there: whole, or not there.
+QString Xml(const Posto& Dove)
+{
+    return Dove.Cartella + u"fattura.xml"_s;
+}
+
+/// The file that the note says has been written; nothing where it cannot be read.
+std::optional<QString> Segnata(const Posto& Dove)
+{
+    try {
+        Parcella Letta;
+        ApplicaMemoria(Letta, LeggiMemoria(OpenDatabase(Nota(Dove), true)));
+        return Letta.FatturaXml.File;
+    } catch (const Errore&) {
+        return std::nullopt;
+    }
+}
+
+/// Behind an attempt comes the next invoice: one that was written is sent, a mark without its file taken back.
+QStringList Fattura(const Posto& Dove)
+{
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(Dove.Cartella.chopped(1)));
+    QFile::remove(Xml(Dove));
+    if (Segnata(Dove).value_or(QString()) != QString())
+        Posa(Nota(Dove), Studio().Nota);
+    return {ProgrammaDiProva() + u"calcanova-cli"_s,
+            u"--programma"_s,
+            ProgrammaDiProva(),
+            u"--utente"_s,
+            Dove.Fuori,
+            u"--archivio"_s,
+            Dove.Fuori + u"DatiStudio.mdb"_s,
+            u"fattura"_s,
+            Nota(Dove),
+            Xml(Dove)};
+}
+
+/// The number is taken, the note marked, the file written; a mark whose file was refused is taken back.
+Trovato GuardaFattura(const Posto& Dove, const Uscita& Vista)
+{
+    const auto Nel = Segnata(Dove);
+    const QString Deposito = QString::fromUtf8(Contenuto(Dove.Cartella + u"Calcanova/KR5.ini"_s));
+    const auto Numero =
+        QRegularExpression(u"^progtrasm=(\\d+)$"_s,
+                           QRegularExpression::MultilineOption | QRegularExpression::CaseInsensitiveOption)
+            .match(Deposito);
+    if (!Nel || !Numero.hasMatch() || !Deposito.contains(u"Via della Prova"_s))
+        return Trovato::Rotto;
+    if (!QFile::exists(Xml(Dove)))
+        return Nel->isEmpty() || Vista.Frasi.contains(u"la parcella la dà per scritta"_s) ? Trovato::Prima
+                                                                                          : Trovato::Rotto;
+    const QByteArray Byte = Contenuto(Xml(Dove));
+    const QString Progressivo = u"%1"_s.arg(Numero.captured(1).toInt(), 5, 36, QLatin1Char('0')).toUpper();
+    const bool Intera = ControllaFattura(Byte, {}, Oggi()).isEmpty() &&
+                        Byte.contains("<ProgressivoInvio>" + Progressivo.toLatin1() + "<");
+    const bool Detta = Vista.Frasi.contains(u"La parcella non ricorda il file scritto"_s);
+    return Intera && (Detta || Nel->endsWith(u'_' + Progressivo + u".xml"_s)) ? Trovato::Nuovo
+                                                                              : Trovato::Rotto;
+}
+
 Scenario DellaFattura()
 {
     return {.Nome = u"fattura-elettronica"_s,
-            .Attese = {Apri, Scrivi, Sincronizza, Chiudi},
-            .Prepara = [](const Posto&) {},
-            .Atto =
-                [](const Posto& Dove, const std::function<void()>& Comincia) {
-                    const FatturaElettronica Intera = Fattura();
-                    Comincia();
-                    return Svolgi([&] {
-                        if (!QFile::exists(FileFattura(Dove)))
-                            SalvaFattura(FileFattura(Dove), Intera, fattura_prova::Giorno);
-                    });
+            .Attese = {Apri, Scrivi, Sincronizza, Rinomina, Chiudi},
+            .Prepara =
+                [](const Posto& Dove) {
+                    Posa(Dove.Fuori + u"DatiStudio.mdb"_s, Studio().Archivio);
+                    Posa(Nota(Dove), Studio().Nota);
+                    QDir().mkpath(Dove.Cartella + u"Calcanova"_s);
+                    Posa(Dove.Cartella + u"Calcanova/KR5.ini"_s, DelloStudio);
                 },
-            .Guarda =
-                [](const Posto& Dove, const Uscita&) {
-                    if (!QFile::exists(FileFattura(Dove)))
-                        return Trovato::Prima;
-                    return Contenuto(FileFattura(Dove)) == XmlFattura(Fattura()) ? Trovato::Nuovo
-                                                                                 : Trovato::Rotto;
-                },
-            .Ammessi = {u"ITRSSMRA80A01H501U_0000A\\.xml"_s},
-            .DicePerche = true};
+            .Comando = Fattura,
+            .Guarda = GuardaFattura,
+            .Ammessi = {u"nota\\.mdb|fattura\\.xml|Calcanova|Calcanova/KR5\\.ini"_s},
+            .Spazza = [](const Posto& Dove) { TogliRestiDiNote(Dove.Cartella); },
+            .InBreve = true,
+            .Avverte = u"La parcella non ricorda il file scritto"_s};
 }
 
 }  // namespace

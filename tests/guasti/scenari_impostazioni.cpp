@@ -186,7 +186,8 @@ QList<Scenario> ScenariImpostazioni()
                       },
                   .Guarda = GuardaIcone,
                   .Ammessi = {u"kr5\\.ini"_s},
-                  .InBreve = true});
+                  .InBreve = true,
+                  .FraseFissa = true});
     Tutti.append({.Nome = u"avvisokr5.ini"_s,
                   .Attese = DelNuovo,
                   .Prepara = [](const Posto&) {},

@@ -351,7 +351,8 @@ QList<Scenario> ScenariNote()
                       },
                   .Guarda = GuardaAntica,
                   .Ammessi = {u"antica\\.mdb"_s},
-                  .Spazza = [](const Posto& Dove) { TogliRestiDiNote(Dove.Cartella); }});
+                  .Spazza = [](const Posto& Dove) { TogliRestiDiNote(Dove.Cartella); },
+                  .DiPassaggio = true});
     Tutti.append({.Nome = u"copia-prima"_s,
                   .Attese = {Apri, Scrivi, Sincronizza, Rinomina, Chiudi, registro::Cartella},
                   .Prepara = [](const Posto&) {},

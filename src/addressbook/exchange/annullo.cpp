@@ -214,7 +214,7 @@ void CopiaDiPrima::Annuncia(const Database& InScrittura, const ImportazioneFatta
                             {u"scritture"_s, *Prima.Scritture + 1},
                             {u"righe"_s, ImprontaRighe(InScrittura, Fatta.Tabella)},
                             {u"prima"_s, Prima.Impronta}};
-    ScriviFile(Mia.Registro, QJsonDocument(Detto).toJson(), Lettori::SoloUtente);
+    ScriviAppoggio(Mia.Registro, QJsonDocument(Detto).toJson(), Lettori::SoloUtente);
 }
 
 QString CopiaDiPrima::Tieni()

@@ -176,7 +176,7 @@ void AggiornaCopia(const Parcella& Nota, int Posto, const ImprontaNota& Impronta
         Dati.insert(u"FileMs"_s, Impronta.Quando.toMSecsSinceEpoch());
         Dati.insert(u"FileByte"_s, Impronta.Byte);
     }
-    ScriviFile(Radice(Posto) + TipoLato, QJsonDocument(Dati).toJson(), Lettori::SoloUtente);
+    ScriviAppoggio(Radice(Posto) + TipoLato, QJsonDocument(Dati).toJson(), Lettori::SoloUtente);
     ScriviNota(Radice(Posto) + TipoCopia, Nota, false, Lettori::SoloUtente);
 }
 

@@ -17,6 +17,7 @@
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/sincrono.h"
 
 using namespace Qt::StringLiterals;
 
@@ -199,6 +200,16 @@ bool ScriviConGuardia(const QString& Percorso, const Parcella& Nota, const Guard
     return true;
 }
 
+/// The note is that of the file that was written.
+void AdottaFile(Parcella& Nota, const Parcella& Scritta, const QString& Percorso)
+{
+    Nota.Stato = Scritta.Stato;
+    Nota.Percorso = Percorso;
+    Nota.Nome = NomeFile(Percorso).chopped(EstensioneNota.size()).toLower();
+    if (Nota.Psw.startsWith(PswDaSalvare))
+        Nota.Psw = PswNelCampo(Nota.Psw.mid(PswDaSalvare.size()));
+}
+
 /// Writes the note; from then on it is that of the file.
 std::optional<QString> ScriviQui(const QString& Percorso, Parcella& Nota, bool ComeModello,
                                  const GuardiaFile* Guardia = nullptr)
@@ -208,15 +219,17 @@ std::optional<QString> ScriviQui(const QString& Percorso, Parcella& Nota, bool C
     Parcella DaScrivere = Nota;
     DaScrivere.Stato = ComeModello ? StatoDiNuova()  // what begins from a template is a draft
                                    : SoloBozza(Nota.Stato);
-    if (!Guardia)
-        ScriviNota(Percorso, DaScrivere, ComeModello);
-    else if (!ScriviConGuardia(Percorso, DaScrivere, *Guardia))
-        return std::nullopt;
-    Nota.Stato = DaScrivere.Stato;
-    Nota.Percorso = Percorso;
-    Nota.Nome = NomeFile(Percorso).chopped(EstensioneNota.size()).toLower();
-    if (Nota.Psw.startsWith(PswDaSalvare))
-        Nota.Psw = PswNelCampo(Nota.Psw.mid(PswDaSalvare.size()));
+    const auto Adotta = [&] { AdottaFile(Nota, DaScrivere, Percorso); };
+    try {
+        if (!Guardia)
+            ScriviNota(Percorso, DaScrivere, ComeModello);
+        else if (!ScriviConGuardia(Percorso, DaScrivere, *Guardia))
+            return std::nullopt;
+    } catch (const NonConfermato&) {
+        Adotta();  // it stands there, and is no other program's
+        throw;
+    }
+    Adotta();
     return Percorso;
 }
 

@@ -25,6 +25,7 @@
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
+#include "platform/system/sincrono.h"
 
 #include <QSet>
 
@@ -190,9 +191,13 @@ void PannelloFattura::Scrivi(const QString& Cartella, int Atteso, const QString&
                   "nuovo!"_s.arg(Altrui));
         return;
     }
+    QString Dubbio;
     try {
         const ClessidraAccesa Attesa;
         SalvaFattura(Barra(Cartella) + Nome, Fattura, Oggi());
+    } catch (const NonConfermato& Guasto) {
+        Dubbio = u"\nIl disco però non lo ha confermato (%1): controllarlo prima di trasmetterlo."_s.arg(
+            DescrizioneErrore(Guasto.Numero));
     } catch (...) {
         const Errore Guasto = ErroreCorrente();
         const bool Ritirata = Cornice.FatturaNonScritta(Prima, Stato, Intatta, Tenuta);
@@ -202,7 +207,7 @@ void PannelloFattura::Scrivi(const QString& Cartella, int Atteso, const QString&
         return;
     }
     Protetta([&] { RicordaImpostazioni({{ChiaveCartella, Cartella}}); });
-    QString Detto = u"La fattura elettronica è stata scritta nel file %1."_s.arg(Nome);
+    QString Detto = u"La fattura elettronica è stata scritta nel file %1."_s.arg(Nome) + Dubbio;
     if (!Tenuta)
         Detto += u"\nLa parcella lo ricorderà quando sarà salvata."_s;
     if (Preso != Atteso)

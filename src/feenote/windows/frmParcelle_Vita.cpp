@@ -36,6 +36,7 @@
 #include "platform/system/messaggi.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/sincrono.h"
 #include "tariffs/modTariffe.h"
 
 #include <QApplication>
@@ -257,6 +258,14 @@ bool frmParcelle::Salva(const std::function<std::optional<QString>()>& Scrivi,
             Stampa->DopoSalvataggio();
             Invoca(Aperture.RinfrescaTrova);
             return true;
+        } catch (const NonConfermato& Guasto) {
+            // The file is this note's, and is saved again while the disk has not confirmed it.
+            ImpostaNome(Nota.Nome);
+            ImpostaTitolo(Nota.Nome);
+            ImprontaMia = ImprontaDi(Nota.Percorso);
+            SetModificata(true);
+            MsgErrore(u"Codice errore: %1\n%2"_s.arg(Guasto.Numero).arg(Guasto.Descrizione));
+            return false;
         } catch (const Errore& Guasto) {
             MsgErrore(u"Codice errore: %1\n%2"_s.arg(Guasto.Numero).arg(Guasto.Descrizione));
             return false;

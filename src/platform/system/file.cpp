@@ -257,6 +257,15 @@ void ScriviFile(const QString& Percorso, const QByteArray& Contenuto, Lettori Ch
     Nuovo.Posa();
 }
 
+void ScriviAppoggio(const QString& Percorso, const QByteArray& Contenuto, Lettori Chi)
+{
+    try {
+        ScriviFile(Percorso, Contenuto, Chi);
+    } catch (const NonConfermato& Guasto) {
+        throw Errore(Guasto.Numero);
+    }
+}
+
 bool CreaFile(const QString& Percorso, const QByteArray& Contenuto, Lettori Chi)
 {
     const QString Nativo = PercorsoNativo(Percorso);
@@ -288,8 +297,13 @@ bool CopiaFile(const QString& Da, const QString& A, qint64 MassimoByte,
         Intera = !Prosegui || Prosegui(Copiati);
         return Intera;
     });
-    if (Intera)
-        Copia.Posa();
+    try {
+        if (Intera)
+            Copia.Posa();
+    } catch (const NonConfermato& Guasto) {
+        ScartaFile(Nativo);  // half sure is no copy: what it was made for does not follow
+        throw Errore(Guasto.Numero);
+    }
     return Intera;
 }
 

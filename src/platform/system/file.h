@@ -72,6 +72,9 @@ void LeggiAPezzi(const QString& Percorso, const std::function<bool(QByteArrayVie
 /// stays until the new one is on the disk. A link stays a link. @param Chi may read it
 /// @throws Errore 75 refused, 76 no folder, 61 no room, 57 the disk fails, 55 another program is writing it
 void ScriviFile(const QString& Percorso, const QByteArray& Contenuto, Lettori Chi = Lettori::Tutti);
+/// The same of a file that serves another one, which is not written where this fails: one that the disk has
+/// not confirmed is refused like any other. @throws Errore as ScriviFile, no NonConfermato
+void ScriviAppoggio(const QString& Percorso, const QByteArray& Contenuto, Lettori Chi);
 
 /// Writes a file that is not there yet. One that somebody else puts there meanwhile stays.
 /// @param Chi may read it

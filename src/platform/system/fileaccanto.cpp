@@ -315,7 +315,14 @@ bool FileAccanto::PosaSeLibero()
         Pretendi(::rename(Dati->Accanto.constData(), Dati->Finale.constData()));
         Dati->ConNome = false;
     }
-    SincronizzaCartellaDi(QFile::decodeName(Dati->Finale));
+    try {
+        SincronizzaCartellaDi(QFile::decodeName(Dati->Finale));
+    } catch (const NonConfermato& Guasto) {
+        // Nothing stood there, and nothing does for who is told that it was not written.
+        if (!HaQuestoNome(Dati->File, Dati->Finale) || ::unlink(Dati->Finale.constData()) != 0)
+            throw;
+        throw Errore(Guasto.Numero);
+    }
     TogliRestiUnaVolta(Dati->Finale);
     return true;
 }

@@ -30,10 +30,12 @@ public:
     void Scrivi(QByteArrayView Byte);  ///< @throws Errore as the constructor
 
     /// Waits for the disk, takes the place in one step, and waits until the folder holds the name.
-    /// @throws Errore as the constructor; the former file stands then, and only where the folder itself
-    /// failed at the very end the new one
+    /// @throws Errore as the constructor; the former file stands then
+    /// @throws NonConfermato the folder itself failed at the very end: the new one stands
     void Posa();
     /// The same where nothing stands. @return false when something has come up there, and stays
+    /// @throws Errore as Posa; nothing stands there then, but for NonConfermato, where it could not be taken
+    /// away again
     [[nodiscard]] bool PosaSeLibero();
 
 private:

@@ -37,6 +37,9 @@ inline bool DateRifiutate = false;
 /// Asked before the bytes of a finished file are waited for, with its path; false is a disk that fails.
 inline std::function<bool(const QString& File)> PrimaDelDisco;
 
+/// Asked before a folder is waited for, with the file whose name it holds by now; false is a disk that fails.
+inline std::function<bool(const QString& File)> PrimaDellaCartella;
+
 /// The system knows no locks of files, as on some network disks: what is locked shows to nobody.
 inline bool SenzaBlocchi = false;
 

@@ -2,8 +2,10 @@
 
 #include "platform/base/errore.h"
 #include "platform/base/paginacodice.h"
+#include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/sincrono.h"
 #include "platform/system/turno.h"
 
 #include <QByteArrayView>
@@ -187,6 +189,16 @@ bool ChiaveScrivibile(const QString& Chiave)
            !Chiave.startsWith(u';');
 }
 
+/// The file as it was before a write that the disk has not confirmed.
+void Rimetti(const QString& Percorso, const QByteArray& Contenuto, bool CEra)
+{
+    try {
+        CEra ? ScriviFile(Percorso, Contenuto) : ScartaFile(Percorso);
+    } catch (const Errore&) {
+        return;  // it is, though no more sure than the other one was
+    }
+}
+
 /// Writes what a change makes of a file. @return false when it cannot be written or grows too large
 bool Riscrivi(const QString& File, const std::function<QByteArray(const QByteArray&)>& Cambia)
 {
@@ -199,8 +211,13 @@ bool Riscrivi(const QString& File, const std::function<QByteArray(const QByteArr
             const QByteArray Nuovo = Cambia(Contenuto);
             if (Nuovo.size() > MassimoProfilo)
                 return;
-            ScriviFile(Percorso, Nuovo);
-            Scritto = true;
+            const bool CEra = EsisteFile(Percorso);
+            try {
+                ScriviFile(Percorso, Nuovo);
+                Scritto = true;
+            } catch (const NonConfermato&) {
+                Rimetti(Percorso, Contenuto, CEra);  // who is told that nothing was written finds it so
+            }
         });
         return Scritto;
     } catch (const Errore&) {

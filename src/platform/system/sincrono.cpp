@@ -1,6 +1,5 @@
 #include "platform/system/sincrono.h"
 
-#include "platform/base/errore.h"
 #include "platform/system/codici.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
@@ -34,6 +33,10 @@ bool Sincronizza(int Descrittore)
 
 }  // namespace
 
+NonConfermato::NonConfermato(const Errore& Guasto, const QString& File)
+    : Errore(Guasto.Numero, Guasto.Descrizione + u"; "_s + FraseAlSuoPosto.toString().arg(NomeFile(File)))
+{}
+
 void ScriviSulDisco(const QString& File)
 {
     QFile Aperto(PercorsoNativo(File));
@@ -48,6 +51,8 @@ void ScriviSulDisco(const QString& File)
 void SincronizzaCartellaDi(const QString& File)
 {
 #ifndef Q_OS_WIN
+    if (guasti::PrimaDellaCartella && !guasti::PrimaDellaCartella(File))
+        throw NonConfermato(Errore(errori::Periferica), File);
     const QString Percorso = CartellaFile(PercorsoNativo(File));
     const QByteArray Nome = Percorso.isEmpty() ? "."_ba : QFile::encodeName(Percorso);
     const int Cartella = ::open(Nome.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -59,7 +64,7 @@ void SincronizzaCartellaDi(const QString& File)
     if (Cartella >= 0)
         ::close(Cartella);
     if (!Fatto && (Codice == EIO || Codice == ENOSPC || Codice == EDQUOT))
-        throw ErroreDelSistema(Codice);
+        throw NonConfermato(ErroreDelSistema(Codice), File);
 #else
     Q_UNUSED(File)
 #endif

@@ -9,6 +9,7 @@
 #include "feenote/modRighe.h"
 #include "feenote/modStorno.h"
 #include "platform/system/file.h"
+#include "platform/system/guasti.h"
 
 #include <QDir>
 #include <QScopeGuard>
@@ -20,8 +21,14 @@ class TestFatturaSegnata : public QObject, private BancoFattura
     Q_OBJECT
 private Q_SLOTS:
     void init() { PreparaFattura(); }
-    void cleanup() { Sgombra(); }
+    void cleanup()
+    {
+        guasti::PrimaDellaCartella = nullptr;
+        Sgombra();
+    }
     void laNotaLoSaPrima();
+    void nonConfermata_data();
+    void nonConfermata();
     void scrittaDaUnAltroPosto_data();
     void scrittaDaUnAltroPosto();
     void leSueDiPrimaNonSonoDiAltri();
@@ -66,6 +73,46 @@ void TestFatturaSegnata::laNotaLoSaPrima()
     Clic(Controllo(F, "cmdSalvaXml"));
     CaricaDati(Letta, Dove);
     QCOMPARE(Letta.FatturaXml.Progressivo, u"00002"_s);
+}
+
+void TestFatturaSegnata::nonConfermata_data()
+{
+    QTest::addColumn<bool>("Resta");
+    QTest::newRow("il file si toglie") << false;
+    QTest::newRow("il file resta") << true;
+}
+
+/// The disk has not confirmed the file: the note says that it was written where it is there, and only there.
+void TestFatturaSegnata::nonConfermata()
+{
+    QFETCH(bool, Resta);
+    const QString Dove = salvataggi::SalvaCome(*T, u"rossi.mdb"_s);
+    ApriPannello();
+    const QString File = T->Ufficio.File(u"IT%1_00001.xml"_s.arg(CodiceStudio));
+    guasti::PrimaDellaCartella = [&](const QString& Quale) {
+        if (Quale != File)
+            return true;
+        if (Resta) {  // as a share that gives the file back under the same name
+            const QByteArray Byte = LeggiFile(Quale);
+            QFile Suo(Quale);
+            if (Suo.remove() && Suo.open(QIODevice::WriteOnly))
+                Suo.write(Byte);
+        }
+        return false;
+    };
+    T->Voce.AttendiSalva(File);
+    T->Voce.Tollera();
+    Clic(Controllo(F, "cmdSalvaXml"));
+    const QString Detto = T->Voce.UltimoTesto();
+    QVERIFY2(Detto.startsWith(Resta ? u"La fattura elettronica è stata scritta nel file "_s
+                                    : u"La fattura elettronica non è stata scritta: "_s),
+             qPrintable(Detto));
+    QCOMPARE(Detto.contains(u"\nIl disco però non lo ha confermato"_s), Resta);
+    QCOMPARE(EsisteFile(File), Resta);
+    Parcella Letta;
+    CaricaDati(Letta, Dove);
+    QCOMPARE(Letta.FatturaXml.File, Resta ? NomeFile(File) : QString());
+    QCOMPARE(F->Nota.FatturaXml, Letta.FatturaXml);
 }
 
 void TestFatturaSegnata::scrittaDaUnAltroPosto_data()

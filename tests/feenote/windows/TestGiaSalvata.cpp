@@ -4,6 +4,7 @@
 #include "feenote/modAcconti.h"
 #include "platform/kit/rigachesvanisce.h"
 #include "platform/system/file.h"
+#include "platform/system/guasti.h"
 #include "platform/system/orologio.h"
 
 using namespace Qt::StringLiterals;
@@ -21,6 +22,7 @@ private Q_SLOTS:
     void daUnModello();
     void giaSalvata();
     void cambiataDaAltri();
+    void nonConfermata();
     void ilFileNonCePiu();
     void conUnCampoAperto();
     void laRigaVaConLaNota_data();
@@ -58,6 +60,7 @@ void TestGiaSalvata::init()
 
 void TestGiaSalvata::cleanup()
 {
+    guasti::PrimaDellaCartella = nullptr;
     T.reset();
     InstallaOrologio(Orologio);
 }
@@ -96,6 +99,21 @@ void TestGiaSalvata::cambiataDaAltri()
     ImpostaDataFile(File, DataFile(File).addSecs(60));
     QVERIFY(F->SalvaSulPosto());
     QCOMPARE(Riga(), u"Il file è stato cambiato da altri"_s);
+}
+
+/// The disk has not confirmed what stands there already: it is this note's, and is saved again.
+void TestGiaSalvata::nonConfermata()
+{
+    Salvata_();
+    Tocca(F, u"Verdi"_s);
+    guasti::PrimaDellaCartella = [this](const QString& Quale) { return Quale != File; };
+    T->Voce.Attendi(Guasto(errori::Periferica) + u"; il file rossi.mdb è però al suo posto"_s);
+    QVERIFY(!F->SalvaSulPosto());
+    guasti::PrimaDellaCartella = nullptr;
+    QCOMPARE(Cliente(File), u"Verdi"_s);
+    QVERIFY(F->Nota.Modificata);
+    QVERIFY(F->SalvaSulPosto());
+    QCOMPARE(Riga(), u"Salvata alle 10:42"_s);
 }
 
 /// Whoever presses the keys to be sure gets his file again.

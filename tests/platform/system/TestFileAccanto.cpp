@@ -7,6 +7,7 @@
 #include "platform/system/file.h"
 #include "platform/system/fileaccanto.h"
 #include "platform/system/guasti.h"
+#include "platform/system/sincrono.h"
 
 #include <QDateTime>
 #include <QScopedValueRollback>
@@ -34,6 +35,10 @@ private Q_SLOTS:
     void iRestiDiAltriNomi();
     void iRestiCheNonSiPossonoScrivere();
     void iRestiSenzaCheNessunoLiChieda();
+    void laCartellaNonConferma_data();
+    void laCartellaNonConferma();
+    void ilNomeNonSiToglie();
+    void laCopiaNonConfermata();
 
 private:
     QString Cartella;
@@ -54,6 +59,7 @@ void TestFileAccanto::cleanup()
     attese::TurnoMs = AttesaSolita;
     guasti::SenzaFileAnonimi = false;
     guasti::SenzaBlocchi = false;
+    guasti::PrimaDellaCartella = nullptr;
 }
 
 void TestFileAccanto::chiScriveNonPerdeIlSuo()
@@ -209,6 +215,64 @@ void TestFileAccanto::iRestiSenzaCheNessunoLiChieda()
     Resto(Altrove + u"x"_s, Fa);
     QVERIFY(QFile::rename(Altrove + u"x"_s, Cartella + u".~morto.doc.tmp"_s));
     ScriviFile(File, "x");
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"x.doc"_s});
+}
+
+void TestFileAccanto::laCartellaNonConferma_data()
+{
+    QTest::addColumn<bool>("SenzaFileAnonimi");
+    QTest::newRow("senza nome") << false;
+    QTest::newRow("col nome") << true;
+}
+
+/// Who is told that a new file was not written finds none; who replaces one is told that it stands.
+void TestFileAccanto::laCartellaNonConferma()
+{
+    QFETCH(bool, SenzaFileAnonimi);
+    guasti::SenzaFileAnonimi = SenzaFileAnonimi;
+    guasti::PrimaDellaCartella = [](const QString&) { return false; };
+    const QString Refuso = DescrizioneErrore(errori::Periferica);
+    try {
+        (void)CreaFile(File, "nuovo", Lettori::Cartella);
+        QFAIL("it was refused");
+    } catch (const NonConfermato&) {
+        QFAIL("nothing stands there");
+    } catch (const Errore& Guasto) {
+        QCOMPARE(Guasto.Descrizione, Refuso);
+    }
+    QCOMPARE(ContenutoDi(Cartella), QStringList());
+    guasti::PrimaDellaCartella = nullptr;
+    ScriviFile(File, "prima", Lettori::Cartella);
+    guasti::PrimaDellaCartella = [](const QString&) { return false; };
+    try {
+        ScriviFile(File, "dopo", Lettori::Cartella);
+        QFAIL("it was refused");
+    } catch (const NonConfermato& Guasto) {
+        QCOMPARE(Guasto.Numero, errori::Periferica);
+        QCOMPARE(Guasto.Descrizione, Refuso + u"; il file x.doc è però al suo posto"_s);
+    }
+    QCOMPARE(LeggiFile(File), "dopo"_ba);
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"x.doc"_s});
+}
+
+/// What another program has put there meanwhile is its own.
+void TestFileAccanto::ilNomeNonSiToglie()
+{
+    guasti::PrimaDellaCartella = [this](const QString& Quale) {
+        QFile Altrui(Quale);
+        if (Altrui.remove() && Altrui.open(QIODevice::WriteOnly))
+            Altrui.write("altrui");
+        return false;
+    };
+    QVERIFY_THROWS_EXCEPTION(NonConfermato, (void)CreaFile(File, "nuovo", Lettori::Cartella));
+    QCOMPARE(LeggiFile(File), "altrui"_ba);
+}
+
+void TestFileAccanto::laCopiaNonConfermata()
+{
+    ScriviFile(File, "prima", Lettori::Cartella);
+    guasti::PrimaDellaCartella = [](const QString&) { return false; };
+    QVERIFY_THROWS_EXCEPTION(Errore, (void)CopiaFile(File, Cartella + u"copia"_s, 100));
     QCOMPARE(ContenutoDi(Cartella), QStringList{u"x.doc"_s});
 }
 
