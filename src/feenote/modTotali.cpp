@@ -141,7 +141,9 @@ DatiCatena ConImponibile(const DatiCatena& Dati, double Base)
 {
     DatiCatena Sua = Dati;
     Sua.Acconti = {};
-    if (Arrotonda2(CatenaFiscale(Sua).Imponibile) != Arrotonda2(Base)) {
+    constexpr double UnCentesimo = 0.01;
+    const double Scarto = Arrotonda2(CatenaFiscale(Sua).Imponibile) - Arrotonda2(Base);
+    if (Arrotonda2(std::abs(Scarto)) > UnCentesimo) {
         Sua.Onorari = Arrotonda2(Base);
         Sua.SpeseImp = 0.0;
         Sua.SpeseGen.Vale = false;

@@ -86,8 +86,10 @@ struct Catena
     double Netto = 0.0;  ///< Totale - RA, rounded
 };
 [[nodiscard]] Catena CatenaFiscale(const DatiCatena& Dati);
-/// The same chain with another taxable base before payments, euro: as it is where its lines make that base to
-/// the cent, else the base alone stands for fees, expenses that are taxed and general expenses.
+/// The same chain with another taxable base before payments, euro: as it is where its lines make that base
+/// but for a cent, else the base alone stands for fees, expenses that are taxed and general expenses. Of
+/// lines with half cents, nearly all of them paid before, what was asked for and those payments may sum to a
+/// cent less. Expenses that are not taxed stay as they are.
 [[nodiscard]] DatiCatena ConImponibile(const DatiCatena& Dati, double Base);
 [[nodiscard]] Catena CatenaFiscale(const Parcella& Nota, int Tipo);
 

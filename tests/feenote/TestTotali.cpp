@@ -130,6 +130,8 @@ private Q_SLOTS:
     void laBaseSenzaResto();
     void comeInCentesimi_data();
     void comeInCentesimi();
+    void conImponibile_data();
+    void conImponibile();
     void riep();
 };
 PROVA(TestTotali);
@@ -458,6 +460,46 @@ void TestTotali::comeInCentesimi()
         if (Trovata != Scritta(Cifre))
             QFAIL(qPrintable(u"case %1: %2 for %3"_s.arg(i).arg(Trovata, Scritta(Cifre))));
     }
+}
+
+void TestTotali::conImponibile_data()
+{
+    QTest::addColumn<double>("Onorari");
+    QTest::addColumn<double>("Acconto");
+    QTest::addColumn<double>("EsentiPoi");
+    QTest::addColumn<double>("OnorariPoi");
+    QTest::newRow("centesimi") << 1000.0 << 100.01 << 0.0 << 0.0;
+    // 1.000,005 and 125,00: base 1.125,005, and 1.024,995 less the payment; each is rounded by itself.
+    QTest::newRow("mezzi centesimi") << 1000.005 << 100.01 << 0.0 << 0.0;
+    QTest::newRow("mezzi centesimi, tutto pagato") << 1000.005 << 1125.0 << 0.0 << 0.0;
+    QTest::newRow("un terzo d'ora") << 333.335 << 0.37 << 0.0 << 0.0;
+    QTest::newRow("spese esenti di poi") << 1000.005 << 100.01 << 300.0 << 0.0;
+    QTest::newRow("mezzi centesimi, quasi pagato") << 1000.005 << 1124.0 << 0.0 << 0.0;
+    QTest::newRow("due centesimi di poi") << 1000.0 << 100.01 << 0.0 << 0.02;
+    QTest::newRow("una riga di poi") << 1000.0 << 100.01 << 300.0 << 50.0;
+}
+
+/// The figures of a document say what it was made of to the cent: the lines stay where they make that still,
+/// and expenses that are not taxed are no part of it.
+void TestTotali::conImponibile()
+{
+    QFETCH(double, Onorari);
+    QFETCH(double, Acconto);
+    QFETCH(double, EsentiPoi);
+    QFETCH(double, OnorariPoi);
+    DatiCatena Uscita = Usuali(Onorari);
+    Uscita.Acconti.AccontiCorrispettivi = Acconto;
+    const double Chiesto = Arrotonda2(CatenaFiscale(Uscita).Imponibile) + Acconto;
+    DatiCatena Poi = Uscita;
+    Poi.SpeseEsenti += EsentiPoi;
+    Poi.Onorari += OnorariPoi;
+    const DatiCatena Sua = ConImponibile(Poi, Chiesto);
+    QCOMPARE(Sua.SpeseEsenti, EsentiPoi);
+    QCOMPARE(Sua.Acconti, Uscita.Acconti);
+    QCOMPARE(Sua.Onorari, OnorariPoi == 0 ? Onorari : Arrotonda2(Chiesto));
+    QCOMPARE(Sua.SpeseGen.Vale, OnorariPoi == 0);
+    const double Torna = CatenaFiscale(Sua).Imponibile + Acconto - Chiesto;
+    QVERIFY2(std::abs(Torna) < 0.0051, qPrintable(CStr(Torna)));
 }
 
 void TestTotali::riep()
