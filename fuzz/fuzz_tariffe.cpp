@@ -3,6 +3,7 @@
 #include "fonte.h"
 
 #include "core/sessione.h"
+#include "feenote/modCambioTariffa.h"
 #include "feenote/modNuovaParcella.h"
 #include "feenote/modParametri.h"
 #include "feenote/parcella.h"

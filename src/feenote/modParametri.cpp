@@ -2,12 +2,11 @@
 
 #include "core/modErrori.h"
 #include "core/rapportiunici.h"
+#include "feenote/domandeparametri.h"
 #include "feenote/modNuovaParcella.h"
 #include "feenote/modVariazione.h"
 #include "platform/base/regionale.h"
 #include "platform/system/messaggi.h"
-
-#include <QHash>
 
 #include <algorithm>
 #include <array>
@@ -44,50 +43,15 @@ void StatiPerCategoria(Parcella& Nota)
     Nota.txtImporto.Abilitata = Nota.CodCateg != Penale;
 }
 
-bool HaRighe(const Parcella& Nota)
-{
-    return !Nota.xOnorari.Vuota() || !Nota.xDiritti.Vuota();
-}
-
-bool Conferma(QStringList Righe)
-{
-    Righe += u"Confermi la modifica?"_s;
-    return MsgBox(Righe.join(u'\n'), vbYesNo + vbQuestion, TitoloDomanda.toString()) == vbYes;
-}
-
-/// @param Perdite what the change takes away besides, a sentence each
-bool ConfermaRicalcolo(const QStringList& Perdite = {})
-{
-    return Conferma(QStringList{u"Sono state già inserite delle prestazioni e la modifica comporterà il "
-                                u"ricalcolo con i nuovi parametri."_s} +
-                    Perdite);
-}
-
 /// What the office or the category that has just been chosen does not know, as sentences.
 QStringList VariazioneCheSiPerde(const Parcella& Nota, const QString& Dove)
 {
     return VariazioneAltrui(Nota) ? QStringList{FraseVariazioneTolta(Nota, Dove)} : QStringList{};
 }
 
-void Avvisa(const QStringList& Perdite)
-{
-    if (!Perdite.isEmpty())
-        MsgBox(Perdite.join(u'\n'), vbInformation, TitoloMessaggio.toString());
-}
-
 bool Fuori(const ScaglioneValore& Sca, double Valore)
 {
     return Valore < Sca.DaVal || Valore > Sca.AVal;
-}
-
-/// What the file had chosen speaks of another category or decree.
-void LasciaTenute(Parcella& Nota)
-{
-    Nota.AutoritaTenuta = {};
-    Nota.ScaglioneTenuto = {};
-    Nota.VariazioneTenuta = AumRidLibera;
-    Nota.OpzioneSalvata.reset();
-    Nota.PartiSalvate.reset();
 }
 
 /// Index of the first bracket that holds the value, -1 for none.
@@ -140,6 +104,15 @@ void ScriviImporto(Parcella& Nota, double Valore)
 }
 
 }  // namespace
+
+void LasciaTenute(Parcella& Nota)
+{
+    Nota.AutoritaTenuta = {};
+    Nota.ScaglioneTenuto = {};
+    Nota.VariazioneTenuta = AumRidLibera;
+    Nota.OpzioneSalvata.reset();
+    Nota.PartiSalvate.reset();
+}
 
 QString TestoFrase(FraseParametri Quale)
 {
@@ -206,7 +179,7 @@ void CambiaCategoria(Parcella& Nota, int Indice)
     const QString Tolta = FraseVariazioneTolta(Nota, u"per la categoria selezionata"_s);
     LoadVariazioni(Nota);
     if (VariazioneAltrui(Nota))
-        Avvisa({Tolta});
+        AvvisaPerdite({Tolta});
     LasciaVariazioneAltrui(Nota);
 }
 
@@ -249,7 +222,7 @@ void CambiaAutorita(Parcella& Nota, int Indice)
         SegnaRicalcolo(Nota);
     }
     if (!Detto)
-        Avvisa(Perdite);
+        AvvisaPerdite(Perdite);
     SelezionaAutoritaInSilenzio(Nota, Indice);
     LasciaVariazioneAltrui(Nota);
 }
@@ -494,128 +467,4 @@ void SelezionaInSilenzio(Parcella& Nota, int Categ, int Autor, int Valore)
     SelezionaAutoritaInSilenzio(Nota, Autor);
     if (Nota.CodCateg != Penale)
         SelezionaScaglioneInSilenzio(Nota, Valore);
-}
-
-// ---- another decree -----------------------------------------------------------------------------
-
-namespace {
-
-/// The bracket of the other decree for the same value; none where only the old bracket was chosen, unless the
-/// value is undetermined in both.
-void RitrovaScaglione(Parcella& Nota, bool EraIndeterminato)
-{
-    if (Nota.CodCateg == Penale)
-        return;
-    if (Nota.ImportoPrec > 0) {
-        SelezionaScaglioneDelValore(Nota);
-        return;
-    }
-    const auto Primo = std::ranges::find_if(Nota.ListaScaglioni, Indeterminato);
-    if (EraIndeterminato && Primo != Nota.ListaScaglioni.end())
-        SelezionaScaglioneInSilenzio(Nota, int(Primo - Nota.ListaScaglioni.begin()));
-}
-
-/// The items that both decrees have keep their line.
-void PortaRighe(Parcella& Nota, const QHash<QString, QString>& Voci)
-{
-    for (int Riga = 0; Riga < Nota.xOnorari.Righe(); ++Riga) {
-        QVariant& Chiave = Nota.xOnorari(Riga, OnoCodVoce);
-        if (const auto Altra = Voci.find(CStr(Chiave)); Altra != Voci.end())
-            Chiave = *Altra;
-    }
-}
-
-/// Numbers of the decree that comes by those of the one that goes.
-struct Corrispondenze
-{
-    QHash<QString, QString> Uffici;
-    QHash<QString, QString> Voci;
-};
-
-/// @throws Errore when either database cannot be used
-Corrispondenze LeggiComuni(const Parcella& Nota, const Decreto& Nuova)
-{
-    const Decreto& Prima = *Nota.Tariffa;
-    (void)ApriTariffe(Prima);
-    (void)ApriTariffe(Nuova);
-    return {LeggiCorrispondenze(Prima, Nuova, Nota.CodCateg, GenereComune::Ufficio),
-            LeggiCorrispondenze(Prima, Nuova, Nota.CodCateg, GenereComune::Voce)};
-}
-
-/// True when the note has something that only the correspondences bring over.
-bool DaPortare(const Parcella& Nota)
-{
-    return HaRighe(Nota) || Nota.cmbAutor != NessunaVoce || Nota.AutoritaTenuta.Nominata() ||
-           Nota.ScaglioneTenuto.Nominata();
-}
-
-/// What the other decree does not know, as sentences. An option's number means an option of its own decree
-/// alone; the free one is nobody's.
-QStringList CosaSiPerde(const Parcella& Nota, const Decreto& Nuova)
-{
-    QStringList Frasi;
-    const QString Dove = u"dalla tariffa "_s + Nuova.Nome.toString();
-    if (Nota.AumRidIdx != AumRidLibera)
-        Frasi += FraseVariazioneTolta(Nota, Dove);
-    if (Nota.PartiAssistite > 1 && LeggiVariazioni(Nuova, Nota.CodCateg).Parti.isEmpty())
-        Frasi += u"L'aumento per le %1 parti assistite non è previsto %2 e viene tolto."_s.arg(
-            QString::number(Nota.PartiAssistite), Dove);
-    return Frasi;
-}
-
-void Porta(Parcella& Nota, const Decreto& Nuova, const Corrispondenze& Comuni)
-{
-    const RapportiUnici UnaVolta;
-    const Decreto& Prima = *Nota.Tariffa;
-    const QString Ufficio = QString::number(Nota.IDAutSelezionata());
-    const bool EraIndeterminato = Nota.ScaglioneSelezionato() && Indeterminato(*Nota.ScaglioneSelezionato());
-    PortaRighe(Nota, Comuni.Voci);
-    PortaSpeseGenerali(Nota, Prima, Nuova);
-
-    Nota.Tariffa = &Nuova;
-    Nota.Scaglione = 0;
-    LasciaTenute(Nota);
-    LoadAutorità(Nota, Nota.CodCateg);
-    LoadScaglioni(Nota, Nota.CodCateg);
-    LoadVariazioni(Nota);
-    SelezionaAutoritaInSilenzio(Nota, PostoAutorita(Nota, Comuni.Uffici.value(Ufficio, Ufficio).toInt()));
-    RitrovaScaglione(Nota, EraIndeterminato);
-    LasciaVariazioneAltrui(Nota);
-    if (!PartiContano(Nota))
-        CaricaParti(Nota, 1);
-}
-
-}  // namespace
-
-void PortaSuTariffa(Parcella& Nota, const Decreto& Nuova)
-{
-    const RapportiUnici UnaVolta;
-    Corrispondenze Comuni;
-    if (!Protetta([&] { Comuni = LeggiComuni(Nota, Nuova); }))
-        return;
-    Avvisa(CosaSiPerde(Nota, Nuova));
-    Porta(Nota, Nuova, Comuni);
-}
-
-bool CambiaTariffa(Parcella& Nota, const Decreto& Nuova)
-{
-    if (&Nuova == Nota.Tariffa)
-        return true;
-    // Without its own database the note would lose its office and the keys of its lines, without the other
-    // one it would be left with empty lists.
-    Corrispondenze Comuni;
-    const bool Lette = Protetta([&] {
-        (void)ApriTariffe(Nuova);
-        if (DaPortare(Nota))
-            Comuni = LeggiComuni(Nota, Nuova);
-    });
-    if (!Lette)
-        return false;
-    const QStringList Tolte = CosaSiPerde(Nota, Nuova);
-    if (!Nota.xOnorari.Vuota() ? !ConfermaRicalcolo(Tolte) : !Tolte.isEmpty() && !Conferma(Tolte))
-        return false;
-    Porta(Nota, Nuova, Comuni);
-    SegnaRicalcolo(Nota);
-    SetModificata(Nota, true);
-    return true;
 }

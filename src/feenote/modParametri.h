@@ -24,17 +24,6 @@ bool SelSca(Parcella& Nota, double Valore);
 
 // ---- changes made by the user -------------------------------------------------------------------
 
-/// The note follows another decree from now on. Lines in place are asked about as for another authority; they
-/// keep what they are under the items that both decrees have, and wait for a recalculation. Category, value
-/// and free variation stay, the office where the other decree has it; what a new note would have in the
-/// general expenses follows if it was as a new note has it. A database that cannot be used, of
-/// either decree, is told and nothing moves; that of the former one matters only to a note that has an office
-/// or lines.
-/// An option of the variation and parties that count for nothing there are named in the question, and bring
-/// one where there are no lines.
-/// @return false when it was refused
-bool CambiaTariffa(Parcella& Nota, const Decreto& Nuova);
-
 /// An option of the variation that the category lacks is told, and gives way to the free one.
 void CambiaCategoria(Parcella& Nota, int Indice);
 
@@ -96,6 +85,9 @@ enum class FraseParametri {
 
 // ---- silent setting, for a new note and for loading ----------------------------------------------
 
+/// What the file had chosen speaks of another category or decree: it is kept no longer.
+void LasciaTenute(Parcella& Nota);
+
 /// Selects category, authority and bracket by list index without any reaction: lists loaded, states set by
 /// category, last accepted values and Scaglione follow. An index outside its list stays unselected.
 void SelezionaInSilenzio(Parcella& Nota, int Categ, int Autor, int Valore);
@@ -105,10 +97,6 @@ void SelezionaScaglioneInSilenzio(Parcella& Nota, int Indice);
 void ImpostaValoreInSilenzio(Parcella& Nota, double Valore);
 /// The bracket that holds the accepted value, if there is one.
 void SelezionaScaglioneDelValore(Parcella& Nota);
-
-/// What CambiaTariffa does, telling where that asks, and without marking the note: for one that is still
-/// being filled. A database that cannot be used is told, and the note stays as it was.
-void PortaSuTariffa(Parcella& Nota, const Decreto& Nuova);
 
 /// True for a bracket of undetermined value, told by the first 20 characters of its text.
 [[nodiscard]] bool Indeterminato(const ScaglioneValore& Sca);

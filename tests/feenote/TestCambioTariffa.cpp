@@ -1,6 +1,7 @@
 // A note that goes over to another decree.
 #include "supporto/prova.h"
 
+#include "feenote/modCambioTariffa.h"
 #include "feenote/modVariazione.h"
 #include "platform/base/regionale.h"
 #include "tariffa_prova.h"

@@ -2,6 +2,7 @@
 
 #include "addressbook/modClienti.h"
 #include "core/modErrori.h"
+#include "feenote/modCambioTariffa.h"
 #include "feenote/modNuovaParcella.h"
 #include "feenote/modParametri.h"
 #include "feenote/modParti.h"

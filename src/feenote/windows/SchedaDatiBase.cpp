@@ -2,6 +2,7 @@
 
 #include "addressbook/windows/camporubrica.h"
 #include "core/aperture.h"
+#include "feenote/modCambioTariffa.h"
 #include "feenote/modParametri.h"
 #include "feenote/modParti.h"
 #include "feenote/modVariazione.h"

@@ -3,6 +3,7 @@
 
 #include "core/aperture.h"
 #include "core/schedeimpostazioni.h"
+#include "feenote/modCambioTariffa.h"
 #include "feenote/modParametri.h"
 #include "platform/kit/campo.h"
 

@@ -4,6 +4,7 @@
 #include "supporto/danni.h"
 
 #include "feenote/companion/modRichiesta.h"
+#include "feenote/modCambioTariffa.h"
 #include "feenote/modDatiStampa.h"
 #include "feenote/modParti.h"
 #include "platform/system/messaggi.h"

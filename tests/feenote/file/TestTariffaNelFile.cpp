@@ -6,6 +6,7 @@
 
 #include "feenote/file/modMultipla.h"
 #include "feenote/file/modRecupero.h"
+#include "feenote/modCambioTariffa.h"
 #include "platform/database/connessione.h"
 #include "platform/system/attese.h"
 #include "platform/system/file.h"
