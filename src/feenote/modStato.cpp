@@ -3,9 +3,8 @@
 #include "feenote/modEmessi.h"
 #include "feenote/modFatturaXml.h"
 #include "feenote/modInterruttori.h"
-#include "feenote/modResti.h"
+#include "feenote/modPagamenti.h"
 #include "feenote/modStorno.h"
-#include "feenote/modTotali.h"
 #include "platform/base/regionale.h"
 #include "platform/system/orologio.h"
 
@@ -35,210 +34,6 @@ int Peso(int Tipo, bool Numerata)
     return Numerata ? 3 : ChiedePagamento(Tipo) ? 2 : 1;
 }
 
-SommeAcconti AccontiDi(const SocioTenuto& Socio)
-{
-    return {Socio.AccCorrispettivi, Socio.AccSpeseImp, Socio.AccSpeseEsenti};
-}
-
-SommeAcconti Insieme(const SommeAcconti& A, const SommeAcconti& B)
-{
-    return {A.AccontiCorrispettivi + B.AccontiCorrispettivi, A.AccontiSpeseImp + B.AccontiSpeseImp,
-            A.AccontiSpeseEsenti + B.AccontiSpeseEsenti};
-}
-
-SommeAcconti Senza(const SommeAcconti& A, const AccontiTenuti& B)
-{
-    return {A.AccontiCorrispettivi - B.Corrispettivi, A.AccontiSpeseImp - B.SpeseImp,
-            A.AccontiSpeseEsenti - B.SpeseEsenti};
-}
-
-/// The associated note of one that names it, or has gone out with it, and does not have it at the moment.
-std::optional<SocioTenuto> SocioVistoPrima(const Parcella& Nota)
-{
-    const bool Conta = !Nota.txtPathParcMult.isEmpty() || (EUscita(Nota.Stato) && Nota.Stato.ConSocio);
-    return Conta && !Nota.Multipla() ? Nota.Stato.Socio : std::nullopt;
-}
-
-/// Adds the associated note to what the note itself gives for a document.
-DatiCatena ConSocio(DatiCatena Dati, const Parcella& Nota, const SocioTenuto& Socio)
-{
-    Dati.Onorari += Socio.Onorari;
-    Dati.SpeseImp += Socio.SpeseImp;
-    Dati.SpeseEsenti += Socio.SpeseEsenti;
-    const UsoAcconti Uso = TipoDi(Dati.Tipo).Acconti;
-    if (Uso == UsoAcconti::Sempre || (Uso == UsoAcconti::SeEsposti && Nota.chkAcconti.Attiva))
-        Dati.Acconti = Insieme(Dati.Acconti, AccontiDi(Socio));
-    return Dati;
-}
-
-/// The chain of a document that goes out, whatever the one in view forces on the switches.
-DatiCatena CatenaCheEsce(const Parcella& Nota, int Tipo)
-{
-    if (Tipo == Nota.cmbTipoStampa)
-        return RaccogliFattura(Nota, Tipo);
-    Parcella Altra = Nota;
-    ScegliTipoStampa(Altra, Tipo);
-    return RaccogliFattura(Altra, Tipo);
-}
-
-/// The same for whoever looks at it.
-/// @param Visto the associated note of a note that has none at the moment; none for what prints
-DatiCatena CatenaDelDocumento(const Parcella& Nota, int Tipo, const std::optional<SocioTenuto>& Visto = {})
-{
-    const auto Raccolta = [&](const Parcella& Quella) {
-        DatiCatena Dati = RaccogliCatena(Quella, Tipo);
-        return Visto ? ConSocio(std::move(Dati), Quella, *Visto) : Dati;
-    };
-    if (Tipo == Nota.cmbTipoStampa || !ETipoStampa(Tipo))
-        return Raccolta(Nota);
-    Parcella Altra = Nota;
-    ScegliTipoStampa(Altra, Tipo);
-    return Raccolta(Altra);
-}
-
-/// An amount as the file holds it, so that a note read back equals the one that was written.
-double InCentesimi(double Euro)
-{
-    const double Tondo = QString::number(Arrotonda2(Euro), 'f', 2).toDouble();
-    return Tondo == 0 ? 0.0 : Tondo;
-}
-
-/// An invoice whose VAT the client pays to the treasury himself.
-bool ConScissione(const Parcella& Nota, int Tipo)
-{
-    return Nota.FatturaXml.Scissione && ETipoStampa(Tipo) && TipoDi(Tipo).EFattura;
-}
-
-ImportiDocumento Importi(const DatiCatena& Dati, bool Scissione)
-{
-    const Catena Conti = CatenaFiscale(Dati);
-    return {InCentesimi(Conti.Imponibile),
-            InCentesimi(Conti.CP),
-            InCentesimi(Conti.IVA),
-            InCentesimi(Conti.Totale),
-            InCentesimi(Conti.RA),
-            InCentesimi(Scissione ? Conti.Netto - Conti.IVA : Conti.Netto),
-            InCentesimi(Dati.Acconti.AccontiCorrispettivi),
-            InCentesimi(Dati.Acconti.AccontiSpeseImp),
-            InCentesimi(Dati.Acconti.AccontiSpeseEsenti)};
-}
-
-/// What a document that goes out takes away of the associated note's payments.
-std::optional<AccontiTenuti> DettiDelSocio(const Parcella& Nota, int Tipo, bool Numerata)
-{
-    if (!Nota.Multipla())
-        return std::nullopt;
-    Parcella Sua = Nota;
-    if (Tipo != Nota.cmbTipoStampa)
-        ScegliTipoStampa(Sua, Tipo);
-    const AccontiDetratti Tolti = Numerata ? AccontiFatturati(Sua, Tipo) : AccontiDelDocumento(Sua, Tipo);
-    const SommeAcconti Suoi = SommaAcconti(Tolti.Altri);
-    return AccontiTenuti{InCentesimi(Suoi.AccontiCorrispettivi), InCentesimi(Suoi.AccontiSpeseImp),
-                         InCentesimi(Suoi.AccontiSpeseEsenti)};
-}
-
-/// The document whose figures are kept.
-int DocumentoDegliImporti(const Parcella& Nota)
-{
-    const int Tipo = DocumentoDelloStato(Nota.Stato.Documento, Nota.cmbTipoStampa, Nota.Stato.Stato);
-    return ETipoStampa(Tipo) && TipoDi(Tipo).Riepilogo ? Tipo : int(StampaPrenotula);
-}
-
-/// The chain of a document that payments are held against, with all of them. The court costs note knows none,
-/// and would hide them.
-DatiCatena CatenaPagata(const Parcella& Nota, int Tipo)
-{
-    const auto Visto = SocioVistoPrima(Nota);
-    DatiCatena Dati = CatenaDelDocumento(
-        Nota, TipoDi(Tipo).Acconti == UsoAcconti::Mai ? int(StampaPrenotula) : Tipo, Visto);
-    Dati.Acconti = CalcolaAcconti(Nota, StampaPrenotula);
-    if (Visto)
-        Dati.Acconti = Insieme(Dati.Acconti, AccontiDi(*Visto));
-    return Dati;
-}
-
-/// The net of a document that asks for no VAT, as its figures tell: what is paid of it holds none either.
-bool SenzaIva(const ImportiDocumento& Chiesti)
-{
-    return Chiesti.IVA != 0 && InCentesimi(Chiesti.Totale - Chiesti.RA - Chiesti.IVA) == Chiesti.Netto;
-}
-
-/// A document that has asked for something, with all payments as it reckons them.
-/// @param ConSocio the payments of the associated note count
-DocumentoDaPagare DaPagare(const Parcella& Nota, int Tipo, const ImportiDocumento& Chiesti, bool Storno,
-                           bool ConSocio)
-{
-    // On lines that came since or went the taxes of a payment would be rounded another way.
-    DatiCatena Dati = ConImponibile(CatenaPagata(Nota, Tipo),
-                                    Chiesti.Imponibile + Chiesti.AccCorrispettivi + Chiesti.AccSpeseImp);
-    const auto Lordi = [&Dati](const SommeAcconti& Acconti) {
-        Dati.Acconti = {};
-        const double Senza = CatenaFiscale(Dati).Netto;
-        Dati.Acconti = Acconti;
-        return Arrotonda2(Senza - CatenaFiscale(Dati).Netto);
-    };
-    const SommeAcconti Propri = SommaAcconti(Nota.xAcconti);
-    const SommeAcconti Tutti = Insieme(Propri, AccontiDi(SocioDellaNota(Nota).value_or(SocioTenuto())));
-    const double ConIva = Lordi(Tutti);
-    if (SenzaIva(Chiesti))
-        Dati.IVA.Vale = false;
-    DocumentoDaPagare Suo{.Storno = Storno, .ConSocio = ConSocio, .Netto = Chiesti.Netto};
-    // A payment that the document had taken away and that is no longer there raises nothing that was asked.
-    const SommeAcconti Nominati{Chiesti.AccCorrispettivi, Chiesti.AccSpeseImp, Chiesti.AccSpeseEsenti};
-    Suo.Nominati = Lordi(Nominati);
-    Suo.Propri = Lordi(Propri);
-    Suo.DelSocio = Lordi(Tutti) - Suo.Propri;
-    if (ConSocio)
-        Suo.NominatiDelSocio =
-            Chiesti.DelSocio ? Suo.Nominati - Lordi(Senza(Nominati, *Chiesti.DelSocio)) : Suo.DelSocio;
-    if (ConIva > 0 && Lordi(Tutti) > 0)
-        Suo.Quota = Lordi(Tutti) / ConIva;
-    return Suo;
-}
-
-/// A document has gone out that asks for money.
-bool HaChiesto(const StatoTenuto& Tenuto)
-{
-    return EUscita(Tenuto) && Tenuto.Importi->Netto > 0 && !Tenuto.Storno &&
-           ChiedePagamento(Tenuto.Documento);
-}
-
-/// The file has sent out what asks for money, or takes it back.
-bool HaDocumenti(const StatoTenuto& Tenuto)
-{
-    return HaChiesto(Tenuto) || (EUscita(Tenuto) && (Tenuto.Storno || !Tenuto.Emessi.isEmpty()));
-}
-
-/// What the credit notes of a file take back of each of its documents.
-QList<double> RipresiDa(const StatoTenuto& Tenuto)
-{
-    QList<DocumentoEmesso> Usciti = Tenuto.Emessi;
-    Usciti.append({.Storno = Tenuto.Storno,
-                   .Importi = *Tenuto.Importi,
-                   .CitataNumero = Tenuto.CitataNumero,
-                   .CitataData = Tenuto.CitataData});
-    return RipresiDagliStorni(Usciti);
-}
-
-/// Each document that has asked for money is paid, less what its credit notes take back, whatever lines came
-/// since or went.
-bool DocumentiSaldati(const Parcella& Nota)
-{
-    const StatoTenuto& Tenuto = Nota.Stato;
-    if (std::ranges::any_of(Tenuto.Emessi, [](const DocumentoEmesso& Uno) { return !Uno.Guasto.isEmpty(); }))
-        return false;  // what it asked for is not known
-    QList<double> Resti = RestiDellaNota(Nota);
-    const QList<double> Ripresi = RipresiDa(Tenuto);
-    const qsizetype Ultimo = Tenuto.Emessi.size();
-    bool Chiesto = false;
-    for (qsizetype i = 0; i <= Ultimo; ++i) {
-        const bool Storno = i < Ultimo ? Tenuto.Emessi[i].Storno : Tenuto.Storno;
-        Chiesto = Chiesto || (!Storno && (i < Ultimo || HaChiesto(Tenuto)));
-        Resti[i] = Storno || (i == Ultimo && !HaChiesto(Tenuto)) ? 0.0 : Resti[i] - Ripresi[i];
-    }
-    return Chiesto && std::ranges::all_of(Resti, [](double Resto) { return InCentesimi(Resto) <= 0; });
-}
-
 bool Conferma(Parcella& Nota, const StatoTenuto& Era)
 {
     if (Nota.Stato == Era)
@@ -254,7 +49,7 @@ void TieniEmesso(Parcella& Nota, bool Storno)
     if (!Tenuto.Emessa || !Tenuto.Importi || Tenuto.Stato < StatoNota::Fatturata)
         return;
     const QList<double> Resti = RestiDellaNota(Nota);
-    const QList<double> Ripresi = RipresiDa(Tenuto);
+    const QList<double> Ripresi = RipresiDellaNota(Tenuto);
     Tenuto.Emessi.append({.Documento = Tenuto.Documento,
                           .Storno = Tenuto.Storno,
                           .ConSocio = Tenuto.ConSocio,
@@ -274,7 +69,7 @@ void TieniEmesso(Parcella& Nota, bool Storno)
         if (!AMano || !Storno)
             Uno.DalPrima.reset();
         // Nobody has paid what a credit note had taken back before.
-        const double Pagato = InCentesimi(Resti[i] - Ripresi[i]);
+        const double Pagato = AlCentesimo(Resti[i] - Ripresi[i]);
         if (AMano && !Uno.Storno && Pagato > 0) {
             Uno.AMano += Pagato;
             if (Storno)
@@ -309,62 +104,112 @@ void NonPiuPagata(Parcella& Nota)
     GiornoDi(Tenuto, StatoNota::Pagata).clear();
 }
 
-/// @param ComeFile its electronic file is written, which says what is asked for; a sheet of what was paid
-///                 already, or has its file, is a copy
-bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata, bool ComeFile = false)
+/// How a document goes out.
+enum class ModoUscita {
+    Foglio,          ///< printed, exported or sent
+    FoglioNumerato,  ///< the same of an invoice that has number and date
+    File,            ///< its electronic file is written, which says what is asked for
+};
+
+/// A document that goes out, as it stands to what the note has gone out by before.
+struct Uscente
+{
+    int Tipo = -1;
+    bool Numerata = false;
+    bool ComeFile = false;
+    bool Storno = false;  ///< nobody owes a credit note, not even the draft that is shown before its number
+    bool Primo = false;   ///< what a draft has been sent by before is of another time
+    bool PesaDiPiu = false;  ///< it asks for more than what has gone out: see Peso
+    bool Altro = false;      ///< it follows the last one, which stands beside it
+    bool Vale = false;       ///< from now on the note has gone out by it
+};
+
+/// A sheet of what was paid, or of what an electronic file says, is a copy: that is asked for, whatever is
+/// printed behind it, and the associated note stays as it was then.
+bool ECopia(const Parcella& Nota, const Uscente& Suo)
+{
+    const StatoTenuto& Tenuto = Nota.Stato;
+    if (Suo.ComeFile || Suo.Altro)
+        return false;
+    const bool DelFile = Suo.Numerata && Suo.Storno == Tenuto.Storno && HaFile(Nota) &&
+                         NumeroEmesso{Tenuto.Numero, Tenuto.Data} == NumeroInMano(Nota);
+    return DelFile || (Tenuto.Stato == StatoNota::Pagata && !ENotaDiCredito(Nota));
+}
+
+Uscente Esamina(const Parcella& Nota, int Tipo, ModoUscita Come)
+{
+    const StatoTenuto& Tenuto = Nota.Stato;
+    const int Presente = Tenuto.Stato == StatoNota::Bozza ? 0 : Peso(Tenuto.Documento, Tenuto.Emessa);
+    Uscente Suo{.Tipo = Tipo, .Numerata = Come != ModoUscita::Foglio, .ComeFile = Come == ModoUscita::File};
+    const int Nuovo = Peso(Tipo, Suo.Numerata);
+    Suo.Storno = ENotaDiCredito(Nota) && TipoDi(Tipo).EFattura;
+    Suo.Primo = Presente == 0;
+    Suo.PesaDiPiu = Nuovo > Presente;
+    Suo.Altro = Suo.Numerata && EAltroDocumento(Nota, Suo.Storno);
+    Suo.Vale = Suo.PesaDiPiu || (Nuovo == Presente && !ECopia(Nota, Suo));
+    return Suo;
+}
+
+/// The note has gone out by it.
+void MettiInMano(Parcella& Nota, const Uscente& Suo)
+{
+    StatoTenuto& Tenuto = Nota.Stato;
+    // While it is known what the one before had taken away of the associated note's payments.
+    const ImportiDocumento Importi = ImportiInUscita(Nota, Suo.Tipo, Suo.Numerata);
+    if (Suo.Primo)
+        Tenuto.Emessi.clear();
+    else if (Suo.Altro)
+        TieniEmesso(Nota, Suo.Storno);
+    Tenuto.Documento = Suo.Tipo;
+    Tenuto.Emessa = Suo.Numerata;
+    Tenuto.Storno = Suo.Storno;
+    const NumeroEmesso Ora = Suo.Numerata ? NumeroInMano(Nota) : NumeroEmesso();
+    if (Suo.Primo || Suo.Altro || NumeroEmesso{Tenuto.Numero, Tenuto.Data} != Ora)
+        Tenuto.ConFile = false;
+    Tenuto.Numero = Ora.Numero;
+    Tenuto.Data = Ora.Data;
+    Tenuto.CitataNumero = Suo.Storno ? Nota.FatturaXml.CitataNumero.simplified() : QString();
+    Tenuto.CitataData = Suo.Storno ? GiornoCitato(Nota) : QString();
+    Tenuto.NumeroPrima.clear();
+    Tenuto.DataPrima.clear();
+    Tenuto.ConSocio = Nota.Multipla();
+    TieniSocio(Nota);
+    Tenuto.Importi = Importi;
+}
+
+/// What the document that has just gone out makes of a paid note.
+/// @param Era the state before it
+void SeguePagata(Parcella& Nota, const Uscente& Suo, const StatoTenuto& Era)
+{
+    StatoTenuto& Tenuto = Nota.Stato;
+    if (!Suo.Altro) {
+        if (Suo.ComeFile && Tenuto.Importi != Era.Importi)
+            NonPiuPagata(Nota);
+        return;
+    }
+    // Where nothing is left of the next invoice either, payments have paid all of them.
+    const bool EraPagata = Era.Stato == StatoNota::Pagata && Era.Prima && Tenuto.Stato != Era.Stato;
+    if (!EraPagata || !CoperturaDi(Nota).Coperta)
+        return;
+    Tenuto.Prima = Tenuto.Stato;
+    Tenuto.Stato = StatoNota::Pagata;
+    GiornoDi(Tenuto, StatoNota::Pagata) = Era.Dal();
+}
+
+bool SegnaUscita(Parcella& Nota, int Tipo, ModoUscita Come)
 {
     const StatoTenuto Era = Nota.Stato;
     StatoTenuto& Tenuto = Nota.Stato;
+    const Uscente Suo = Esamina(Nota, Tipo, Come);
     // Called a draft again, a note begins anew.
-    if (Numerata && Tenuto.Stato != StatoNota::Bozza && PostoEmesso(Nota) >= 0)
+    if (Suo.Numerata && Tenuto.Stato != StatoNota::Bozza && PostoEmesso(Nota) >= 0)
         return false;
-    const StatoNota Verso = Numerata ? StatoNota::Fatturata : StatoNota::Inviata;
-    // What a draft has been sent by before is of another time.
-    const int Presente = Tenuto.Stato == StatoNota::Bozza ? 0 : Peso(Tenuto.Documento, Tenuto.Emessa);
-    const int Nuovo = Peso(Tipo, Numerata);
-    // Nobody owes a credit note, not even the draft of it that is shown before it has its number.
-    const bool Storno = ENotaDiCredito(Nota) && TipoDi(Tipo).EFattura;
-    const bool Altro = Numerata && EAltroDocumento(Nota, Storno);
-    // What was paid, and what an electronic file says, is asked for whatever sheet is printed behind it.
-    const bool DelFile = Numerata && Storno == Tenuto.Storno && HaFile(Nota) &&
-                         NumeroEmesso{Tenuto.Numero, Tenuto.Data} == NumeroInMano(Nota);
-    const bool Copia = !ComeFile && !Altro && Nuovo == Presente &&
-                       (DelFile || (Tenuto.Stato == StatoNota::Pagata && !ENotaDiCredito(Nota)));
-    if (Nuovo >= Presente && !Copia) {
-        if (Nuovo > Presente && GiornoDi(Tenuto, Verso).isEmpty())
+    const StatoNota Verso = Suo.Numerata ? StatoNota::Fatturata : StatoNota::Inviata;
+    if (Suo.Vale) {
+        if (Suo.PesaDiPiu && GiornoDi(Tenuto, Verso).isEmpty())
             GiornoDi(Tenuto, Verso) = Giorno();
-        const DatiCatena Dati = Numerata ? CatenaCheEsce(Nota, Tipo) : CatenaDelDocumento(Nota, Tipo);
-        const auto DelSocio =
-            DettiDelSocio(Nota, Tipo, Numerata);  // while it is known what it had taken away
-        if (Presente == 0)
-            Tenuto.Emessi.clear();
-        else if (Altro)
-            TieniEmesso(Nota, Storno);
-        Tenuto.Documento = Tipo;
-        Tenuto.Emessa = Numerata;
-        Tenuto.Storno = Storno;
-        const NumeroEmesso Ora = Numerata ? NumeroInMano(Nota) : NumeroEmesso();
-        if (Presente == 0 || Altro || NumeroEmesso{Tenuto.Numero, Tenuto.Data} != Ora)
-            Tenuto.ConFile = false;
-        Tenuto.Numero = Ora.Numero;
-        Tenuto.Data = Ora.Data;
-        Tenuto.CitataNumero = Storno ? Nota.FatturaXml.CitataNumero.simplified() : QString();
-        Tenuto.CitataData = Storno ? GiornoCitato(Nota) : QString();
-        Tenuto.NumeroPrima.clear();
-        Tenuto.DataPrima.clear();
-        Tenuto.ConSocio = Nota.Multipla();
-        TieniSocio(Nota);
-        Tenuto.Importi = Importi(Dati, ConScissione(Nota, Tipo));
-        Tenuto.Importi->DelSocio = DelSocio;
-        if (ComeFile && !Altro && Tenuto.Importi != Era.Importi)
-            NonPiuPagata(Nota);
-        // Where nothing is left of the next invoice either, payments have paid all of them.
-        if (Altro && Era.Stato == StatoNota::Pagata && Tenuto.Stato != Era.Stato && Era.Prima &&
-            CoperturaDi(Nota).Coperta) {
-            Tenuto.Prima = Tenuto.Stato;
-            Tenuto.Stato = StatoNota::Pagata;
-            GiornoDi(Tenuto, StatoNota::Pagata) = Era.Dal();
-        }
+        MettiInMano(Nota, Suo);
+        SeguePagata(Nota, Suo, Era);
     }
     if (Verso > Tenuto.Stato) {
         Tenuto.Stato = Verso;
@@ -376,8 +221,7 @@ bool SegnaUscita(Parcella& Nota, int Tipo, bool Numerata, bool ComeFile = false)
 /// The file of an earlier document is written again: it asks for what that file says.
 void RimandaEmesso(Parcella& Nota, qsizetype Posto, int Tipo)
 {
-    ImportiDocumento Ora = Importi(CatenaCheEsce(Nota, Tipo), ConScissione(Nota, Tipo));
-    Ora.DelSocio = DettiDelSocio(Nota, Tipo, true);
+    const ImportiDocumento Ora = ImportiInUscita(Nota, Tipo, true);
     DocumentoEmesso& Uno = Nota.Stato.Emessi[Posto];
     Uno.ConFile = true;
     if (Uno.Storno) {
@@ -425,16 +269,13 @@ void CorreggiNumero(Parcella& Nota)
 
 }  // namespace
 
-bool ChiedePagamento(int Tipo)
-{
-    return ETipoStampa(Tipo) && TipoDi(Tipo).Credito;
-}
-
 bool NotaInviata(Parcella& Nota, int Tipo)
 {
     if (!ETipoStampa(Tipo) || !TipoDi(Tipo).Riepilogo)
         return false;
-    return SegnaUscita(Nota, Tipo, TipoDi(Tipo).EFattura && FatturaNumerata(Nota));
+    return SegnaUscita(Nota, Tipo,
+                       TipoDi(Tipo).EFattura && FatturaNumerata(Nota) ? ModoUscita::FoglioNumerato
+                                                                      : ModoUscita::Foglio);
 }
 
 bool NotaFatturata(Parcella& Nota)
@@ -442,7 +283,7 @@ bool NotaFatturata(Parcella& Nota)
     const int InVista = Nota.cmbTipoStampa;
     const StatoTenuto Era = Nota.Stato;
     const int Tipo = TipoDi(InVista).EFattura ? InVista : int(StampaFatturaAnalitica);
-    (void)SegnaUscita(Nota, Tipo, true, true);
+    (void)SegnaUscita(Nota, Tipo, ModoUscita::File);
     if (const qsizetype Posto = PostoEmesso(Nota); Posto >= 0)
         RimandaEmesso(Nota, Posto, Tipo);
     else if (EUltimo(Nota))
@@ -487,27 +328,6 @@ StatoTenuto SoloBozza(const StatoTenuto& Tenuto)
     return Sola;
 }
 
-Copertura CoperturaDi(const Parcella& Nota)
-{
-    const auto Prima = SocioVistoPrima(Nota);
-    const bool Associati =
-        Nota.Multipla() ? !Nota.Multi.xAccontiMulti.Vuota() : Prima && AccontiDi(*Prima) != SommeAcconti();
-    if (Nota.xAcconti.Vuota() && !Associati)
-        return {};
-    DatiCatena Dati = CatenaPagata(Nota, DocumentoDegliImporti(Nota));
-    const SommeAcconti& Acconti = Dati.Acconti;
-    Copertura Trovata;
-    Trovata.Pagati = Acconti.AccontiCorrispettivi + Acconti.AccontiSpeseImp + Acconti.AccontiSpeseEsenti;
-    if (Trovata.Pagati <= 0)
-        return Trovata;
-    const double Resto = CatenaFiscale(Dati).Netto;
-    Dati.Acconti = {};
-    // What a document has asked for is paid when nothing is left of it, whatever the lines come to by now.
-    Trovata.Coperta =
-        HaDocumenti(Nota.Stato) ? DocumentiSaldati(Nota) : CatenaFiscale(Dati).Netto > 0 && Resto <= 0;
-    return Trovata;
-}
-
 bool SegueStato(Parcella& Nota, Copertura& Vista)
 {
     const StatoTenuto Era = Nota.Stato;
@@ -531,64 +351,4 @@ bool SegueStato(Parcella& Nota, Copertura& Vista)
     }
     Vista = Ora;
     return Conferma(Nota, Era);
-}
-
-int DocumentoDelloStato(int Uscito, int InVista, StatoNota Stato)
-{
-    if (Stato == StatoNota::Bozza || Stato == StatoNota::Ignoto)
-        return InVista;
-    if (ETipoStampa(Uscito))
-        return Uscito;
-    return ChiedePagamento(InVista) ? InVista : -1;
-}
-
-ImportiDocumento ImportiDellaNota(const Parcella& Nota)
-{
-    const StatoTenuto& Tenuto = Nota.Stato;
-    if (EUscita(Tenuto))
-        return *Tenuto.Importi;
-    DatiCatena Dati = CatenaDelDocumento(Nota, DocumentoDegliImporti(Nota), SocioVistoPrima(Nota));
-    if (Tenuto.Stato == StatoNota::Pagata)
-        Dati.Acconti = {};
-    return Importi(Dati, ConScissione(Nota, Dati.Tipo));
-}
-
-QList<double> RestiDellaNota(const Parcella& Nota)
-{
-    const StatoTenuto& Tenuto = Nota.Stato;
-    QList<DocumentoDaPagare> Documenti;
-    for (const DocumentoEmesso& Uno : Tenuto.Emessi) {
-        Documenti.append(DaPagare(Nota, Uno.Documento, Uno.Importi, Uno.Storno, Uno.ConSocio));
-        Documenti.last().Netto -= Uno.AMano;
-    }
-    const bool Sola = !EUscita(Tenuto);
-    if (Sola)
-        Documenti.clear();  // nothing of a draft has gone out
-    Documenti.append(DaPagare(Nota, DocumentoDegliImporti(Nota), ImportiDellaNota(Nota),
-                              !Sola && Tenuto.Storno, Sola || Tenuto.ConSocio));
-    if (!Sola)
-        for (const QList<qsizetype> Riprese = FattureStornate(Tenuto); auto& Uno : Documenti)
-            Uno.Ripresa = Riprese[&Uno - Documenti.constData()];
-    return RestiDeiDocumenti(Documenti);
-}
-
-bool UscitaConSocio(const Parcella& Nota)
-{
-    return EUscita(Nota.Stato) &&
-           (Nota.Stato.ConSocio || std::ranges::any_of(Nota.Stato.Emessi, &DocumentoEmesso::ConSocio));
-}
-
-std::optional<SocioTenuto> SocioDellaNota(const Parcella& Nota)
-{
-    if (!Nota.Multipla())
-        return !Nota.txtPathParcMult.isEmpty() || UscitaConSocio(Nota) ? Nota.Stato.Socio : std::nullopt;
-    const SommeAcconti Pagati = SommaAcconti(Nota.Multi.xAccontiMulti);
-    return SocioTenuto{InCentesimi(Nota.Multi.TotOnorariMulti),     InCentesimi(Nota.Multi.TotSpeseImpMulti),
-                       InCentesimi(Nota.Multi.TotSpeseEsentiMulti), InCentesimi(Pagati.AccontiCorrispettivi),
-                       InCentesimi(Pagati.AccontiSpeseImp),         InCentesimi(Pagati.AccontiSpeseEsenti)};
-}
-
-void TieniSocio(Parcella& Nota)
-{
-    Nota.Stato.Socio = SocioDellaNota(Nota);
 }
