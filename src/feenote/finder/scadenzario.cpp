@@ -45,74 +45,6 @@ bool Attende(StatoNota Stato)
     return Stato == StatoNota::Inviata || Stato == StatoNota::Fatturata;
 }
 
-int DocumentoDi(const DatiNota& Dati)
-{
-    return DocumentoDelloStato(Dati.Stato.Documento, Dati.TipoStampa, Dati.Stato.Stato);
-}
-
-/// The file of a credit note was written: what it takes back is owed no more.
-bool EStorno(const StatoLetto& Stato)
-{
-    return Stato.Storno && Stato.Stato != StatoNota::Bozza && Stato.Stato != StatoNota::Ignoto;
-}
-
-/// A day as files hold it, or as somebody has typed it. Ten thousand are read behind each letter of a filter.
-QDate GiornoDi(const QString& Data)
-{
-    constexpr qsizetype Lungo = 10;  // dd/mm/yyyy
-    const QStringView Tutto(Data);
-    if (Tutto.size() == Lungo && Tutto[2] == u'/' && Tutto[5] == u'/')
-        return {Tutto.mid(6).toInt(), Tutto.mid(3, 2).toInt(), Tutto.left(2).toInt()};
-    return LeggiData(Data).value_or(QDate());
-}
-
-/// Client, number and date of an invoice; empty without a number or a date.
-QString Fattura(const VoceTrova& Nota, const QString& Numero, const QString& Data)
-{
-    const QDate Giorno = Numero.isEmpty() ? QDate() : GiornoDi(Data);
-    if (!Giorno.isValid())
-        return {};
-    const ClienteNota Chi = ClienteDi(Nota);
-    return (Chi.IDCli > 0 ? QString::number(Chi.IDCli) : u'\n' + Chi.Nome) + u'\n' +
-           QString::number(Giorno.toJulianDay()) + u'\n' + NumeroSenzaAnno(Numero, Giorno);
-}
-
-/// Number and date of the invoice that has gone out. The record loses them as soon as it begins its credit
-/// note.
-struct NumeroFattura
-{
-    QString Numero, Data;
-};
-
-NumeroFattura NumeroDi(const DatiNota& Dati)
-{
-    const StatoLetto& Stato = Dati.Stato;
-    const bool Emessa = Stato.Stato == StatoNota::Fatturata || Stato.Stato == StatoNota::Pagata;
-    return Emessa && !Stato.FatturaNumero.isEmpty() ? NumeroFattura{Stato.FatturaNumero, Stato.FatturaData}
-                                                    : NumeroFattura{Dati.NumFatt, Dati.DataFatt};
-}
-
-/// The invoice, or the credit note, that a note has gone out as.
-QString FatturaDi(const VoceTrova& Nota)
-{
-    const StatoLetto& Stato = Nota.Dati.Stato;
-    if (Nota.Genere != GenereVoce::Nota || Nota.Modello || Nota.Illeggibile ||
-        (Stato.Stato != StatoNota::Fatturata && Stato.Stato != StatoNota::Pagata))
-        return {};
-    const int Documento = DocumentoDi(Nota.Dati);
-    if (Documento >= 0 && !TipoDi(Documento).EFattura)
-        return {};
-    const NumeroFattura Suo = NumeroDi(Nota.Dati);
-    return Fattura(Nota, Suo.Numero, Suo.Data);
-}
-
-/// The same with a sign for credit notes, which have numbers of their own.
-QString Segnata(const VoceTrova& Nota)
-{
-    const QString Chiave = FatturaDi(Nota);
-    return Nota.Dati.Stato.Storno && !Chiave.isEmpty() ? u'-' + Chiave : Chiave;
-}
-
 /// What is open of the document of a note; nothing where it is not known.
 std::optional<double> ApertoDelDocumento(const VoceTrova& Nota)
 {
@@ -123,86 +55,6 @@ std::optional<double> ApertoDelDocumento(const VoceTrova& Nota)
     if (!Attende(Stato.Stato) || EStorno(Stato) || (Documento >= 0 && !ChiedePagamento(Documento)))
         return 0.0;
     return Stato.Importi ? std::optional(Stato.Resto) : std::nullopt;
-}
-
-/// What the credit notes of its own file take back of each document of a note, the last one behind the
-/// others.
-QList<double> RipresiDi(const StatoLetto& Stato)
-{
-    QList<DocumentoEmesso> Usciti;
-    for (const EmessoLetto& Emesso : Stato.Emessi)
-        Usciti.append(Emesso.Che);
-    Usciti.append({.Storno = EStorno(Stato),
-                   .Importi = Stato.Importi.value_or(ImportiDocumento()),
-                   .CitataNumero = Stato.CitataNumero,
-                   .CitataData = Stato.CitataData});
-    return RipresiDagliStorni(Usciti);
-}
-
-/// A document of a note's file that another one has followed, as a note of its own.
-/// @param Ripreso what its credit notes take back of it, euro
-VoceTrova VoceDi(const VoceTrova& Nota, const EmessoLetto& Emesso, double Ripreso)
-{
-    VoceTrova Voce = Nota;
-    StatoLetto& Stato = Voce.Dati.Stato;
-    Stato.Emessi.clear();
-    Stato.Documento = Emesso.Che.Documento;
-    Stato.Storno = Emesso.Che.Storno;
-    Stato.Importi = Emesso.Importi ? std::optional(Emesso.Che.Importi) : std::nullopt;
-    Stato.Resto = Emesso.Resto;
-    Stato.FatturaNumero.clear();
-    Stato.FatturaData.clear();
-    Voce.Dati.NumFatt = Emesso.Che.Numero;
-    Voce.Dati.DataFatt = Emesso.Che.Data;
-    Stato.CitataNumero = Emesso.Che.CitataNumero;
-    Stato.CitataData = Emesso.Che.CitataData;
-    Stato.Scadenza.clear();
-    // Which day's payments have paid it is not known.
-    const bool Saldata = Stato.Stato == StatoNota::Pagata && Emesso.Che.AMano <= 0;
-    Stato.Dal = Saldata ? QString() : Emesso.Che.Dal;
-    // Sent again for a larger sum behind the word, it is not paid whole.
-    const bool AMano = Emesso.Che.AMano > 0 && Arrotonda2(Emesso.Resto - Ripreso) <= 0;
-    Stato.Stato = Saldata || AMano ? StatoNota::Pagata : StatoNota::Fatturata;
-    // What the user has called paid has the day of his word in the place of its own: no credit note is.
-    Stato.UscitoIl = Emesso.Che.AMano > 0 ? QString() : Emesso.Che.Dal;
-    if (!Saldata)
-        Stato.PagatoIl = AMano ? Emesso.Che.Dal : QString();
-    return Voce;
-}
-
-/// The invoice of its own file that a credit note takes back; null where there is none.
-/// @param Primo the place of the file's first document, all of them stand together
-const VoceTrova* StornataQui(const std::vector<const VoceTrova*>& Documenti, size_t Primo, size_t Storno)
-{
-    QList<DocumentoEmesso> Usciti;
-    for (size_t i = Primo; i < Documenti.size() && Documenti[i]->Percorso == Documenti[Primo]->Percorso;
-         ++i) {
-        const DatiNota& Dati = Documenti[i]->Dati;
-        const auto [Numero, Data] = NumeroDi(Dati);
-        Usciti.append({.Storno = EStorno(Dati.Stato),
-                       .Numero = Numero,
-                       .Data = Data,
-                       .CitataNumero = Dati.Stato.CitataNumero,
-                       .CitataData = Dati.Stato.CitataData});
-    }
-    const qsizetype Posto = FatturaStornata(Usciti, qsizetype(Storno - Primo));
-    return Posto < 0 ? nullptr : Documenti[Primo + size_t(Posto)];
-}
-
-/// The credit note of another file was out when its invoice was called paid. Files know days alone: of one
-/// day the credit note comes first, as the word is of what is still owed.
-bool PrimaDellaParola(const StatoLetto& Storno, const StatoLetto& Fattura)
-{
-    const QDate Uscito = GiornoDi(Storno.UscitoIl), Pagata = GiornoDi(Fattura.PagatoIl);
-    return Uscito.isValid() && Pagata.isValid() && Uscito <= Pagata;
-}
-
-/// Earlier documents count while the note's own does.
-bool HaEmessi(const VoceTrova& Nota)
-{
-    const StatoLetto& Stato = Nota.Dati.Stato;
-    return Nota.Genere == GenereVoce::Nota && !Nota.Modello && !Stato.Emessi.isEmpty() &&
-           Stato.Stato != StatoNota::Bozza && Stato.Stato != StatoNota::Ignoto;
 }
 
 /// What is open of a note among others; nothing where it is not known.
@@ -255,12 +107,6 @@ QString CifraONulla(const std::optional<double>& Valore)
 }
 
 }  // namespace
-
-ClienteNota ClienteDi(const VoceTrova& Nota)
-{
-    const int IDCli = std::max(0, Nota.Dati.IDCli);
-    return {IDCli, IDCli > 0 ? QString() : Nota.Cliente};
-}
 
 QStringList VociFiltroStato()
 {
@@ -337,7 +183,7 @@ QStringList FrasiDocumenti(const VoceTrova& Nota)
     for (const VoceTrova* Voce : Suoi.Tutti()) {
         const StatoLetto& Stato = Voce->Dati.Stato;
         const bool Storno = EStorno(Stato);
-        const NumeroFattura Suo = NumeroDi(Voce->Dati);
+        const NumeroFattura Suo = NumeroUscito(Voce->Dati);
         const QStringView Nome = TipoDi(DocumentoDi(Voce->Dati)).Nome;
         QString Frase = Storno ? u"Nota di credito"_s : Nome.isEmpty() ? u"Documento"_s : Nome.toString();
         if (!Suo.Numero.isEmpty())
@@ -353,74 +199,6 @@ QStringList FrasiDocumenti(const VoceTrova& Nota)
         Frasi += Frase;
     }
     return Frasi;
-}
-
-DocumentiNote::DocumentiNote(const std::vector<const VoceTrova*>& Quelle)
-{
-    Voci.reserve(Quelle.size());
-    Note.reserve(Quelle.size());
-    for (const VoceTrova* Nota : Quelle) {
-        if (HaEmessi(*Nota))
-            for (const QList<double> Ripresi = RipresiDi(Nota->Dati.Stato);
-                 const EmessoLetto& Emesso : Nota->Dati.Stato.Emessi) {
-                const qsizetype Posto = &Emesso - Nota->Dati.Stato.Emessi.constData();
-                Prima.push_back(VoceDi(*Nota, Emesso, Ripresi[Posto]));
-                Voci.push_back(&Prima.back());
-                Note.push_back(Nota);
-            }
-        Voci.push_back(Nota);
-        Note.push_back(Nota);
-    }
-}
-
-QHash<const VoceTrova*, LegameFattura> LegamiFatture(const std::vector<const VoceTrova*>& Documenti)
-{
-    QHash<const VoceTrova*, LegameFattura> Legami;
-    QHash<QString, const VoceTrova*> Emessi;
-    for (const VoceTrova* Nota : Documenti) {
-        const QString Chiave = Segnata(*Nota);
-        if (Chiave.isEmpty())
-            continue;
-        const VoceTrova*& Primo = Emessi[Chiave];
-        if (!Primo) {
-            Primo = Nota;
-            continue;
-        }
-        const bool Dopo =
-            std::pair(Nota->Modificata, Primo->Percorso) > std::pair(Primo->Modificata, Nota->Percorso);
-        Legami[Dopo ? std::exchange(Primo, Nota) : Nota].Copia = true;
-    }
-    for (const VoceTrova* Nota : Documenti)
-        if (const auto Suo = Legami.find(Nota); Suo != Legami.end() && Suo->Copia)
-            Suo->Contata = Emessi.value(Segnata(*Nota));
-    size_t Primo = 0;
-    for (size_t i = 0; i < Documenti.size(); ++i) {
-        const VoceTrova* const Nota = Documenti[i];
-        if (Nota->Percorso != Documenti[Primo]->Percorso)
-            Primo = i;
-        const StatoLetto& Stato = Nota->Dati.Stato;
-        const bool Emesso = Stato.Stato == StatoNota::Fatturata || Stato.Stato == StatoNota::Pagata;
-        if (Nota->Genere != GenereVoce::Nota || Nota->Modello || !EStorno(Stato) || !Emesso ||
-            Legami.value(Nota).Copia)
-            continue;
-        const VoceTrova* Ripresa = StornataQui(Documenti, Primo, i);
-        if (const QString Chiave = Fattura(*Nota, Stato.CitataNumero, Stato.CitataData); !Chiave.isEmpty())
-            Ripresa = Emessi.value(Chiave, Ripresa);
-        if (!Ripresa)
-            continue;
-        if (Legami.value(Ripresa).Copia) {
-            Legami[Nota].Copia = true;
-            continue;
-        }
-        Legami[Nota].Citata = true;
-        Legami[Nota].Ripresa = Ripresa;
-        const double Netto = Stato.Importi ? std::max(0.0, Stato.Importi->Netto) : 0.0;
-        Legami[Ripresa].Stornato += Netto;
-        if (Ripresa->Percorso == Nota->Percorso || PrimaDellaParola(Stato, Ripresa->Dati.Stato))
-            Legami[Ripresa].StornatoPrima += Netto;
-        Legami[Ripresa].StornoIgnoto = Legami[Ripresa].StornoIgnoto || !Stato.Importi;
-    }
-    return Legami;
 }
 
 namespace {
@@ -567,7 +345,7 @@ QStringList RigaScadenzario(const VoceTrova& Nota, const CodiciCliente& Codici, 
     // What the user calls invoiced bears the invoice's number, whatever document is in view.
     const bool SenzaDocumento = Documento.Nome.isEmpty() && Dati.Stato.Stato == StatoNota::Fatturata;
     if (Documento.EFattura || SenzaDocumento)
-        Celle << NumeroDi(Dati).Numero << NumeroDi(Dati).Data;
+        Celle << NumeroUscito(Dati).Numero << NumeroUscito(Dati).Data;
     else if (Documento.Pannello == PannelloStampa::Numero)
         Celle << Dati.Stato.Numero << Dati.Stato.Data;
     else

@@ -4,6 +4,7 @@
 // older version has none, and what is open of it is not known; it is never taken for 0.
 #pragma once
 
+#include "feenote/finder/legamifatture.h"
 #include "feenote/finder/modTrova.h"
 
 #include <QByteArray>
@@ -13,7 +14,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <deque>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -52,35 +52,6 @@ enum class FiltroStato {
 /// net. Nothing of any other.
 [[nodiscard]] QStringList FrasiDocumenti(const VoceTrova& Nota);
 
-/// The documents of a list of notes: one each, and before it those that have gone out of its file earlier.
-class DocumentiNote
-{
-public:
-    /// @param Note must outlive the object
-    explicit DocumentiNote(const std::vector<const VoceTrova*>& Note);
-    DocumentiNote(const DocumentiNote&) = delete;
-    DocumentiNote& operator=(const DocumentiNote&) = delete;
-
-    [[nodiscard]] const std::vector<const VoceTrova*>& Tutti() const { return Voci; }
-    /// The note in whose file a document of Tutti stands, by its place there.
-    [[nodiscard]] const VoceTrova* NotaDi(size_t Posto) const { return Note[Posto]; }
-
-private:
-    std::deque<VoceTrova> Prima;  // their addresses stay
-    std::vector<const VoceTrova*> Voci;
-    std::vector<const VoceTrova*> Note;
-};
-
-/// Whom a note is for: a client with a key is known by it, any other by the name.
-struct ClienteNota
-{
-    int IDCli = 0;  ///< 0 none
-    QString Nome;   ///< empty with a key
-
-    friend bool operator==(const ClienteNota&, const ClienteNota&) = default;
-};
-[[nodiscard]] ClienteNota ClienteDi(const VoceTrova& Nota);
-
 /// What is open of a client.
 struct ApertoCliente
 {
@@ -93,24 +64,6 @@ struct ApertoCliente
 
     friend bool operator==(const ApertoCliente&, const ApertoCliente&) = default;
 };
-
-/// How a document of a list hangs together with the others by its invoice.
-struct LegameFattura
-{
-    bool Copia = false;                  ///< a file saved later holds the same one: this one does not count
-    const VoceTrova* Contata = nullptr;  ///< of a copy: the one that counts
-    bool Sola = false;                   ///< of a copy: it stands for that one, which is not shown
-    double Stornato = 0.0;               ///< of it by credit notes, euro
-    double StornatoPrima = 0.0;          ///< of that by its own file, or by another one before it was paid
-    bool StornoIgnoto = false;           ///< one of them has no figures that can be read
-    bool Citata = false;                 ///< of a credit note: the invoice that it takes back is in the list
-    const VoceTrova* Ripresa = nullptr;  ///< that invoice
-    friend bool operator==(const LegameFattura&, const LegameFattura&) = default;
-};
-/// An invoice is known by client, number and date, to the credit note of its own file by standing before it.
-/// Documents that hang together with none are left out.
-[[nodiscard]] QHash<const VoceTrova*, LegameFattura>
-LegamiFatture(const std::vector<const VoceTrova*>& Documenti);
 
 /// What is open of a list of notes.
 struct ApertoTutto
