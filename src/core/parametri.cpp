@@ -32,9 +32,10 @@ void SalvaImpostazione(const QString& Chiave, const QString& Valore)
                 [&](const QString&) { return Valore; });
 }
 
-void SalvaImpostazioni(const QList<std::pair<QString, QString>>& Valori)
+void SalvaImpostazioni(const QList<std::pair<QString, QString>>& Valori,
+                       const std::function<bool(const QString& Chiave, const QString& Ora)>& SiScrive)
 {
-    SaveSettings(NomeApplicazione.toString(), SezioneParametri.toString(), Valori);
+    SaveSettings(NomeApplicazione.toString(), SezioneParametri.toString(), Valori, SiScrive);
 }
 
 namespace {

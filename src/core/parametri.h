@@ -29,13 +29,15 @@ inline constexpr QStringView SezioneParametri = u"Parametri";
 /// That was told: what the program would remember meanwhile is dropped without a second word.
 void ImpostazioniGuasteDette();
 
-/// Stores a setting of the program; one that is missing is as good as an empty one. @throws Errore 75 when the
-/// store is damaged or cannot be written
+/// Stores a setting of the program; one that is missing is as good as an empty one. @throws Errore 75 when
+/// the store is damaged or cannot be written
 void SalvaImpostazione(const QString& Chiave, const QString& Valore);
 
 /// Stores several settings of the program, all of them or none, in the place of a damaged store too, of which
 /// a copy stays. @throws Errore 75 when the store cannot be written
-void SalvaImpostazioni(const QList<std::pair<QString, QString>>& Valori);
+/// @param SiScrive as SaveSettings
+void SalvaImpostazioni(const QList<std::pair<QString, QString>>& Valori,
+                       const std::function<bool(const QString& Chiave, const QString& Ora)>& SiScrive = {});
 
 /// Stores what the program remembers by itself: sizes, widths, places. A store that refuses is told once and
 /// not again before it has taken something, since nobody has asked for it. A damaged one was told at the

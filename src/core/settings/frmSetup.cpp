@@ -29,6 +29,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -113,6 +114,14 @@ constexpr std::array<QStringView, impostazioni::Schede> Aiuti{
     u"del messaggio servono al pulsante \"Invia per posta\" della stampa.",
 };
 static_assert(!Aiuti.back().isEmpty());
+
+/// The text of a key; none where the form does not write it.
+std::optional<QString> ValoreDi(const ValoriScheda& Valori, const QString& Chiave)
+{
+    const auto Trovato = std::ranges::find_if(
+        Valori, [&](const auto& Voce) { return Voce.first.compare(Chiave, Qt::CaseInsensitive) == 0; });
+    return Trovato == Valori.end() ? std::nullopt : std::optional(Trovato->second);
+}
 
 }  // namespace
 
@@ -266,11 +275,19 @@ void frmSetup::keyPressEvent(QKeyEvent* Evento)
 
 // ---- values -------------------------------------------------------------------------------------
 
-void frmSetup::LoadValori()
+void frmSetup::CaricaStudio()
 {
     for (const CampoImpostazione& Voce : CampiStudio)
         (ui.get()->*Voce.Campo)->setText(ValoreConservato(Voce.Chiave));
     SegnaControlli();
+}
+
+void frmSetup::LoadValori()
+{
+    Conservati.clear();
+    for (const VoceImpostazione& Voce : VociImpostazioni())
+        Conservati[Voce.Chiave.toString().toLower()] = Impostazione(Voce.Chiave.toString());
+    CaricaStudio();
     Contabili->Carica();
     Cartelle->Carica();
     Desktop->Carica();
@@ -359,11 +376,24 @@ void frmSetup::SegnaLetti()
     Letti = Valori();
 }
 
-void frmSetup::SalvaValori() const
+/// All of them but what another program has stored since the form was read, and nobody has touched here: an
+/// office works with one set of settings from several places.
+void frmSetup::SalvaValori()
 {
     Documenti->ConservaLogo();
+    const ValoriScheda Tutti = Valori();
+    QMap<QString, QString> Scritti;
+    const auto SiScrive = [&](const QString& Chiave, const QString& Ora) {
+        const QString Nome = Chiave.toLower();
+        const QString Valore = ValoreDi(Tutti, Chiave).value_or(QString());
+        if (ValoreDi(Letti, Chiave) == Valore && Ora != Conservati.value(Nome))
+            return false;
+        Scritti[Nome] = Valore;
+        return true;
+    };
     // In one write: a failure in the middle would leave half of them.
-    SalvaImpostazioni(Valori());
+    SalvaImpostazioni(Tutti, SiScrive);
+    Conservati.insert(Scritti);
 }
 
 void frmSetup::SegueArchivio()
@@ -392,6 +422,7 @@ void frmSetup::cmdSaveImpost_Click()
     ImpostaVariabili();
     logo::TogliAltri(sessione::LogoImpronta);
     Invoca(Aperture.ImpostazioniCambiate);
+    CaricaStudio();
     Contabili->Carica();
     Cartelle->Carica();
     Fattura->Carica();

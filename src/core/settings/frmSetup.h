@@ -5,6 +5,7 @@
 #include "core/settings/valorischeda.h"
 
 #include <QDialog>
+#include <QMap>
 
 #include <memory>
 
@@ -73,7 +74,8 @@ private:
     /// Something was written, ticked or chosen since the settings were read or stored.
     [[nodiscard]] bool Cambiate() const;
     void SegnaLetti();
-    void SalvaValori() const;
+    void CaricaStudio();
+    void SalvaValori();
     void SegnaControlli();
 
     std::unique_ptr<Ui::frmSetup> ui;
@@ -82,5 +84,6 @@ private:
     SchedaDesktop* Desktop;
     SchedaFattura* Fattura;
     SchedaDocumenti* Documenti;
-    ValoriScheda Letti;  ///< what the form showed when it had nothing to store
+    ValoriScheda Letti;                 ///< what the form showed when it had nothing to store
+    QMap<QString, QString> Conservati;  ///< what the store held when the form read it, or wrote into it
 };

@@ -154,12 +154,20 @@ void SaveSetting(const QString& Applicazione, const QString& Sezione, const QStr
 }
 
 void SaveSettings(const QString& Applicazione, const QString& Sezione,
-                  const QList<std::pair<QString, QString>>& Valori)
+                  const QList<std::pair<QString, QString>>& Valori,
+                  const std::function<bool(const QString& Chiave, const QString& Ora)>& SiScrive)
 {
     const QString File = PercorsoImpostazioni(Applicazione);
     try {
-        Cambia(File, SeGuasto::Conserva,
-               [&](const QByteArray& Prima) { return ConValoriNelDeposito(Prima, Sezione, Valori); });
+        Cambia(File, SeGuasto::Conserva, [&](const QByteArray& Prima) {
+            QList<std::pair<QString, QString>> Da = Valori;
+            if (SiScrive)
+                Da.removeIf([&](const auto& Voce) {
+                    return !SiScrive(Voce.first,
+                                     ValoreDelDeposito(Prima, Sezione, Voce.first).value_or(QString()));
+                });
+            return ConValoriNelDeposito(Prima, Sezione, Da);
+        });
     } catch (const Errore& Guasto) {
         NonScritte(File, Guasto);
     }

@@ -38,8 +38,11 @@ void SaveSetting(const QString& Applicazione, const QString& Sezione, const QStr
 
 /// The same for several keys and their texts, in one write: either all of them are stored or none is.
 /// @throws Errore 75 when the store cannot be written; every key is as before then
+/// @param SiScrive is asked of each key with the text that the store holds now, empty where none is; it
+/// touches no settings. Without it every key is written
 void SaveSettings(const QString& Applicazione, const QString& Sezione,
-                  const QList<std::pair<QString, QString>>& Valori);
+                  const QList<std::pair<QString, QString>>& Valori,
+                  const std::function<bool(const QString& Chiave, const QString& Ora)>& SiScrive = {});
 
 /// Makes another text of what the store holds under a key, in turn with other programs: what one of them has
 /// stored meanwhile is what it is made of.

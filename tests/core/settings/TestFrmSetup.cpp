@@ -26,6 +26,7 @@ private Q_SLOTS:
     void memorizza();
     void memorizzaConUnaParcellaAperta();
     void memorizzaNonRiesce();
+    void quelCheHaScrittoUnAltroResta();
     void ridisegnaLaScrivania();
     void modaleSiChiudeDopoAverMemorizzato();
     void modaleGiaApertaVieneDavanti();
@@ -251,6 +252,31 @@ void TestFrmSetup::memorizzaNonRiesce()
     QVERIFY(QDir(Scena::FileImpostazioni()).removeRecursively());
     QCOMPARE(sessione::StudioNome, QString());
     QCOMPARE(Campo(u"txtNomeStudio"_s)->text(), u"nuovo StudioNome"_s);
+}
+
+/// Of two programs each stores what its user has changed. The form then shows what the other one has.
+void TestFrmSetup::quelCheHaScrittoUnAltroResta()
+{
+    Registratore Box;
+    Riempi();
+    Campo(u"txtIBAN"_s)->setText(u"IT60X0542811101000000123456"_s);
+    Box.Attendi(Memorizzate);
+    Memorizza();
+    Scena::Salva(u"Iban"_s, u"IT02L1234512345123456789012"_s);
+    Scena::Salva(u"StudioMail"_s, u"altro@studio.it"_s);
+    Scena::Salva(u"CP"_s, u"5"_s);
+    Campo(u"txtCittaStudio"_s)->setText(u"Pisa"_s);
+    Campo(u"txtEMail"_s)->setText(u"mio@studio.it"_s);
+    for (int Volta = 0; Volta < 2; ++Volta) {
+        Box.Attendi(Memorizzate);
+        Memorizza();
+        QCOMPARE(Scena::Parametro(u"Iban"_s), u"IT02L1234512345123456789012"_s);
+        QCOMPARE(Scena::Parametro(u"CP"_s), u"5"_s);
+        QCOMPARE(Scena::Parametro(u"StudioCitta"_s), u"Pisa"_s);
+        // What both have changed is as the last one wants it.
+        QCOMPARE(Scena::Parametro(u"StudioMail"_s), u"mio@studio.it"_s);
+        QCOMPARE(Campo(u"txtIBAN"_s)->text(), u"IT02L1234512345123456789012"_s);
+    }
 }
 
 void TestFrmSetup::ridisegnaLaScrivania()
