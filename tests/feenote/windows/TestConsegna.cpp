@@ -11,12 +11,14 @@
 #include "platform/kit/collega.h"
 #include "platform/preview/vistastampa.h"
 #include "platform/system/file.h"
+#include "platform/system/guasti.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
 #include <QPushButton>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -76,6 +78,7 @@ private Q_SLOTS:
     void ilCampoApertoSiConclude();
     void lUltimoNumero();
     void progressivoCheNonSiScrive();
+    void progressivoCheNonSiConosce();
     void laLarghezzaDeiCampi();
     void salvareEsportaAncheDaUnAltraScheda();
     void salvareSenzaDocumento();
@@ -302,16 +305,34 @@ void TestConsegna::progressivoCheNonSiScrive()
     Documento(StampaFatturaSintetica);
     sessione::ProgFatt = 41;
     const QString File = qEnvironmentVariable("XDG_CONFIG_HOME") + u"/Calcanova/KR5.ini"_s;
-    QFile::remove(File);
-    QVERIFY(QDir().mkpath(File + u"/dentro"_s));
+    const auto DiNuovo = qScopeGuard([] { guasti::LimiteFile = 0; });
+    guasti::LimiteFile = 1;
     T->Voce.Attendi(Progressivo, vbYes);
     T->Voce.Attendi(u"Errore: Impossibile scrivere le impostazioni nel file %1: %2 (75)"_s.arg(
-                        File, DescrizioneErrore(75)),
+                        File, DescrizioneErrore(61)),
                     vbOK, u"Errore:"_s);
     Clic(Controllo(F, "cmdProgFatt"));
-    QVERIFY(QDir(File).removeRecursively());
     QCOMPARE(sessione::ProgFatt, 41);
     QCOMPARE(Numero()->text(), u"42"_s);
+}
+
+void TestConsegna::progressivoCheNonSiConosce()
+{
+    Documento(StampaFatturaSintetica);
+    F->SetModificata(false);
+    sessione::ProgFatt = 41;
+    const QString File = qEnvironmentVariable("XDG_CONFIG_HOME") + u"/Calcanova/KR5.ini"_s;
+    QFile::remove(File);
+    QVERIFY(QDir().mkpath(File + u"/dentro"_s));
+    const auto DiNuovo = qScopeGuard([&] { QDir(File).removeRecursively(); });
+    T->Voce.Attendi(
+        u"Il file delle impostazioni %1 non si legge: al suo posto c'è una cartella: il numero delle "
+        "fatture non si conosce"_s.arg(File),
+        vbOK, u"Errore:"_s);
+    Clic(Controllo(F, "cmdProgFatt"));
+    QCOMPARE(Numero()->text() + Data()->text(), QString());
+    QVERIFY(!F->Nota.Modificata);
+    QCOMPARE(sessione::ProgFatt, 41);
 }
 
 void TestConsegna::laLarghezzaDeiCampi()
