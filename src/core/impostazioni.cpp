@@ -22,9 +22,10 @@ namespace {
 
 using enum GenereImpostazione;
 
-QString ArchivioAccantoAlProgramma()
+QString ArchivioSenzaImpostazione()
 {
-    return CartellaProgramma() + u"DatiStudio.mdb"_s;
+    const QString Ritrovato = RitrovatoDelPrimoUso(chiavi::ArchivioCliCon);
+    return !Ritrovato.isEmpty() ? Ritrovato : CartellaProgramma() + u"DatiStudio.mdb"_s;
 }
 
 QString ParcelleOProgramma()
@@ -47,8 +48,8 @@ constexpr QStringView TestoPosta = u"Gentile {cliente},\n\n"
 constexpr std::array Voci{
     VoceImpostazione{chiavi::PercorsoProcedura, u"", Testo, &sessione::PercorsoProg, CartellaEseguibile,
                      Barra},
-    VoceImpostazione{chiavi::ArchivioCliCon, u"", Testo, &sessione::ArchivioCliCon,
-                     ArchivioAccantoAlProgramma, PercorsoArchivio},
+    VoceImpostazione{chiavi::ArchivioCliCon, u"", Testo, &sessione::ArchivioCliCon, ArchivioSenzaImpostazione,
+                     PercorsoArchivio},
     VoceImpostazione{u"StudioNome", u"", Testo, &sessione::StudioNome},
     VoceImpostazione{u"StudioIndir", u"", Testo, &sessione::StudioIndir},
     VoceImpostazione{u"StudioCitta", u"", Testo, &sessione::StudioCitta},
@@ -173,5 +174,22 @@ QString CartellaProgramma()
 
 QString CartellaParcelleProposta()
 {
-    return CartellaProgramma() + Barra(u"Parcelle"_s);
+    const QString Ritrovata = RitrovatoDelPrimoUso(chiavi::ParcellePath);
+    return !Ritrovata.isEmpty() ? Ritrovata : CartellaProgramma() + Barra(u"Parcelle"_s);
+}
+
+QString CartellaDelPrimoUso()
+{
+    constexpr int Documenti = 5;
+    return CartellaSpeciale(Documenti) + Barra(u"Calcanova"_s);
+}
+
+QString RitrovatoDelPrimoUso(QStringView Chiave)
+{
+    const bool Archivio = Chiave == chiavi::ArchivioCliCon;
+    if ((!Archivio && Chiave != chiavi::ParcellePath) || FraseImpostazioniGuaste().isEmpty())
+        return {};
+    const QString Posto = CartellaDelPrimoUso() + (Archivio ? u"DatiStudio.mdb"_s : Barra(u"Parcelle"_s));
+    const bool Presente = Archivio ? EsisteFile(TrovaFile(Posto)) : EsisteCartella(Posto);
+    return Presente ? Posto : QString();
 }

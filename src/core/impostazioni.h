@@ -80,5 +80,14 @@ void AzzeraImpostazioni();
 /// The program folder by the stored key, or the executable's, with the separator at its end.
 [[nodiscard]] QString CartellaProgramma();
 
-/// Folder of saved notes when none is stored: "Parcelle" in the program folder.
+/// The folder among the user's documents where a first use puts notes and archive; it need not be there.
+[[nodiscard]] QString CartellaDelPrimoUso();
+
+/// What a first use has made for ArchivioCliCon or ParcellePath, where damaged settings may have lost the
+/// key: beside the program there is an empty archive then, and none of the office's notes. Empty while the
+/// settings are sound, where nothing is there, and for any other key.
+[[nodiscard]] QString RitrovatoDelPrimoUso(QStringView Chiave);
+
+/// Folder of saved notes when none is stored: "Parcelle" in the program folder, or behind damaged settings
+/// that of the first use.
 [[nodiscard]] QString CartellaParcelleProposta();

@@ -86,7 +86,8 @@ bool AvvisaImpostazioniGuaste()
     ImpostazioniGuasteDette();
     MsgErrore(Frase +
               u".\nQuel che vi manca vale come mai impostato: prima di stampare e di numerare fatture "
-              u"controllare le impostazioni, anche nei numeri, e memorizzarle. Il file di ora resta "
+              u"controllare le impostazioni, anche nei numeri, nelle cartelle e nell'archivio, e "
+              u"memorizzarle. Il file di ora resta "
               u"accanto, con «.guasto» in fondo al nome."_s);
     return true;
 }

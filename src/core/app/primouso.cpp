@@ -25,12 +25,6 @@ namespace {
 
 constexpr int Documenti = 5;
 
-/// The program's own folder among the user's documents.
-QString CartellaDocumenti()
-{
-    return CartellaSpeciale(Documenti) + Barra(u"Calcanova"_s);
-}
-
 /// The program's own folder. What cannot be read is not taken for what nobody has chosen: the office's
 /// archive would be another one then.
 QString CartellaDelProgramma()
@@ -97,7 +91,7 @@ void PreparaParcelle()
     for (const QString& Sotto : {u""_s, u"Parcelle"_s, u"Modelli"_s, u"Parcelle/Modelli"_s})
         if (HaParcelle(Programma + Sotto))
             return;
-    const QString Cartella = CartellaDocumenti() + Barra(u"Parcelle"_s);
+    const QString Cartella = CartellaDelPrimoUso() + Barra(u"Parcelle"_s);
     // Without this one the templates would go beside the program, where a user may not write.
     CreaCartellaDiUtente(Cartella + u"Modelli"_s);
     SalvaImpostazione(chiavi::ParcellePath.toString(), Cartella);
@@ -111,9 +105,9 @@ void PreparaArchivio()
     // A copy would part from the archive that the office works with.
     if (HaRighe(TrovaFile(CartellaDelProgramma() + Nome)))
         return;
-    CreaCartellaDiUtente(CartellaDocumenti());
-    CopiaSeManca(Nome, CartellaDocumenti());
-    SalvaImpostazione(chiavi::ArchivioCliCon.toString(), CartellaDocumenti() + Nome);
+    CreaCartellaDiUtente(CartellaDelPrimoUso());
+    CopiaSeManca(Nome, CartellaDelPrimoUso());
+    SalvaImpostazione(chiavi::ArchivioCliCon.toString(), CartellaDelPrimoUso() + Nome);
 }
 
 /// A step of the first use, and what the user loses where it fails.

@@ -123,10 +123,14 @@ SchedaCartelle::~SchedaCartelle() = default;
 void SchedaCartelle::Carica()
 {
     Pausa.start();  // all of them are asked for together, below
+    const bool Guaste = !FraseImpostazioniGuaste().isEmpty();
     for (int i = 0; i < int(Percorsi.size()); ++i) {
         const Percorso& Voce = Percorsi[size_t(i)];
         (ui.get()->*Voce.Campo)->setText(Mostrato(Voce.Chiave));
         Cambiate.insert(i);
+        const bool Perduta = Guaste && Impostazione(Voce.Chiave.toString()).isEmpty() &&
+                             RitrovatoDelPrimoUso(Voce.Chiave).isEmpty();
+        Ripieghi[size_t(i)] = Perduta ? Mostrato(Voce.Chiave) : QString();
     }
     ArchivioLetto = ui->txtArchivioCliCon->text();
     ui->chkCercaAgg->setChecked(ValoreConservato(chiavi::CercaAgg) == u"S");
@@ -140,9 +144,11 @@ void SchedaCartelle::Carica()
 ValoriScheda SchedaCartelle::Valori() const
 {
     ValoriScheda Fatti;
-    for (const Percorso& Voce : Percorsi) {
+    for (size_t i = 0; i < Percorsi.size(); ++i) {
+        const Percorso& Voce = Percorsi[i];
         const QString Testo = (ui.get()->*Voce.Campo)->text().trimmed();
-        if (!ProgrammaNonScelto(Voce.Chiave, Testo))
+        const bool Ripiego = !Ripieghi[i].isEmpty() && Testo == Ripieghi[i];
+        if (!Ripiego && !ProgrammaNonScelto(Voce.Chiave, Testo))
             Fatti.append({Voce.Chiave.toString(), DaConservare(Voce.Chiave, Testo)});
     }
     Fatti.append({chiavi::CercaAgg.toString(), ui->chkCercaAgg->isChecked() ? u"S"_s : u"N"_s});

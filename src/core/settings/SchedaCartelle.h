@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <array>
 #include <memory>
 
 namespace Ui {
@@ -24,7 +25,9 @@ public:
     /// Fills the boxes from the settings store.
     void Carica();
     /// What is to be stored. The program folder stays unset while it is unset and its box shows the
-    /// executable's: a program run from another folder after an update would go on in the old one.
+    /// executable's: a program run from another folder after an update would go on in the old one. So does a
+    /// path that damaged settings have lost, and that only a default stands for: stored, no later start would
+    /// set it.
     [[nodiscard]] ValoriScheda Valori() const;
 
     /// Another archive was stored by somebody else: its box shows that one, unless something was typed there.
@@ -39,8 +42,9 @@ private:
     /// Says of the boxes whose text has changed whether what they name is there.
     void SegnaMancanti();
 
-    QSet<int> Cambiate;     ///< boxes that were not looked after yet
-    QTimer Pausa;           ///< runs while somebody types
-    QString ArchivioLetto;  ///< as its box was filled
+    QSet<int> Cambiate;               ///< boxes that were not looked after yet
+    QTimer Pausa;                     ///< runs while somebody types
+    QString ArchivioLetto;            ///< as its box was filled
+    std::array<QString, 5> Ripieghi;  ///< defaults that stand for what damaged settings have lost
     std::unique_ptr<Ui::SchedaCartelle> ui;
 };

@@ -21,9 +21,15 @@ private Q_SLOTS:
     void cleanup();
     void unaFraseEPoiSiPuoSalvare_data();
     void unaFraseEPoiSiPuoSalvare();
+    void archivioENoteRestanoQuelliDelPrimoUso_data() { unaFraseEPoiSiPuoSalvare_data(); }
+    void archivioENoteRestanoQuelliDelPrimoUso();
+    void unPercorsoDiRipiegoNonSiConserva();
     void unPrimoUsoNonDiceNulla();
 
 private:
+    static QString CartellaDocumenti() { return CartellaSpeciale(5) + Barra(u"Calcanova"_s); }
+    void Memorizza();
+
     std::unique_ptr<TavoloSetup> T;
 };
 PROVA(TestImpostazioniGuasteAllAvvio);
@@ -31,6 +37,7 @@ PROVA(TestImpostazioniGuasteAllAvvio);
 void TestImpostazioniGuasteAllAvvio::init()
 {
     T = std::make_unique<TavoloSetup>();
+    QDir(CartellaDocumenti()).removeRecursively();
     Aperture.ApriParcella = [](const QString&, int, const QString&) { return 0; };
     Scena::Salva(u"ProgFatt"_s, u"41"_s);
     Scena::Salva(u"ProgTrasm"_s, u"17"_s);
@@ -43,6 +50,15 @@ void TestImpostazioniGuasteAllAvvio::cleanup()
     for (const QString& Nome : Cartella.entryList({u"KR5.ini*"_s}, QDir::Files))
         Cartella.remove(Nome);
     QDir(Scena::FileImpostazioni()).removeRecursively();
+    QDir(CartellaDocumenti()).removeRecursively();
+}
+
+void TestImpostazioniGuasteAllAvvio::Memorizza()
+{
+    T->Apri(0);
+    for (const char* Nome : {"txtNomeStudio", "txtIndStudio", "txtCittaStudio", "txtEMail"})
+        T->Campo(QString::fromLatin1(Nome))->setText(u"nuovo"_s);
+    T->Premi(u"cmdSaveImpost"_s);
 }
 
 void TestImpostazioniGuasteAllAvvio::unaFraseEPoiSiPuoSalvare_data()
@@ -82,16 +98,64 @@ void TestImpostazioniGuasteAllAvvio::unaFraseEPoiSiPuoSalvare()
     if (Come == Cartella)
         return;  // nothing is written there before the folder has gone
 
-    T->Apri(0);
-    for (const char* Nome : {"txtNomeStudio", "txtIndStudio", "txtCittaStudio", "txtEMail"})
-        T->Campo(QString::fromLatin1(Nome))->setText(u"nuovo"_s);
-    T->Premi(u"cmdSaveImpost"_s);
+    Memorizza();
     QCOMPARE(Box.UltimoTesto(), u"Le impostazioni sono state memorizzate!"_s);
     QCOMPARE(FraseImpostazioniGuaste(), QString());
     QCOMPARE(Scena::Parametro(u"StudioNome"_s), u"nuovo"_s);
     QCOMPARE(EsisteFile(File + u".guasto"_s), !Rovinato.isEmpty());
     if (!Rovinato.isEmpty())
         QCOMPARE(LeggiFile(File + u".guasto"_s), Rovinato);
+}
+
+/// The paths were in the file: the ones beside the program would be another archive, and no note.
+void TestImpostazioniGuasteAllAvvio::archivioENoteRestanoQuelliDelPrimoUso()
+{
+    QFETCH(int, Come);
+    const QString Archivio = CartellaDocumenti() + u"DatiStudio.mdb"_s;
+    const QString Parcelle = CartellaDocumenti() + Barra(u"Parcelle"_s);
+    CreaCartella(Parcelle + u"Modelli"_s);
+    QVERIFY(QFile::copy(ProgrammaDiProva() + u"DatiStudio.mdb"_s, Archivio));
+    const QByteArray Prima = LeggiFile(Scena::FileImpostazioni());
+    Rovina(Scena::FileImpostazioni(), Come);
+    Registratore Box;
+    Box.Tollera();
+    Main(u"-low"_s);
+    QVERIFY2(Box.UltimoTesto().contains(u"nelle cartelle e nell'archivio"_s), qPrintable(Box.UltimoTesto()));
+    QCOMPARE(sessione::ArchivioCliCon, Archivio);
+    QCOMPARE(sessione::ParcellePath, Parcelle);
+    QCOMPARE(sessione::ModelliPath, Parcelle + Barra(u"Modelli"_s));
+    if (Come == Cartella)
+        return;  // nothing is written there before the folder has gone
+
+    Memorizza();
+    QCOMPARE(FraseImpostazioniGuaste(), QString());
+    QCOMPARE(Scena::Parametro(u"ArchivioCliCon"_s), Archivio);
+    QCOMPARE(Scena::Parametro(u"ParcellePath"_s), Parcelle);
+    QCOMPARE(sessione::ArchivioCliCon, Archivio);
+    // Sound settings without these keys are those of an office that works beside the program.
+    ScriviFile(Scena::FileImpostazioni(), Prima);
+    ImpostaVariabili();
+    QCOMPARE(sessione::ArchivioCliCon, T->Programma + u"DatiStudio.mdb"_s);
+    QCOMPARE(sessione::ParcellePath, T->Programma);
+}
+
+void TestImpostazioniGuasteAllAvvio::unPercorsoDiRipiegoNonSiConserva()
+{
+    Rovina(Scena::FileImpostazioni(), Svuotato);
+    Registratore Box;
+    Box.Tollera();
+    Main(u"-low"_s);
+    T->Apri(0);
+    const QString Scelta = NuovaCartella();
+    T->Campo(u"txtParcellePath"_s)->setText(Scelta);
+    QVERIFY(!T->Campo(u"txtArchivioCliCon"_s)->text().isEmpty());
+    Memorizza();
+    QCOMPARE(Box.UltimoTesto(), u"Le impostazioni sono state memorizzate!"_s);
+    QCOMPARE(Scena::Parametro(u"ArchivioCliCon"_s), QString());
+    QCOMPARE(Scena::Parametro(u"ParcellePath"_s), Scelta);
+    // What a sound file does not hold is stored as it is shown, as ever.
+    T->Premi(u"cmdSaveImpost"_s);
+    QCOMPARE(Scena::Parametro(u"ArchivioCliCon"_s), T->Campo(u"txtArchivioCliCon"_s)->text());
 }
 
 void TestImpostazioniGuasteAllAvvio::unPrimoUsoNonDiceNulla()
