@@ -24,6 +24,7 @@
 #include "core/settings/ui_frmSetup.h"
 
 #include <QKeyEvent>
+#include <QSet>
 #include <QShortcut>
 #include <QTabBar>
 
@@ -382,18 +383,18 @@ void frmSetup::SalvaValori()
 {
     Documenti->ConservaLogo();
     const ValoriScheda Tutti = Valori();
-    QMap<QString, QString> Scritti;
+    QSet<QString> Lasciate;
     const auto SiScrive = [&](const QString& Chiave, const QString& Ora) {
-        const QString Nome = Chiave.toLower();
-        const QString Valore = ValoreDi(Tutti, Chiave).value_or(QString());
-        if (ValoreDi(Letti, Chiave) == Valore && Ora != Conservati.value(Nome))
-            return false;
-        Scritti[Nome] = Valore;
-        return true;
+        if (ValoreDi(Letti, Chiave) != ValoreDi(Tutti, Chiave) || Ora == Conservati.value(Chiave.toLower()))
+            return true;
+        Lasciate.insert(Chiave);
+        return false;
     };
     // In one write: a failure in the middle would leave half of them.
     SalvaImpostazioni(Tutti, SiScrive);
-    Conservati.insert(Scritti);
+    for (const auto& [Chiave, Valore] : Tutti)
+        if (!Lasciate.contains(Chiave))
+            Conservati[Chiave.toLower()] = Valore;
 }
 
 void frmSetup::SegueArchivio()

@@ -161,10 +161,11 @@ void SaveSettings(const QString& Applicazione, const QString& Sezione,
     try {
         Cambia(File, SeGuasto::Conserva, [&](const QByteArray& Prima) {
             QList<std::pair<QString, QString>> Da = Valori;
-            if (SiScrive)
+            // What a store has lost meanwhile nobody has stored in it.
+            if (SiScrive && DannoDelDeposito(Prima) == DannoDeposito::Nessuno)
                 Da.removeIf([&](const auto& Voce) {
-                    return !SiScrive(Voce.first,
-                                     ValoreDelDeposito(Prima, Sezione, Voce.first).value_or(QString()));
+                    const auto Ora = ValoreDelDeposito(Prima, Sezione, Voce.first);
+                    return Ora && !SiScrive(Voce.first, *Ora);
                 });
             return ConValoriNelDeposito(Prima, Sezione, Da);
         });

@@ -38,8 +38,8 @@ void SaveSetting(const QString& Applicazione, const QString& Sezione, const QStr
 
 /// The same for several keys and their texts, in one write: either all of them are stored or none is.
 /// @throws Errore 75 when the store cannot be written; every key is as before then
-/// @param SiScrive is asked of each key with the text that the store holds now, empty where none is; it
-/// touches no settings. Without it every key is written
+/// @param SiScrive is asked of each key that a sound store holds now, with its text; it touches no settings.
+/// Without it every key is written, and so is one that is missing, or that a damaged store has kept
 void SaveSettings(const QString& Applicazione, const QString& Sezione,
                   const QList<std::pair<QString, QString>>& Valori,
                   const std::function<bool(const QString& Chiave, const QString& Ora)>& SiScrive = {});

@@ -1,4 +1,5 @@
 #include "core/app/scena.h"
+#include "supporto/danni.h"
 
 #include <QLineEdit>
 #include <QScreen>
@@ -27,6 +28,8 @@ private Q_SLOTS:
     void memorizzaConUnaParcellaAperta();
     void memorizzaNonRiesce();
     void quelCheHaScrittoUnAltroResta();
+    void quelCheIlFileHaPersoTorna_data();
+    void quelCheIlFileHaPersoTorna();
     void ridisegnaLaScrivania();
     void modaleSiChiudeDopoAverMemorizzato();
     void modaleGiaApertaVieneDavanti();
@@ -276,6 +279,39 @@ void TestFrmSetup::quelCheHaScrittoUnAltroResta()
         // What both have changed is as the last one wants it.
         QCOMPARE(Scena::Parametro(u"StudioMail"_s), u"mio@studio.it"_s);
         QCOMPARE(Campo(u"txtIBAN"_s)->text(), u"IT02L1234512345123456789012"_s);
+    }
+}
+
+void TestFrmSetup::quelCheIlFileHaPersoTorna_data()
+{
+    QTest::addColumn<int>("Come");
+
+    for (const int Come : {Troncato, Svuotato, Mancante})
+        QTest::newRow(NomiDanni[size_t(Come)]) << Come;
+    QTest::newRow("another program's few lines") << int(Danni);
+}
+
+/// A file that is lost while the form is open takes nothing of what the form has on view with it.
+void TestFrmSetup::quelCheIlFileHaPersoTorna()
+{
+    QFETCH(int, Come);
+    Registratore Box;
+    Riempi();
+    Box.Attendi(Memorizzate);
+    Memorizza();
+    const QString File = Scena::FileImpostazioni();
+    if (Come == Danni)
+        ScriviFile(File, "[Parametri]\nstudiocitta=Pisa\n");
+    else
+        Rovina(File, Come);
+    for (int Volta = 0; Volta < 2; ++Volta) {
+        Box.Attendi(Memorizzate);
+        Memorizza();
+        for (const auto& [Nome, Chiave] : Chiavi)
+            QCOMPARE(Scena::Parametro(Chiave),
+                     Come == Danni && Chiave == u"StudioCitta" ? u"Pisa"_s : u"nuovo "_s + Chiave);
+        QCOMPARE(Scena::Parametro(u"PercorsoProcedura"_s), ProgrammaDiProva());
+        QCOMPARE(Scena::Parametro(u"CP"_s), u"4"_s);
     }
 }
 
