@@ -5,6 +5,7 @@
 #include "platform/base/nomidate.h"
 #include "platform/system/aparte.h"
 #include "platform/system/file.h"
+#include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
@@ -71,6 +72,32 @@ void LeggiParametri()
     Fase(u"fine impostazione variabili"_s);
 }
 
+/// What the user is to do; a file that cannot be read is none that a save could replace.
+QString ConsiglioPer(GuastoDeposito Guasto)
+{
+    const QString Ambiti = u"anche nei numeri, nelle cartelle e nell'archivio"_s;
+    const QString Memorizzarle =
+        u"Quel che vi manca vale come mai impostato: prima di stampare e di numerare fatture controllare le "
+        u"impostazioni, "_s +
+        Ambiti + u", e memorizzarle."_s;
+    const QString Inerti = u"Nessuna impostazione vale e nessuna si può memorizzare: "_s;
+    switch (Guasto) {
+    case GuastoDeposito::Vuoto:
+        return Memorizzarle;
+    case GuastoDeposito::Rovinato:
+        return Memorizzarle + u" Il file di ora resta accanto, con «.guasto» in fondo al nome."_s;
+    case GuastoDeposito::Illeggibile:
+        return Inerti +
+               u"rendere leggibile il file e riavviare il programma. Se invece lo si toglie, rifare "
+               u"le impostazioni, "_s +
+               Ambiti + u'.';
+    case GuastoDeposito::Cartella:
+        return Inerti + u"togliere la cartella, riavviare il programma e rifare le impostazioni, "_s +
+               Ambiti + u'.';
+    }
+    return {};
+}
+
 }  // namespace
 
 void ImpostaVariabili()
@@ -81,14 +108,11 @@ void ImpostaVariabili()
 bool AvvisaImpostazioniGuaste()
 {
     const QString Frase = FraseImpostazioniGuaste();
-    if (Frase.isEmpty())
+    const std::optional<GuastoDeposito> Guasto = GenereDelGuasto(NomeApplicazione.toString());
+    if (Frase.isEmpty() || !Guasto)
         return false;
     ImpostazioniGuasteDette();
-    MsgErrore(Frase +
-              u".\nQuel che vi manca vale come mai impostato: prima di stampare e di numerare fatture "
-              u"controllare le impostazioni, anche nei numeri, nelle cartelle e nell'archivio, e "
-              u"memorizzarle. Il file di ora resta "
-              u"accanto, con «.guasto» in fondo al nome."_s);
+    MsgErrore(Frase + u".\n"_s + ConsiglioPer(*Guasto));
     return true;
 }
 

@@ -39,6 +39,30 @@ QString Dice(DannoDeposito Danno)
     return {};
 }
 
+struct Diagnosi
+{
+    GuastoDeposito Genere;
+    QString Come;  ///< behind the name of the file
+};
+
+/// None for a sound store, and where there is none.
+std::optional<Diagnosi> Esamina(const QString& File)
+{
+    if (EsisteCartella(File))
+        return Diagnosi{GuastoDeposito::Cartella, u"non si legge: al suo posto c'è una cartella"_s};
+    if (!EsisteFile(File))
+        return std::nullopt;
+    try {
+        const DannoDeposito Danno = DannoDelDeposito(LeggiDeposito(File));
+        if (Danno == DannoDeposito::Nessuno)
+            return std::nullopt;
+        return Diagnosi{Danno == DannoDeposito::Vuoto ? GuastoDeposito::Vuoto : GuastoDeposito::Rovinato,
+                        Dice(Danno)};
+    } catch (const Errore& Guasto) {
+        return Diagnosi{GuastoDeposito::Illeggibile, u"non si legge: "_s + Guasto.Descrizione};
+    }
+}
+
 /// A damaged store stays beside the one that takes its place: a number or a text can be looked up there.
 void Conserva(const QString& File, const QByteArray& Prima)
 {
@@ -110,19 +134,16 @@ QString PercorsoImpostazioni(const QString& Applicazione)
 std::optional<Errore> GuastoImpostazioni(const QString& Applicazione)
 {
     const QString File = PercorsoImpostazioni(Applicazione);
-    const auto Detto = [&](const QString& Come) {
-        return Errore(errori::Accesso, u"Il file delle impostazioni %1 "_s.arg(File) + Come);
-    };
-    if (EsisteCartella(File))
-        return Detto(u"non si legge: al suo posto c'è una cartella"_s);
-    if (!EsisteFile(File))
+    const std::optional<Diagnosi> Guasto = Esamina(File);
+    if (!Guasto)
         return std::nullopt;
-    try {
-        const DannoDeposito Danno = DannoDelDeposito(LeggiDeposito(File));
-        return Danno == DannoDeposito::Nessuno ? std::nullopt : std::optional(Detto(Dice(Danno)));
-    } catch (const Errore& Guasto) {
-        return Detto(u"non si legge: "_s + Guasto.Descrizione);
-    }
+    return Errore(errori::Accesso, u"Il file delle impostazioni %1 "_s.arg(File) + Guasto->Come);
+}
+
+std::optional<GuastoDeposito> GenereDelGuasto(const QString& Applicazione)
+{
+    const std::optional<Diagnosi> Guasto = Esamina(PercorsoImpostazioni(Applicazione));
+    return Guasto ? std::optional(Guasto->Genere) : std::nullopt;
 }
 
 QString GetSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,

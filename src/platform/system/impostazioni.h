@@ -13,6 +13,14 @@
 
 struct Errore;
 
+/// What is wrong with a store, for the advice about it.
+enum class GuastoDeposito {
+    Vuoto,        ///< what is stored takes its place
+    Rovinato,     ///< the same, and a copy stays beside it
+    Illeggibile,  ///< nothing can be stored in its place
+    Cartella,     ///< the same
+};
+
 /// The file of an application's settings, full path; it need not be there yet.
 [[nodiscard]] QString PercorsoImpostazioni(const QString& Applicazione);
 
@@ -20,6 +28,8 @@ struct Errore;
 /// cannot be read, it is empty or cut short. The description is one sentence with its path. None for a sound
 /// store, and where there is none, as before a first use.
 [[nodiscard]] std::optional<Errore> GuastoImpostazioni(const QString& Applicazione);
+/// The same as one of few cases.
+[[nodiscard]] std::optional<GuastoDeposito> GenereDelGuasto(const QString& Applicazione);
 
 /// The stored text, or the default when the key is missing or the store cannot be read.
 [[nodiscard]] QString GetSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,

@@ -21,6 +21,8 @@ private Q_SLOTS:
     void cleanup();
     void unaFraseEPoiSiPuoSalvare_data();
     void unaFraseEPoiSiPuoSalvare();
+    void ilConsiglioEQuelloDelDanno_data();
+    void ilConsiglioEQuelloDelDanno();
     void archivioENoteRestanoQuelliDelPrimoUso_data() { unaFraseEPoiSiPuoSalvare_data(); }
     void archivioENoteRestanoQuelliDelPrimoUso();
     void unPercorsoDiRipiegoNonSiConserva();
@@ -105,6 +107,54 @@ void TestImpostazioniGuasteAllAvvio::unaFraseEPoiSiPuoSalvare()
     QCOMPARE(EsisteFile(File + u".guasto"_s), !Rovinato.isEmpty());
     if (!Rovinato.isEmpty())
         QCOMPARE(LeggiFile(File + u".guasto"_s), Rovinato);
+}
+
+void TestImpostazioniGuasteAllAvvio::ilConsiglioEQuelloDelDanno_data()
+{
+    QTest::addColumn<int>("Come");
+    QTest::addColumn<QByteArray>("Testo");  // in the file's place, where that is the damage
+    QTest::addColumn<QString>("Frase");
+    QTest::addColumn<QString>("Consiglio");
+
+    const QString Memorizzarle =
+        u"Quel che vi manca vale come mai impostato: prima di stampare e di numerare fatture controllare le "
+        u"impostazioni, anche nei numeri, nelle cartelle e nell'archivio, e memorizzarle."_s;
+    const QString Copia = u" Il file di ora resta accanto, con «.guasto» in fondo al nome."_s;
+    const QString Leggibile =
+        u"Nessuna impostazione vale e nessuna si può memorizzare: rendere leggibile il file e riavviare il "
+        u"programma. Se invece lo si toglie, rifare le impostazioni, anche nei numeri, nelle cartelle e "
+        u"nell'archivio."_s;
+    QTest::newRow("cut in half") << int(Troncato) << QByteArray() << u"è troncato"_s << Memorizzarle + Copia;
+    QTest::newRow("something else") << int(Danni) << "altro"_ba << u"è danneggiato"_s << Memorizzarle + Copia;
+    QTest::newRow("emptied") << int(Svuotato) << QByteArray() << u"è vuoto"_s << Memorizzarle;
+    QTest::newRow("too large") << int(Danni) << QByteArray(5 << 20, 'x')
+                               << u"non si legge: "_s + DescrizioneErrore(7) << Leggibile;
+    if (DanniVisibili().contains(Illeggibile))
+        QTest::newRow("without permission")
+            << int(Illeggibile) << QByteArray() << u"non si legge: "_s + DescrizioneErrore(75) << Leggibile;
+    QTest::newRow("a folder in its place")
+        << int(Cartella) << QByteArray() << u"non si legge: al suo posto c'è una cartella"_s
+        << u"Nessuna impostazione vale e nessuna si può memorizzare: togliere la cartella, riavviare il programma e rifare le impostazioni, anche nei numeri, nelle cartelle e nell'archivio."_s;
+}
+
+void TestImpostazioniGuasteAllAvvio::ilConsiglioEQuelloDelDanno()
+{
+    QFETCH(int, Come);
+    QFETCH(QByteArray, Testo);
+    QFETCH(QString, Frase);
+    QFETCH(QString, Consiglio);
+    const QString File = Scena::FileImpostazioni();
+    if (Testo.isEmpty())
+        Rovina(File, Come);
+    else
+        ScriviFile(File, Testo);
+    Registratore Box;
+    Box.Attendi(u"Il file delle impostazioni %1 %2.\n%3"_s.arg(File, Frase, Consiglio), vbOK, u"Errore:"_s);
+    QVERIFY(AvvisaImpostazioniGuaste());
+    // The advice can be followed: what it says of a save is so.
+    const bool SiSalva = Consiglio.contains(u"memorizzarle"_s);
+    QCOMPARE(NumeroErrore([] { SalvaImpostazioni({{u"a"_s, u"1"_s}}); }), SiSalva ? 0 : 75);
+    QCOMPARE(EsisteFile(File + u".guasto"_s), Consiglio.contains(u".guasto"_s));
 }
 
 /// The paths were in the file: the ones beside the program would be another archive, and no note.
