@@ -287,6 +287,11 @@ QByteArray FineRigaDelDeposito(const QByteArray& Deposito)
 constexpr QByteArrayView Inizio = "; L'ultima riga, \"; fine\", dice che queste impostazioni sono intere";
 constexpr QByteArrayView Fine = "; fine";
 
+bool Piena(const Riga& Letta)
+{
+    return Letta.Intera != MarcaUtf8 && !SenzaBianchi(Letta.Intera).trimmed().isEmpty();
+}
+
 bool Dice(const Riga& Letta, QByteArrayView Segno)
 {
     return SenzaBianchi(Letta.Intera).trimmed() == Segno;
@@ -297,11 +302,13 @@ bool Dice(const Riga& Letta, QByteArrayView Segno)
 DannoDeposito DannoDelDeposito(const QByteArray& Deposito)
 {
     bool Pieno = false;
+    bool Estranee = false;
     bool Sezioni = false;
     bool Cominciato = false;
     bool Finito = false;
     ScorriRighe(Deposito, [&](const Riga& Letta) {
-        Pieno = Pieno || (Letta.Intera != MarcaUtf8 && !SenzaBianchi(Letta.Intera).trimmed().isEmpty());
+        Pieno = Pieno || Piena(Letta);
+        Estranee = Estranee || (Piena(Letta) && !Dice(Letta, Inizio) && !Dice(Letta, Fine));
         Sezioni = Sezioni || Letta.Titolo;
         Cominciato = Cominciato || Dice(Letta, Inizio);
         Finito = Finito || Dice(Letta, Fine);
@@ -310,7 +317,8 @@ DannoDeposito DannoDelDeposito(const QByteArray& Deposito)
         return DannoDeposito::Vuoto;
     if (Cominciato && !Finito)
         return DannoDeposito::Troncato;
-    return Sezioni ? DannoDeposito::Nessuno : DannoDeposito::Estraneo;
+    const bool Solo = Cominciato && !Estranee;  // a whole store that holds nothing yet
+    return Sezioni || Solo ? DannoDeposito::Nessuno : DannoDeposito::Estraneo;
 }
 
 QByteArray DepositoIntero(const QByteArray& Deposito)

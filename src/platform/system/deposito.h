@@ -29,7 +29,7 @@
 enum class DannoDeposito {
     Nessuno,
     Vuoto,     ///< nothing, or blanks: what is written holds a text at least
-    Estraneo,  ///< no section
+    Estraneo,  ///< no section, and more than the two comments
     Troncato,  ///< the first comment without the last
 };
 [[nodiscard]] DannoDeposito DannoDelDeposito(const QByteArray& Deposito);

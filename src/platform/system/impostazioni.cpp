@@ -93,7 +93,8 @@ void Cambia(const QString& File, SeGuasto Che, const std::function<QByteArray(co
             throw Errore(errori::Accesso,
                          u"il file "_s + Dice(Danno) + u", occorre memorizzare di nuovo le impostazioni"_s);
         const QByteArray Nuovo = Dopo(Prima);
-        if (Nuovo == Prima && EsisteFile(File))
+        // No file is made for nothing.
+        if (Nuovo == Prima && (EsisteFile(File) || Nuovo.isEmpty()))
             return;
         if (Danno != DannoDeposito::Nessuno)
             Conserva(File, Prima);

@@ -21,6 +21,9 @@ private Q_SLOTS:
     void init();
     void ogniTaglioSiVede();
     void chiNonHaMaiSalvatoNonHaGuasti();
+    void nienteDaScrivereNonFaUnFile();
+    void iDueCommentiDaSoli_data();
+    void iDueCommentiDaSoli();
     void scrittaAMano_data();
     void scrittaAMano();
     void danni_data();
@@ -63,6 +66,38 @@ void TestImpostazioniGuaste::chiNonHaMaiSalvatoNonHaGuasti()
     QVERIFY(!GuastoImpostazioni(App));
     QCOMPARE(PrendiNumero(App, Sezione, u"ProgTrasm"_s, 99), 1);
     QVERIFY(!GuastoImpostazioni(App));
+}
+
+void TestImpostazioniGuaste::nienteDaScrivereNonFaUnFile()
+{
+    MutaSetting(App, Sezione, u"a"_s, [](const QString& Era) { return Era; });
+    SaveSettings(App, Sezione, {});
+    QVERIFY(!EsisteFile(File));
+    QVERIFY(!GuastoImpostazioni(App));
+}
+
+void TestImpostazioniGuaste::iDueCommentiDaSoli_data()
+{
+    QTest::addColumn<QByteArray>("Attorno");
+    QTest::addColumn<bool>("Guasto");
+
+    QTest::newRow("alone") << QByteArray() << false;
+    QTest::newRow("with blank lines") << " \n\t\r\n"_ba << false;
+    QTest::newRow("with something else") << "altro\n"_ba << true;
+}
+
+/// A store that holds nothing is a whole one.
+void TestImpostazioniGuaste::iDueCommentiDaSoli()
+{
+    QFETCH(QByteArray, Attorno);
+    QFETCH(bool, Guasto);
+    SaveSetting(App, Sezione, u"a"_s, u"1"_s);
+    const QByteArrayList Righe = LeggiFile(File).split('\n');
+    QVERIFY(Righe.size() > 3);
+    ScriviFile(File, Righe[0] + '\n' + Attorno + Righe[Righe.size() - 2] + '\n');
+    QCOMPARE(GuastoImpostazioni(App).has_value(), Guasto);
+    if (!Guasto)
+        QCOMPARE(PrendiNumero(App, Sezione, u"ProgTrasm"_s, 99), 1);
 }
 
 void TestImpostazioniGuaste::scrittaAMano_data()
