@@ -1,5 +1,7 @@
 #include "feenote/modCronologia.h"
 
+#include "feenote/modParti.h"
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -64,6 +66,7 @@ bool ComeInFile(const Parcella& Nota, const std::optional<Parcella>& InFile)
     if (!Nota.Percorso.isEmpty())
         Copia.Percorso = Nota.Percorso;
     RiportaSocio(Copia, Nota);
+    Copia.ArchivioNonLetto = Nota.ArchivioNonLetto;  // told otherwise it is still the same note
     return Copia == Nota;
 }
 
@@ -258,10 +261,13 @@ void Cronologia::Allinea(const Parcella& Nota)
 }
 
 /// A note without changes of which another document is looked at is still what its file holds, though the
-/// document brings its own ticks.
+/// document brings its own ticks; so is one to which the archive has given the client.
 void Cronologia::SegueDocumento(const Parcella& Nota)
 {
-    if (InFile && !Nota.Modificata && AltroDocumento(*InFile, Nota))
+    if (!InFile || Nota.Modificata)
+        return;
+    const bool Riletta = InFile->ArchivioNonLetto && !Nota.ArchivioNonLetto;
+    if (Riletta || AltroDocumento(*InFile, Nota))
         InFile = Nota;
 }
 
@@ -321,7 +327,11 @@ bool Cronologia::Passa(Parcella& Nota, QList<Passo>& Da, QList<Passo>& A)
     Passo Preso = Da.takeLast();
     A.append({Preso.Nome, Nota, Preso.Rimessa});
     Riporta(Preso.Nota, Nota);
+    const bool SiLegge = !Nota.ArchivioNonLetto;
     Nota = std::move(Preso.Nota);
+    // No step leads back to a client without his address, once the archive has given it.
+    if (SiLegge && Nota.ArchivioNonLetto && RiprovaTenuta(Nota) && InFile)
+        (void)RiprovaTenuta(*InFile);
     ::SetModificata(Nota, !ComeInFile(Nota, InFile));
     Allinea(Nota);
     return true;

@@ -47,7 +47,8 @@ public:
     /// The same for the next step forward.
     [[nodiscard]] QString NomeRipeti() const;
 
-    /// Takes a step back, or does it again. The mark of unsaved changes goes only where ESalvata is true.
+    /// Takes a step back, or does it again. The mark of unsaved changes goes only where ESalvata is true. A
+    /// step of when the archive of clients could not be read gets from it what it lacks.
     /// @return false when there is none
     bool Annulla(Parcella& Nota);
     bool Ripeti(Parcella& Nota);

@@ -291,6 +291,20 @@ bool RiprovaArchivio(Parcella& Nota)
     return !Nota.ArchivioNonLetto || ComponiSeSiLegge(Nota);
 }
 
+bool RiprovaTenuta(Parcella& Tenuta)
+{
+    if (!Tenuta.ArchivioNonLetto)
+        return true;
+    try {
+        if (Tenuta.IDCli <= 0 || CercaCliente(Tenuta.IDCli))
+            return ComponiSeSiLegge(Tenuta);
+    } catch (const ArchivioIlleggibile&) {
+        return false;
+    }
+    Tenuta.ArchivioNonLetto.reset();
+    return true;
+}
+
 void RiceviDaRubrica(Parcella& Nota, const QString& Parola, int Chiave, const QString& Nome)
 {
     const auto Chiesta = std::ranges::find(VociRubrica, Parola, &VoceRubrica::Parola);

@@ -96,7 +96,7 @@ bool SchedaStampa::RileggiArchivio()
     if (!Nota.ArchivioNonLetto)
         return true;
     const bool Letto = RiprovaArchivio(Nota);
-    Cornice.Riordinata();  // no step leads back to a client without his address
+    Cornice.Riordinata();  // what the archive has given is no step of the user's
     Cornice.MostraTutto();
     return Letto;
 }

@@ -29,6 +29,7 @@ private Q_SLOTS:
     void cleanup();
     void nienteEsceFinoAlRitorno_data();
     void nienteEsceFinoAlRitorno();
+    void nessunPassoRiportaSenzaIndirizzo();
     void ilBloccoScrittoEsce();
     void laFatturaElettronicaLoDice();
 
@@ -145,6 +146,42 @@ void TestArchivioChiuso::nienteEsceFinoAlRitorno()
     QCOMPARE(vp->Avviso(), QString());
     QVERIFY(!F->Nota.Modificata);
     QVERIFY(!Esportato().isEmpty());
+}
+
+/// A step of when the archive was shut leads to the client that the archive has given since, and to a note
+/// without changes.
+void TestArchivioChiuso::nessunPassoRiportaSenzaIndirizzo()
+{
+    Scrivi(StampaFatturaAnalitica);
+    Chiudi(Svuotato);
+    T->Voce.Tollera();
+    F = T->Apri(Nota);
+    QVERIFY(F);
+    vp = Controllo<VistaStampa>(F, "vp");
+    const QString Prima = F->Nota.txtOggetto.Testo;
+    ::Scrivi(Controllo<QLineEdit>(F, "txtOggetto"), u"Altro oggetto"_s);
+    Riapri();
+    ClicScheda(F, SchedaDiStampa);
+    QVERIFY2(Pagine().contains(u"Via Larga 3"_s), qPrintable(Pagine()));
+    QVERIFY(F->Nota.Modificata);
+
+    T->Voce.Sparecchia();
+    Clic(Controllo(F, "cmdAnnulla"));
+    Respiro();
+    QCOMPARE(F->Nota.txtOggetto.Testo, Prima);
+    QVERIFY2(Pagine().contains(u"Via Larga 3"_s), qPrintable(Pagine()));
+    QCOMPARE(vp->Avviso(), QString());
+    QVERIFY(!F->Nota.Modificata);
+    Clic(Controllo(F, "cmdRipeti"));
+    Respiro();
+    QCOMPARE(F->Nota.txtOggetto.Testo, u"Altro oggetto"_s);
+    QVERIFY2(Pagine().contains(u"Via Larga 3"_s), qPrintable(Pagine()));
+    QVERIFY(F->Nota.Modificata);
+    Clic(Controllo(F, "cmdAnnulla"));
+    Respiro();
+    QVERIFY(!F->Nota.Modificata);
+    QVERIFY(!F->Nota.ArchivioNonLetto);
+    QCOMPARE(T->Voce.Mostrati().size(), 0);
 }
 
 /// What the user words himself comes from nowhere else.
