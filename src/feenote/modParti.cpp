@@ -134,16 +134,18 @@ bool SenzaNome(const Parcella& Nota, ParteNota Parte)
     return LegameParte(Nota, Parte) > 0 && ParteScritta(Nota, Parte).Testo.isEmpty();
 }
 
-/// What prints comes from the archive: a name, the wording of the client, or who he is to an agreement.
+/// What prints comes from the archive: a name, the wording of the client, or who he is to an agreement. A
+/// client whom the user has worded needs no name.
 bool ServeArchivio(const Parcella& Nota)
 {
-    if (SenzaNome(Nota, ParteNota::Cliente) || SenzaNome(Nota, ParteNota::Controparte))
-        return true;
     const FormaBlocco Forma = FormaDelBlocco(Nota);
+    const bool Scritto = BloccoScritto(Nota, Forma).has_value();
+    if ((SenzaNome(Nota, ParteNota::Cliente) && !Scritto) || SenzaNome(Nota, ParteNota::Controparte))
+        return true;
     if (Nota.IDCli <= 0 || Forma == FormaBlocco::Nessuna)
         return false;
     const bool Incarico = TipoDi(Nota.cmbTipoStampa).Pannello == PannelloStampa::Incarico;
-    return (Incarico && Nota.ContrTipoDi != Nota.IDCli) || !BloccoScritto(Nota, Forma);
+    return (Incarico && Nota.ContrTipoDi != Nota.IDCli) || !Scritto;
 }
 
 /// What the user has written himself waits for no archive.
@@ -153,18 +155,50 @@ void NonAspetta(Parcella& Nota)
         Nota.ArchivioNonLetto.reset();
 }
 
-/// The name of a party that could not be read when the note was made. @throws ArchivioIlleggibile
-void RileggiNome(Parcella& Nota, ParteNota Parte)
+/// The archive was read in vain: what the parties were called then is what the user may have changed since.
+void TieniGuasto(Parcella& Nota, const Errore& Guasto)
 {
-    const int Chiave = LegameParte(Nota, Parte);
+    const bool Prima = Nota.ArchivioNonLetto.has_value();
+    Nota.ArchivioNonLetto = {Guasto.Numero, Guasto.Descrizione,
+                             Prima ? Nota.ArchivioNonLetto->Cliente : Nota.txtCliente.Testo,
+                             Prima ? Nota.ArchivioNonLetto->Controparte : Nota.txtControp.Testo};
+}
+
+/// The name comes later than it would have at the opening, and marks nothing. What the user has written
+/// meanwhile stays, in the box and in the print.
+void RiceviNome(Parcella& Nota, ParteNota Parte, const QString& Nome, const QString& Prima)
+{
+    const VoceParte& Dati = Voce(Parte);
+    QString& Scritta = (Nota.*Dati.Scritta).Testo;
+    Nota.*Dati.Legato = Nome.isEmpty() ? Scritta : Nome;
+    if (Nome.isEmpty() || Scritta != Prima)
+        return;
+    if ((Nota.*Dati.Stampata).Testo == Scritta && !(Dati.Svuotata && Nota.*Dati.Svuotata))
+        ScriviStampata(Nota, Parte, Nome);
+    Scritta = Nome;
+}
+
+/// The names that could not be read when the note was opened or made.
+/// @param Dillo of a party that the archive lacks the user is told
+/// @return false where it lacks the client
+/// @throws ArchivioIlleggibile
+bool RileggiNomi(Parcella& Nota, bool Dillo)
+{
     const bool Nuova = Nota.Percorso.isEmpty();
-    const std::optional<QString> Nome =
-        Parte == ParteNota::Cliente ? CercaCliente(Chiave)
-                                    : CercaControparte(Chiave, Nuova ? u"Nominativo"_s : u"Controp"_s);
-    if (!Nome && Parte == ParteNota::Cliente)
+    const int Cliente = LegameParte(Nota, ParteNota::Cliente);
+    const int Controparte = LegameParte(Nota, ParteNota::Controparte);
+    const auto NomeCliente = Cliente > 0 ? CercaCliente(Cliente) : std::nullopt;
+    const auto NomeControparte = Controparte > 0
+                                     ? CercaControparte(Controparte, Nuova ? u"Nominativo"_s : u"Controp"_s)
+                                     : std::nullopt;
+    const GuastoTenuto Prima = Nota.ArchivioNonLetto.value_or(GuastoTenuto());
+    if (NomeCliente && Nota.NomeCli.isEmpty())
+        RiceviNome(Nota, ParteNota::Cliente, *NomeCliente, Prima.Cliente);
+    if (NomeControparte && Nota.NomeCon.isEmpty())
+        RiceviNome(Nota, ParteNota::Controparte, *NomeControparte, Prima.Controparte);
+    if (Dillo && Cliente > 0 && !NomeCliente)
         MsgErrore(u"Il cliente associato alla parcella non è stato trovato!"_s);
-    else if (Nome && !Nome->isEmpty())
-        Lega(Nota, Parte, Chiave, *Nome);
+    return Cliente <= 0 || NomeCliente;
 }
 
 /// @throws ArchivioIlleggibile
@@ -180,19 +214,21 @@ void Componi(Parcella& Nota)
         GetDatiStaCli(Nota, Forma);
 }
 
+/// @param Dillo of a client that the archive lacks the user is told, who was told of the archive before
 /// @return false where the archive cannot be read
-bool ComponiSeSiLegge(Parcella& Nota)
+bool ComponiSeSiLegge(Parcella& Nota, bool Dillo = true)
 {
     try {
-        if (Nota.ArchivioNonLetto)
-            for (const ParteNota Parte : {ParteNota::Cliente, ParteNota::Controparte})
-                if (SenzaNome(Nota, Parte))
-                    RileggiNome(Nota, Parte);
-        Componi(Nota);
+        const bool Aspettava = Nota.ArchivioNonLetto.has_value();
+        // A client whom the user has worded for one document has no name for the next.
+        const bool Rileggi = Aspettava || (SenzaNome(Nota, ParteNota::Cliente) && ServeArchivio(Nota));
+        const bool Trovato = !Rileggi || RileggiNomi(Nota, Dillo && Aspettava);
+        if (Trovato || BloccoScritto(Nota, FormaDelBlocco(Nota)))
+            Componi(Nota);
         Nota.ArchivioNonLetto.reset();
         return true;
     } catch (const ArchivioIlleggibile& Guasto) {
-        Nota.ArchivioNonLetto = {Guasto.Numero, Guasto.Descrizione};
+        TieniGuasto(Nota, Guasto);
         return false;
     }
 }
@@ -282,7 +318,7 @@ void RicomponiBlocco(Parcella& Nota)
 
 void SegnaNonLetto(Parcella& Nota, const Errore& Guasto)
 {
-    Nota.ArchivioNonLetto = {Guasto.Numero, Guasto.Descrizione};
+    TieniGuasto(Nota, Guasto);
     NonAspetta(Nota);
 }
 
@@ -293,16 +329,7 @@ bool RiprovaArchivio(Parcella& Nota)
 
 bool RiprovaTenuta(Parcella& Tenuta)
 {
-    if (!Tenuta.ArchivioNonLetto)
-        return true;
-    try {
-        if (Tenuta.IDCli <= 0 || CercaCliente(Tenuta.IDCli))
-            return ComponiSeSiLegge(Tenuta);
-    } catch (const ArchivioIlleggibile&) {
-        return false;
-    }
-    Tenuta.ArchivioNonLetto.reset();
-    return true;
+    return !Tenuta.ArchivioNonLetto || ComponiSeSiLegge(Tenuta, false);
 }
 
 void RiceviDaRubrica(Parcella& Nota, const QString& Parola, int Chiave, const QString& Nome)

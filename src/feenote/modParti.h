@@ -43,8 +43,9 @@ void RicomponiBlocco(Parcella& Nota);
 /// The archive of clients could not be read for one of the note's links. Nothing is left to wait for where
 /// what prints does not come from there.
 void SegnaNonLetto(Parcella& Nota, const Errore& Guasto);
-/// Reads once more what the archive has not given, and tells nobody where it still does not; nothing while it
-/// has given all.
+/// Reads once more what the archive has not given, the names as at the opening and the client's wording, and
+/// tells nobody where it still does not; nothing while it has given all. What the user has written meanwhile
+/// stays, and the note is not marked as changed.
 /// @return false while something is missing
 bool RiprovaArchivio(Parcella& Nota);
 /// The same for a record that is kept of a note: of a client that the archive lacks nothing is said, since the

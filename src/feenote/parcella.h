@@ -146,11 +146,12 @@ struct AumentoSalvato
     friend bool operator==(const AumentoSalvato&, const AumentoSalvato&) = default;
 };
 
-/// What kept something from being read, as Errore has it.
+/// What kept the archive of clients from being read, as Errore has it, and what the parties were called then.
 struct GuastoTenuto
 {
     int Numero = 0;
     QString Descrizione;
+    QString Cliente, Controparte;
 
     friend bool operator==(const GuastoTenuto&, const GuastoTenuto&) = default;
 };

@@ -45,6 +45,7 @@ private Q_SLOTS:
     void mentreSiDiceNonSiCompone();
     void senzaArchivio_data();
     void senzaArchivio();
+    void ilBloccoScrittoResta();
     void ilRiferimentoFaLaSessione();
     void delSoloRiferimentoNonSiSceglieNulla_data();
     void delSoloRiferimentoNonSiSceglieNulla();
@@ -288,6 +289,40 @@ void TestRichiestaApplicata::senzaArchivio()
     QCOMPARE(Nota.txtControp.Testo, u"Neri Carlo"_s);
     QVERIFY(!Nota.ArchivioNonLetto);
     QCOMPARE(Messaggi.Mostrati().size(), 2);
+}
+
+/// A client who is worded by the user waits for no archive. The names come with it, and his text stays.
+void TestRichiestaApplicata::ilBloccoScrittoResta()
+{
+    for (const bool Controparte : {false, true}) {
+        const Studio Ufficio;
+        sessione::RichiestaPV2 = Chiedi(0, 2, 0);
+        sessione::RichiestaPV2.IDCli = Ufficio.AggiungiCliente(u"Verdi Anna"_s);
+        if (Controparte)
+            sessione::RichiestaPV2.IDCon = Ufficio.AggiungiControparte(u"Neri Carlo"_s);
+        const QByteArray Sano = LeggiFile(sessione::ArchivioCliCon);
+        Rovina(sessione::ArchivioCliCon, Svuotato);
+        Registratore Messaggi;
+        Messaggi.Tollera();
+        Parcella Nota;
+        Apri(Nota);
+        ScegliDocumento(Nota, StampaPrenotula);
+        CambiaParteStampata(Nota, ParteNota::Cliente, u"Verdi Anna, Lucca"_s);
+        QCOMPARE(Nota.ArchivioNonLetto.has_value(), Controparte);
+        Nota.Modificata = false;
+
+        ScriviFile(sessione::ArchivioCliCon, Sano);
+        QVERIFY(RiprovaArchivio(Nota));
+        QCOMPARE(Nota.txtDatiStaCli.Testo, u"Verdi Anna, Lucca"_s);
+        QVERIFY(!Nota.Modificata);
+        QCOMPARE(Nota.txtControp.Testo, Controparte ? u"Neri Carlo"_s : QString());
+        QCOMPARE(Nota.txtCliente.Testo, Controparte ? u"Verdi Anna"_s : QString());
+
+        // Another form has no text of the user's: the archive words the client.
+        ScegliDocumento(Nota, StampaNotaGiudiziale);
+        QCOMPARE(Nota.txtCliente.Testo, u"Verdi Anna"_s);
+        QCOMPARE(Nota.txtDatiStaCli.Testo, u"Verdi Anna"_s);
+    }
 }
 
 void TestRichiestaApplicata::mentreSiDiceNonSiCompone()

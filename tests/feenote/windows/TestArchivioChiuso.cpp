@@ -30,6 +30,7 @@ private Q_SLOTS:
     void nienteEsceFinoAlRitorno_data();
     void nienteEsceFinoAlRitorno();
     void nessunPassoRiportaSenzaIndirizzo();
+    void ilRitornoDaINomi();
     void ilBloccoScrittoEsce();
     void laFatturaElettronicaLoDice();
 
@@ -128,7 +129,8 @@ void TestArchivioChiuso::nienteEsceFinoAlRitorno()
     QVERIFY2(!Pagine().contains(u"Verdi"_s), qPrintable(Pagine()));
     QVERIFY(!vp->Avviso().isEmpty());
     // No answer is laid out for the dialogs of printer and file: one that came up would fail the test.
-    for (const char* Tasto : {"barPrint_print", "barPrint_pdf", "barPrint_invia", "barPrint_word"}) {
+    for (const char* Tasto :
+         {"barPrint_print", "barPrint_pdf", "barPrint_invia", "barPrint_word"}) {
         Premuto(Tasto);
         QVERIFY2(UnaSola(), Tasto);
     }
@@ -182,6 +184,35 @@ void TestArchivioChiuso::nessunPassoRiportaSenzaIndirizzo()
     QVERIFY(!F->Nota.Modificata);
     QVERIFY(!F->Nota.ArchivioNonLetto);
     QCOMPARE(T->Voce.Mostrati().size(), 0);
+}
+
+/// The archive gives the names that the opening would have had from it, and a note that nobody has worked on
+/// stays without changes.
+void TestArchivioChiuso::ilRitornoDaINomi()
+{
+    Scrivi(StampaFatturaAnalitica);
+    {
+        const Database Archivio = OpenDatabase(sessione::ArchivioCliCon);
+        Archivio.Execute(u"UPDATE Clienti SET Nominativo='Verdi Anna Maria'"_s);
+        Archivio.Execute(u"UPDATE Controparti SET Controp='Neri Carlo e figli'"_s);
+    }
+    Sano = LeggiFile(sessione::ArchivioCliCon);
+    Chiudi(Svuotato);
+    T->Voce.Tollera();
+    F = T->Apri(Nota);
+    QVERIFY(F);
+    vp = Controllo<VistaStampa>(F, "vp");
+    QCOMPARE(F->Nota.txtCliente.Testo, u"Verdi Anna"_s);
+    Riapri();
+    ClicScheda(F, SchedaDiStampa);
+    QCOMPARE(F->Nota.txtCliente.Testo, u"Verdi Anna Maria"_s);
+    QCOMPARE(F->Nota.NomeCli, u"Verdi Anna Maria"_s);
+    QCOMPARE(F->Nota.txtControp.Testo, u"Neri Carlo e figli"_s);
+    QCOMPARE(F->Nota.NomeCon, u"Neri Carlo e figli"_s);
+    QCOMPARE(F->Nota.txtDatiStaControp.Testo, u"Neri Carlo e figli"_s);
+    QVERIFY2(Pagine().contains(u"Verdi Anna Maria"_s), qPrintable(Pagine()));
+    QVERIFY(!F->Nota.Modificata);
+    QCOMPARE(T->Voce.Mostrati().size(), 1);
 }
 
 /// What the user words himself comes from nowhere else.
