@@ -61,8 +61,10 @@ void SchedaStampa::CollegaAnteprima()
     Barra->Aggiungi(u"pdf"_s, u"Salva in PDF"_s, [this] { SalvaPdf(); });
     Barra->Aggiungi(u"invia"_s, u"Invia per posta"_s, [this] { Invia(); });
     Barra->Aggiungi(u"word"_s, u"Esporta in Word"_s, [this] { EsportaDocumento(); });
-    cmdEditor =
-        Barra->Aggiungi(u"wp"_s, u"Avvia editor alternativo"_s, [this] { AvviaEditor(Cornice.Indice()); });
+    cmdEditor = Barra->Aggiungi(u"wp"_s, u"Avvia editor alternativo"_s, [this] {
+        if (SiCompone())  // the file would be another composition's
+            AvviaEditor(Cornice.Indice());
+    });
     Barra->addSeparator();
     cmdGuida = Barra->Aggiungi(u"help"_s, u"Guida contestuale"_s,
                                [this] { EseguiComando(u"guida"_s, Cornice.Indice(), {}); });

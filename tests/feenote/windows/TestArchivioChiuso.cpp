@@ -56,6 +56,7 @@ void TestArchivioChiuso::init()
 void TestArchivioChiuso::cleanup()
 {
     Altro.reset();
+    sessione::WP = u"-1"_s;
     Sgombra();
 }
 
@@ -106,6 +107,7 @@ void TestArchivioChiuso::nienteEsceFinoAlRitorno()
 {
     QFETCH(int, Come);
     const QScopedValueRollback Fretta(attese::BlocchiMs, 20);
+    sessione::WP = u"editor"_s;
     Scrivi(StampaFatturaAnalitica);
     Chiudi(Come);
     Registratore& Voce = T->Voce;
@@ -130,7 +132,7 @@ void TestArchivioChiuso::nienteEsceFinoAlRitorno()
     QVERIFY(!vp->Avviso().isEmpty());
     // No answer is laid out for the dialogs of printer and file: one that came up would fail the test.
     for (const char* Tasto :
-         {"barPrint_print", "barPrint_pdf", "barPrint_invia", "barPrint_word"}) {
+         {"barPrint_print", "barPrint_pdf", "barPrint_invia", "barPrint_word", "barPrint_wp"}) {
         Premuto(Tasto);
         QVERIFY2(UnaSola(), Tasto);
     }
