@@ -11,6 +11,7 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -60,6 +61,28 @@ QList<std::pair<QString, QString>> Righe(const TabellaRighe& Icone)
         ++Numero;
     }
     return Fatte;
+}
+
+/// Of a file whose numbers have a gap the icons behind it are not read, and the next write takes them out:
+/// whoever has written them finds them beside it.
+/// @return false when they can be kept nowhere
+bool ConservaOltreIlVuoto(const QString& File)
+{
+    try {
+        if (!EsisteFile(File))
+            return true;
+        const int Lette = LeggiIcone().Righe();
+        const QStringList Chiavi = ChiaviDellaSezione(Sezione, File);
+        const bool Oltre = std::ranges::any_of(Chiavi, [&](const QString& Chiave) {
+            return ChiaveDiIcona(Chiave) && Chiave.sliced(1).section(u'_', 0, 0).toLongLong() >= Lette &&
+                   !GetPrivateProfileString(Sezione, Chiave, {}, 2, File).isEmpty();
+        });
+        if (Oltre)
+            ConservaGuasto(File, LeggiFile(File));
+        return true;
+    } catch (const Errore&) {
+        return false;
+    }
 }
 
 /// What an opener answered. @throws Errore of that number, which names the target, unless it is 0
@@ -112,7 +135,8 @@ bool ScriviIconeUtente(const TabellaRighe& Icone, bool Cambiate)
     const QString Letto = FileIcone();
     if (Nuove.isEmpty() && !EsisteFile(Letto) && !EsisteCartella(Letto))
         return true;  // nothing to take out of it, and nothing to put into it
-    if (!Letto.isEmpty() && SostituisciChiavi(Sezione, ChiaveDiIcona, Nuove, Letto))
+    if (!Letto.isEmpty() && ConservaOltreIlVuoto(Letto) &&
+        SostituisciChiavi(Sezione, ChiaveDiIcona, Nuove, Letto))
         return true;
     if (!Cambiate)
         return false;  // a copy would keep from the user what is changed in the program folder later

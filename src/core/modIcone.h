@@ -26,7 +26,8 @@ inline TabellaRighe IconeUtente{ColonneIcona};
 void LeggiIconeUtente();
 
 /// Writes the icons in the place of those in the file, the one that LeggiIcone reads. Rows without label or
-/// target are left out, numbers have no gaps. No file is made for no icon.
+/// target are left out, numbers have no gaps. No file is made for no icon. A file that has icons behind a
+/// gap, which nobody reads, stays beside it, its name followed by ".guasto".
 /// @param Cambiate they are not those that were read: where the program folder refuses them they go into the
 /// user folder, whose file hides that one from then on
 /// @return false when no file could be written; the former ones are as they were

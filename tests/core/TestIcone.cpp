@@ -32,6 +32,8 @@ private Q_SLOTS:
     void nellaCartellaUtente();
     void rilegge();
     void scriveERilegge();
+    void quelCheStaOltreUnVuotoResta_data();
+    void quelCheStaOltreUnVuotoResta();
     void scriveSoloRigheIntere();
     void scriveDoveLegge_data();
     void scriveDoveLegge();
@@ -224,6 +226,41 @@ void TestIcone::scriveERilegge()
     QVERIFY(ScriviIconeUtente(Tabella({})));
     QVERIFY(LeggiIcone().Vuota());
     QVERIFY(Programma().contains("L0=resta"));
+}
+
+void TestIcone::quelCheStaOltreUnVuotoResta_data()
+{
+    QTest::addColumn<QByteArray>("Oltre");
+    QTest::addColumn<bool>("Copia");
+
+    QTest::newRow("none") << QByteArray() << false;
+    QTest::newRow("a missing number") << "L2=C\nL2_c=/c\nL2_i=c.gif\n"_ba << true;
+    QTest::newRow("small letters") << "l7_C=/c\n"_ba << true;
+    QTest::newRow("no picture") << "L1=B\nL1_c=/b\n"_ba << true;
+    QTest::newRow("no text") << "L1=\nL2_c= \n"_ba << false;
+    QTest::newRow("another key") << "largo=1\nL1_x=1\n"_ba << false;
+    QTest::newRow("another section") << "[altro]\nL1=B\n"_ba << false;
+}
+
+/// Icons that somebody has numbered by hand: they are not read, and the write takes them out.
+void TestIcone::quelCheStaOltreUnVuotoResta()
+{
+    QFETCH(QByteArray, Oltre);
+    QFETCH(bool, Copia);
+    const QString File = sessione::PercorsoProg + u"kr5.ini"_s;
+    const QByteArray Prima = "[desktop]\nL0=A\nL0_c=/a\nL0_i=a.gif\n" + Oltre;
+    ScriviFile(File, Prima);
+    QCOMPARE(LeggiIcone().Righe(), 1);
+    for (int Volta = 0; Volta < 2; ++Volta)
+        QVERIFY(ScriviIconeUtente(Tabella(Due)));
+    QCOMPARE(LeggiIcone(), Tabella(Due));
+    QCOMPARE(EsisteFile(File + u".guasto"_s), Copia);
+    if (Copia)
+        QCOMPARE(LeggiFile(File + u".guasto"_s), Prima);
+    QVERIFY(!EsisteFile(File + u".guasto2"_s));
+    // Fewer icons are no gap.
+    QVERIFY(ScriviIconeUtente(Tabella({Due[0]})));
+    QVERIFY(!EsisteFile(File + u".guasto2"_s));
 }
 
 void TestIcone::scriveSoloRigheIntere()

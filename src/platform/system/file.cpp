@@ -278,6 +278,17 @@ bool CreaFile(const QString& Percorso, const QByteArray& Contenuto, Lettori Chi)
     return Nuovo.PosaSeLibero();
 }
 
+void ConservaGuasto(const QString& Percorso, const QByteArray& Contenuto, Lettori Chi)
+{
+    const QString Accanto = Percorso + u".guasto"_s;
+    QString Copia = Accanto;
+    for (int n = 2; !CreaFile(Copia, Contenuto, Chi); ++n) {
+        if (EsisteFile(Copia) && LeggiFile(Copia) == Contenuto)
+            return;
+        Copia = Accanto + QString::number(n);
+    }
+}
+
 bool CopiaFile(const QString& Da, const QString& A, qint64 MassimoByte,
                const std::function<bool(qint64)>& Prosegui, Lettori Chi)
 {

@@ -81,6 +81,10 @@ void ScriviAppoggio(const QString& Percorso, const QByteArray& Contenuto, Lettor
 /// @return false when something of this very name is there. @throws Errore as ScriviFile
 bool CreaFile(const QString& Percorso, const QByteArray& Contenuto, Lettori Chi = Lettori::Tutti);
 
+/// Keeps what a file has held beside it, its name followed by ".guasto", and by a number from the second text
+/// on: none of these copies takes the place of another. @throws Errore as ScriviFile
+void ConservaGuasto(const QString& Percorso, const QByteArray& Contenuto, Lettori Chi = Lettori::Tutti);
+
 /// Copies a file piece by piece beside the place that it then takes. `Prosegui` is asked after each piece; a
 /// copy that it stops, as one that fails, leaves what was there.
 /// @return false when it was stopped. @throws Errore 53, 75, 57, 61 as reading and writing, 7 beyond

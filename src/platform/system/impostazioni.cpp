@@ -63,20 +63,6 @@ std::optional<Diagnosi> Esamina(const QString& File)
     }
 }
 
-/// A damaged store stays beside the one that takes its place: a number or a text can be looked up there.
-void Conserva(const QString& File, const QByteArray& Prima)
-{
-    if (Prima.trimmed().isEmpty())
-        return;
-    const QString Accanto = File + u".guasto"_s;
-    QString Copia = Accanto;
-    for (int n = 2; !CreaFile(Copia, Prima, Lettori::SoloUtente); ++n) {
-        if (EsisteFile(Copia) && LeggiFile(Copia) == Prima)
-            return;
-        Copia = Accanto + QString::number(n);
-    }
-}
-
 /// What is done about a damaged store.
 enum class SeGuasto { Conserva, Rifiuta };
 
@@ -96,8 +82,9 @@ void Cambia(const QString& File, SeGuasto Che, const std::function<QByteArray(co
         // No file is made for nothing.
         if (Nuovo == Prima && (EsisteFile(File) || Nuovo.isEmpty()))
             return;
-        if (Danno != DannoDeposito::Nessuno)
-            Conserva(File, Prima);
+        // A number or a text can be looked up there.
+        if (Danno != DannoDeposito::Nessuno && !Prima.trimmed().isEmpty())
+            ConservaGuasto(File, Prima, Lettori::SoloUtente);
         ScriviFile(File, DepositoIntero(Nuovo), Lettori::SoloUtente);
     });
 }

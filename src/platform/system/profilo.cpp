@@ -262,6 +262,16 @@ bool WritePrivateProfileString(const QString& Sezione, const QString& Chiave, co
     });
 }
 
+QStringList ChiaviDellaSezione(const QString& Sezione, const QString& File)
+{
+    QStringList Trovate;
+    (void)SenzaChiavi(LeggiInizio(File), NomeScritto(Sezione), [&](const QString& Chiave) {
+        Trovate.append(Chiave);
+        return false;
+    });
+    return Trovate;
+}
+
 bool SostituisciChiavi(const QString& Sezione, const std::function<bool(const QString& Chiave)>& DaTogliere,
                        const QList<std::pair<QString, QString>>& Nuove, const QString& File)
 {

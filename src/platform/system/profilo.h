@@ -7,7 +7,7 @@
 #pragma once
 
 #include <QList>
-#include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <utility>
@@ -30,6 +30,11 @@
 ///         nothing is lost then
 bool WritePrivateProfileString(const QString& Sezione, const QString& Chiave, const QString& Valore,
                                const QString& File);
+
+/// The keys of a section as they are written, in the order of the file; none where file or section is
+/// missing.
+/// @throws Errore 75 when the file is there and cannot be read
+[[nodiscard]] QStringList ChiaviDellaSezione(const QString& Sezione, const QString& File);
 
 /// Replaces keys of a section by others in one write: those that `DaTogliere` names go, the new ones stand at
 /// the end of the section. Other keys, sections and comments are kept.
