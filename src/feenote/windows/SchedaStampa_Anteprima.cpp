@@ -170,12 +170,36 @@ std::optional<Errore> SchedaStampa::Componi(bool Invio)
 void SchedaStampa::DopoSalvataggio()
 {
     if (Nota.cmbTipoStampa != NessunaVoce) {
+        const bool Compagna = !sessione::RichiestaPV2.ID.isEmpty();
+        if (Compagna)
+            (void)RileggiArchivio();
         Protetta([this] { (void)Componi(); }, GiaDetto(Nota));
-        // What could not be composed leaves nothing to hand over: the last figures are another document's.
-        if (!sessione::RichiestaPV2.ID.isEmpty() && Protetta([this] { (void)Componi(true); }))
-            ConsegnaFattura(Nota);
+        if (Compagna)
+            Consegna();
     }
     InvioMsgPV2();
+}
+
+void SchedaStampa::Consegna()
+{
+    try {
+        (void)Componi(true);
+    } catch (...) {
+        // What could not be composed leaves nothing to hand over: the last figures are another document's. An
+        // unchanged note would not be saved again, and its invoice not be handed over.
+        const Errore Guasto = ErroreCorrente();
+        if (!TipoDi(Nota.cmbTipoStampa).EFattura) {
+            GestioneErrori(Guasto);
+            return;
+        }
+        GestioneErrori(Errore(
+            Guasto.Numero, Guasto.Descrizione + u";\nla fattura non è stata consegnata a Praxivo: salvare di "
+                                                u"nuovo la parcella"_s));
+        SetModificata(Nota, true);
+        Cornice.Cambiata();
+        return;
+    }
+    ConsegnaFattura(Nota);
 }
 
 void SchedaStampa::StampaParcella()

@@ -1,10 +1,13 @@
 // A linked note while the clients' archive cannot be read: it opens, one sentence says why, and no document
 // goes out without the client's address until the archive is back.
+#include "compagna/archivio.h"
 #include "stampa.h"
 #include "supporto/danni.h"
 
+#include "feenote/modDatiStampa.h"
 #include "platform/database/connessione.h"
 #include "platform/system/attese.h"
+#include "platform/system/impostazioni.h"
 
 #include <QDir>
 #include <QListWidget>
@@ -30,6 +33,7 @@ private Q_SLOTS:
     void nienteEsceFinoAlRitorno_data();
     void nienteEsceFinoAlRitorno();
     void nessunPassoRiportaSenzaIndirizzo();
+    void laCompagnaNonAspettaInSilenzio();
     void ilRitornoDaINomi();
     void ilBloccoScrittoEsce();
     void laFatturaElettronicaLoDice();
@@ -57,6 +61,8 @@ void TestArchivioChiuso::cleanup()
 {
     Altro.reset();
     sessione::WP = u"-1"_s;
+    sessione::RichiestaPV2 = {};
+    SaveSetting(u"Praxivo"_s, u"Parametri"_s, u"PreviewParcPath"_s, {});
     Sgombra();
 }
 
@@ -186,6 +192,48 @@ void TestArchivioChiuso::nessunPassoRiportaSenzaIndirizzo()
     QVERIFY(!F->Nota.Modificata);
     QVERIFY(!F->Nota.ArchivioNonLetto);
     QCOMPARE(T->Voce.Mostrati().size(), 0);
+}
+
+/// The invoice that a save could not hand to the companion is told so, and goes with the next one.
+void TestArchivioChiuso::laCompagnaNonAspettaInSilenzio()
+{
+    Nota = T->Ufficio.File(u"p12-causa.mdb"_s);
+    Scrivi(StampaFatturaAnalitica);
+    Chiudi(Svuotato);
+    Registratore& Voce = T->Voce;
+    Voce.Tollera();
+    F = T->Apri(Nota);
+    QVERIFY(F);
+    F->Nota.DatiPar(DatoNumFatt) = u"8"_s;
+    F->SetModificata(true);
+    sessione::RichiestaPV2.ID = F->Nota.NsRif = u"P12"_s;
+    sessione::ArchivioPrat = T->Ufficio.File(u"pratiche.mdb"_s);
+    CreaArchivioPratiche(sessione::ArchivioPrat);
+    SaveSetting(u"Praxivo"_s, u"Parametri"_s, u"PreviewParcPath"_s, T->Ufficio.File(u"anteprima.htm"_s));
+    const auto Fatture = [] {
+        return OpenDatabase(sessione::ArchivioPrat, true)
+            .OpenRecordset(u"SELECT COUNT(*) AS N FROM Fatture WHERE Rif='P12'"_s)
+            .Value(u"N"_s)
+            .toInt();
+    };
+    Voce.Sparecchia();
+    QVERIFY(F->SalvaSulPosto());
+    QCOMPARE(Voce.Mostrati().size(), 1);
+    QVERIFY2(Voce.UltimoTesto().contains(u"DatiStudio.mdb"_s), qPrintable(Voce.UltimoTesto()));
+    QVERIFY2(Voce.UltimoTesto().contains(u"la fattura non è stata consegnata"_s),
+             qPrintable(Voce.UltimoTesto()));
+    QCOMPARE(Fatture(), 0);
+    QVERIFY(F->Nota.Modificata);
+
+    Riapri();
+    Voce.Sparecchia();
+    Voce.Attendi(u"E' stata salvata la parcella come fattura.\n"
+                 u"Trasferisco i dati della fattura anche all'applicazione Praxivo?"_s,
+                 vbYes);
+    QVERIFY(F->SalvaSulPosto());
+    QCOMPARE(Voce.Mostrati().size(), 1);
+    QCOMPARE(Fatture(), 1);
+    QVERIFY(!F->Nota.Modificata);
 }
 
 /// The archive gives the names that the opening would have had from it, and a note that nobody has worked on
