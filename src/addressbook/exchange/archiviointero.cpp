@@ -11,6 +11,7 @@
 #include "platform/system/file.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/sincrono.h"
 
 #include <algorithm>
 #include <array>
@@ -87,10 +88,11 @@ QString MettiAlPosto(const QString& Nuovo, const QString& Cartella)
     } catch (const Errore& Guasto) {
         if (EsisteFile(Nuovo))
             throw;
-        // It has taken its place, and another try would make a second one.
-        throw Errore(Guasto.Numero,
-                     u"L'archivio è stato copiato in \"%1\", ma il disco non lo conferma: %2"_s.arg(
-                         File, Guasto.Descrizione));
+        // It has taken its place, which the reason says by its name, and another try would make a second one.
+        throw Errore(
+            Guasto.Numero,
+            u"L'archivio è stato copiato nella cartella \"%1\", ma il disco non lo conferma: %2"_s.arg(
+                CartellaFile(File), Guasto.Descrizione));
     }
     return File;
 }
@@ -127,15 +129,18 @@ std::optional<ArchivioPreso> PrendiArchivio(const QString& Da, const QString& Ca
     const QString Nuovo = FileNuovo(Cartella);
     ScartaNuovo(Nuovo);
     ArchivioPreso Preso;
-    const auto Fuori = ScriviNativo(Da, Nuovo, Prosegui);
-    if (!Fuori)
-        return std::nullopt;
     try {
+        const auto Fuori = ScriviNativo(Da, Nuovo, Prosegui);
+        if (!Fuori)
+            return std::nullopt;
         Preso.Tralasciati = *Fuori;
         Preso.Tralasciati.removeIf(TabellaDiSistema);
         ImpostaSolaLettura(Nuovo, false);
         Completa(Nuovo, Da, Preso);
         Preso.File = MettiAlPosto(Nuovo, Cartella);
+    } catch (const NonConfermato& Guasto) {
+        ScartaNuovo(Nuovo);
+        throw Errore(Guasto.Numero);  // the place of what is only worked with is nobody's concern
     } catch (...) {
         ScartaNuovo(Nuovo);
         throw;

@@ -7,6 +7,7 @@
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/sincrono.h"
 
 #include <QMap>
 #include <QRegularExpression>
@@ -132,10 +133,14 @@ ArchivioNativo::ArchivioNativo(const QString& DiFile, const std::function<bool(q
     const QString Copia = CartellaDiLavoro() + Sigla + u".mdb"_s;
     Turno = std::make_unique<FileBlocco>(FileTurno(Sigla));
     (void)Turno->Prendi(0);  // a name that nobody else has
-    const auto Detti = ScriviNativo(DiFile, Copia, Prosegui, Lettori::SoloUtente);
-    if (!Detti)
-        throw Interrotto();
-    Fuori = *Detti;
+    try {
+        const auto Detti = ScriviNativo(DiFile, Copia, Prosegui, Lettori::SoloUtente);
+        if (!Detti)
+            throw Interrotto();
+        Fuori = *Detti;
+    } catch (const NonConfermato& Guasto) {
+        throw Errore(Guasto.Numero);  // the place of what is only worked with is nobody's concern
+    }
     Nativo = Provvisorio = Copia;
 }
 

@@ -83,8 +83,10 @@ void FileInCopia::Posa(Lettori Chi, bool SulDisco) const
         return;
     try {
         SincronizzaCartellaDi(Finale);
-    } catch (const Errore&) {
+    } catch (const NonConfermato& Guasto) {
         ScartaFile(Finale);  // what is said not to be there is not
-        throw;
+        if (EsisteFile(Finale))
+            throw;
+        throw Errore(Guasto.Numero);
     }
 }

@@ -29,7 +29,7 @@ public:
     /// Gives it its name, which is never another file's.
     /// @param SulDisco waits for the disk, and for the folder to hold the name
     /// @throws Errore as DaiPermessi, ScriviSulDisco, RinominaFile and SincronizzaCartellaDi; the name is
-    /// free then
+    /// free then. NonConfermato where the disk fails at the very end, and lets nobody take the file away
     void Posa(Lettori Chi, bool SulDisco) const;
 
 private:

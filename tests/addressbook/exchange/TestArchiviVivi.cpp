@@ -10,12 +10,14 @@
 #include "platform/database/connessione.h"
 #include "platform/system/blocco.h"
 #include "platform/system/cartelle.h"
+#include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 #include "supporto/guasti.h"
 #include "supporto/scrittoreaccess.h"
 
 #include <QDateTime>
 #include <QDir>
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
@@ -135,6 +137,8 @@ private Q_SLOTS:
     void ilTurnoNegato();
     void iRestiDiUnAltro();
     void leCopieDiLavoro();
+    void ilDiscoNonConferma();
+    void laCopiaNonConfermata();
 };
 PROVA(TestArchiviVivi);
 
@@ -331,6 +335,38 @@ void TestArchiviVivi::leCopieDiLavoro()
     }
     QCOMPARE(ContenutoDi(Lavoro), (QStringList{Viva + u".blocco"_s, Viva + u".mdb"_s}));
     QCOMPARE(ContenutoDi(S.Cartella), (QStringList{u"DatiStudio.mdb"_s, u"vecchio.mdb"_s}));
+}
+
+/// What has been taken away is not said to stand.
+void TestArchiviVivi::ilDiscoNonConferma()
+{
+    const Altrui Da(Lasciato::ColGiornale);
+    const QString Cartella = NuovaCartella();
+    const QString Guasto = DescrizioneErrore(errori::Periferica);
+    const QScopedValueRollback<std::function<bool(const QString&)>> Disco(
+        guasti::PrimaDellaCartella, [](const QString& Quale) {
+            return !Quale.endsWith(u".nuovo") && !Quale.contains(u"/importa/") &&
+                   !Quale.endsWith(u"/archivio.mdb");
+        });
+    QCOMPARE(DescrizioneErroreDi([&] { (void)PrendiArchivio(Da.File, Cartella); }), Guasto);
+    QCOMPARE(DescrizioneErroreDi([&] { (void)SorgenteNominativi(Da.File); }), Guasto);
+    const auto Esiti = CopiaNote(Da.Cartella, Cartella);
+    QVERIFY(Esiti && !Esiti->first().Copiata);
+    QCOMPARE(Esiti->first().Detto, Guasto);
+    QCOMPARE(ContenutoDi(Cartella), QStringList());
+}
+
+/// The archive itself stands, and that is said once.
+void TestArchiviVivi::laCopiaNonConfermata()
+{
+    const Studio Vecchio;
+    const QString Cartella = NuovaCartella();
+    const QScopedValueRollback<std::function<bool(const QString&)>> Disco(
+        guasti::PrimaDellaCartella, [](const QString& Quale) { return !Quale.endsWith(u"/DatiStudio.mdb"); });
+    QCOMPARE(DescrizioneErroreDi([&] { (void)PrendiArchivio(Vecchio.File, Cartella); }),
+             u"L'archivio è stato copiato nella cartella \"%1\", ma il disco non lo conferma: %2; il file "
+             "DatiStudio.mdb è però al suo posto"_s.arg(Cartella, DescrizioneErrore(errori::Periferica)));
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"DatiStudio.mdb"_s});
 }
 
 #include "TestArchiviVivi.moc"
