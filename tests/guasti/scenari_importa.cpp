@@ -20,6 +20,7 @@
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
 #include "supporto/prova.h"
 #include "supporto/scrittoreaccess.h"
 
@@ -339,16 +340,21 @@ Scenario Primo()
         .Guarda =
             [=](const Posto& Dove, const Uscita&) {
                 const QString File = Archivio(Dove);
-                if (EsisteFile(File) &&
-                    (Contenuto(File) != Contenuto(ProgrammaDiProva() + u"DatiStudio.mdb"_s) ||
-                     (QFile::permissions(File) & Altri)))
-                    return Trovato::Rotto;
+                const QString Tassi = Dove.Cartella + u"casa/Documents/KR5/Tassi.dat"_s;
+                for (const QString& Copia : {File, Tassi})
+                    if (EsisteFile(Copia) &&
+                        (Contenuto(Copia) != Contenuto(ProgrammaDiProva() + NomeFile(Copia)) ||
+                         (QFile::permissions(Copia) & Altri)))
+                        return Trovato::Rotto;
                 const QByteArray Deposito = Contenuto(Dove.Cartella + u"casa/config/Calcanova/KR5.ini"_s);
                 const bool Ricordato = Deposito.toLower().contains("archivioclicon=");
                 if (!EsisteFile(File))
                     return Ricordato ? Trovato::Rotto : Trovato::Prima;
+                // All four are told together where one is missed; the age of the rates is that of their
+                // archive.
                 return Ricordato && Deposito.toLower().contains("userfolder=") &&
-                               Deposito.toLower().contains("parcellepath=")
+                               Deposito.toLower().contains("parcellepath=") &&
+                               DataFile(Tassi) == DataFile(ProgrammaDiProva() + u"Tassi.dat"_s)
                            ? Trovato::Nuovo
                            : Trovato::Prima;
             },
