@@ -13,6 +13,8 @@
 #include "platform/system/percorsi.h"
 #include "platform/system/sincrono.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <array>
 
@@ -67,6 +69,17 @@ void ScartaNuovo(const QString& Nuovo)
 {
     for (const QString& Coda : {u"-journal"_s, u"-wal"_s, u"-shm"_s, u""_s})
         ScartaFile(Nuovo + Coda);
+}
+
+/// Names of people that imports of earlier versions have left in a user's folder when they were killed. Such
+/// a version may be at work still, so that only the old ones go.
+void TogliCopieDiPrima(const QString& Cartella)
+{
+    static const QRegularExpression Forma(u"^\\.importa-[0-9a-f]{32}\\.mdb(-journal|-wal|-shm)?\\z"_s);
+    const QDateTime Ieri = Adesso().addDays(-1);
+    for (const QString& Nome : NomiDeiFile(Cartella, u".i*"_s))
+        if (Forma.match(Nome).hasMatch() && DataFile(Barra(Cartella) + Nome) < Ieri)
+            ScartaFile(Barra(Cartella) + Nome);
 }
 
 /// Puts a complete archive into a folder, under the first name that nobody uses. The name is chosen last,
@@ -150,6 +163,7 @@ std::optional<ArchivioPreso> PrendiArchivio(const QString& Da, const QString& Ca
 
 void TogliRestiDiArchivi(const QString& Cartella)
 {
+    TogliCopieDiPrima(Cartella);
     const QString Nuovo = FileNuovo(Cartella);
     const QString DelTurno = FileDelTurno(Radice(Cartella) + u".mdb"_s);
     if (!EsisteFile(Nuovo) && !EsisteFile(Nuovo + u"-journal"_s) && !EsisteFile(DelTurno))

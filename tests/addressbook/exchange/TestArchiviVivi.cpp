@@ -139,6 +139,7 @@ private Q_SLOTS:
     void leCopieDiLavoro();
     void ilDiscoNonConferma();
     void laCopiaNonConfermata();
+    void iRestiDiPrima();
 };
 PROVA(TestArchiviVivi);
 
@@ -367,6 +368,25 @@ void TestArchiviVivi::laCopiaNonConfermata()
              u"L'archivio è stato copiato nella cartella \"%1\", ma il disco non lo conferma: %2; il file "
              "DatiStudio.mdb è però al suo posto"_s.arg(Cartella, DescrizioneErrore(errori::Periferica)));
     QCOMPARE(ContenutoDi(Cartella), QStringList{u"DatiStudio.mdb"_s});
+}
+
+/// Names of people that a killed import of an earlier version has left among the user's data.
+void TestArchiviVivi::iRestiDiPrima()
+{
+    const QString Cartella = NuovaCartella();
+    const auto Lascia = [&](const QString& Nome, int Giorni) {
+        ScriviFile(Cartella + Nome, "x");
+        ImpostaDataFile(Cartella + Nome, QDateTime::currentDateTime().addDays(-Giorni));
+    };
+    const QString Vecchio = u".importa-"_s + u"a"_s.repeated(32);
+    const QString DiOra = u".importa-"_s + u"b"_s.repeated(32);
+    Lascia(Vecchio + u".mdb"_s, 2);
+    Lascia(Vecchio + u".mdb-journal"_s, 2);
+    Lascia(DiOra + u".mdb"_s, 0);
+    Lascia(u".importa-mia.mdb"_s, 2);
+    Lascia(u"nota.mdb"_s, 2);
+    TogliRestiDiArchivi(Cartella);
+    QCOMPARE(ContenutoDi(Cartella), (QStringList{DiOra + u".mdb"_s, u".importa-mia.mdb"_s, u"nota.mdb"_s}));
 }
 
 #include "TestArchiviVivi.moc"
