@@ -24,8 +24,11 @@ void PrendiTurno(FileBlocco& Turno)
     case FileBlocco::Esito::Altrui:
         RifiutaFile(u"Un altro programma sta importando nello stesso archivio: riprovare fra poco."_s);
     case FileBlocco::Esito::Abbandonato:
-        RifiutaFile(u"Un altro computer ha cominciato un'importazione nello stesso archivio, e non si sa se "
-                    "l'abbia finita: se nessuno sta importando, eliminare il file \"%1\" e riprovare."_s.arg(
+        // Without a signature it may be this computer's.
+        RifiutaFile(u"%1 ha cominciato un'importazione nello stesso archivio, e non si sa se l'abbia finita: "
+                    "se nessuno sta importando, eliminare il file \"%2\" e riprovare."_s.arg(
+                        Turno.Titolare().Processo != 0 ? u"Un altro computer"_s
+                                                       : u"Qualcuno, non si sa da quale computer,"_s,
                         Turno.Percorso()));
     case FileBlocco::Esito::Rifiutato:
         throw Errore(errori::Accesso,

@@ -250,6 +250,13 @@ void TestArchiviVivi::ilTurnoNegato()
              u"finita: "
              "se nessuno sta importando, eliminare il file \"%1\" e riprovare."_s.arg(Turno));
     QCOMPARE(ContenutoDi(Cartella), QStringList{NomeFile(Turno)});
+    // Without a signature it may be this computer's.
+    ScriviFile(Turno, "x");
+    ImpostaDataFile(Turno, QDateTime::currentDateTime().addSecs(-3600));
+    QCOMPARE(DescrizioneErroreDi([&] { (void)PrendiArchivio(Vecchio.File, Cartella); }),
+             u"Qualcuno, non si sa da quale computer, ha cominciato un'importazione nello stesso archivio, e "
+             u"non si sa se l'abbia finita: "
+             "se nessuno sta importando, eliminare il file \"%1\" e riprovare."_s.arg(Turno));
     QVERIFY(QFile::remove(Turno));
     QVERIFY(PrendiArchivio(Vecchio.File, Cartella));
     // Where none can be made there is none to be had.
