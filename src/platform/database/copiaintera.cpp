@@ -13,7 +13,9 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <array>
+#include <cerrno>
 #include <limits>
 #include <memory>
 
@@ -28,12 +30,33 @@ const QString Log = u"-wal"_s;
 enum class Strada {
     DoveSta,  ///< as it stands, with the engine's locks
     ColLog,   ///< the same, of one that somebody keeps with a log and has open
-    Ferma,    ///< as it stands: its log holds nothing, and a reader would leave one
+    Ferma,    ///< as it stands, without locks: there are none, or its log holds nothing, and a reader would
+              ///< leave one
     Accanto,  ///< in a copy of it and of its journal or log, where the engine mends it
 };
 
+/// True where the system knows no locks of files, as on some shares: the engine says of every database there
+/// that somebody keeps it, or that the disk fails. Asked through its own handle, since closing another one
+/// would give up the locks that this process has on the file.
+bool SenzaBlocchi(const QString& File)
+{
+    constexpr std::array Codici{ENOLCK, ENOSYS, EOPNOTSUPP, ENOTSUP, EINVAL};
+    const Connessione Aperta(File, Connessione::Modo::SolaLettura);
+    sqlite3_file* Vero = nullptr;
+    int Altrui = 0;
+    if (sqlite3_file_control(Aperta.Motore(), "main", SQLITE_FCNTL_FILE_POINTER, static_cast<void*>(&Vero)) !=
+            SQLITE_OK ||
+        !Vero || !Vero->pMethods || Vero->pMethods->xCheckReservedLock(Vero, &Altrui) == SQLITE_OK)
+        return false;
+    int Codice = 0;
+    return sqlite3_file_control(Aperta.Motore(), "main", SQLITE_FCNTL_LAST_ERRNO, &Codice) == SQLITE_OK &&
+           std::ranges::find(Codici, Codice) != Codici.end();
+}
+
 Strada StradaDi(const QString& File, bool AltroLog)
 {
+    if (!AltroLog && SenzaBlocchi(File))
+        return QFileInfo(File + Giornale).size() > 0 ? Strada::Accanto : Strada::Ferma;
     if (!AltroLog)
         return DaRisanare(File) ? Strada::Accanto : Strada::DoveSta;
     if (EsisteFile(File + Log) && EsisteFile(File + u"-shm"_s))
@@ -164,6 +187,30 @@ bool Copia(const QString& Da, Strada Come, const FileInCopia& Nuova, Ancora& Chi
     }
 }
 
+/// What the engine's check answers of a row that keeps to no rule of its table: its bytes are whole.
+bool DiUnaRegola(const QString& Risposta)
+{
+    constexpr std::array<QStringView, 5> Inizi{u"NULL value in ", u"CHECK constraint failed in ",
+                                               u"NUMERIC value in ", u"TEXT value in ", u"non-"};
+    return std::ranges::any_of(Inizi, [&](QStringView Inizio) { return Risposta.startsWith(Inizio); });
+}
+
+/// True when the first so many answers speak of rules alone. @param Regole set when there is one
+bool PagineIntere(Connessione& Conn, int Risposte, bool& Regole)
+{
+    Istruzione Riga(Conn, u"PRAGMA quick_check(%1)"_s.arg(Risposte));
+    if (!Riga.Avanza())
+        return false;
+    if (Riga.Testo(0) == u"ok")
+        return true;
+    do {
+        if (!DiUnaRegola(Riga.Testo(0)))
+            return false;
+        Regole = true;
+    } while (Riga.Avanza());
+    return true;
+}
+
 /// The copy without a log, its pages looked at. @return false when it was stopped
 bool Controlla(const QString& Copia, Ancora& Chiedi)
 {
@@ -175,8 +222,11 @@ bool Controlla(const QString& Copia, Ancora& Chiedi)
         Conn.Esegui(u"PRAGMA synchronous=OFF"_s);
         Conn.Esegui(u"PRAGMA journal_mode=DELETE"_s);
         Conn.Esegui(u"PRAGMA cell_size_check=ON"_s);
-        Istruzione Riga(Conn, u"PRAGMA quick_check(1)"_s);
-        if (!Riga.Avanza() || Riga.Testo(0) != u"ok")
+        // Of the pages it speaks first, and of a damaged one it would say much; what it says of rows may be
+        // as much as there are rows.
+        bool Regole = false;
+        if (!PagineIntere(Conn, 1, Regole) ||
+            (Regole && !PagineIntere(Conn, std::numeric_limits<int>::max(), Regole)))
             throw Errore(errori::FormatoDatabase);
     } catch (const Errore& Guasto) {
         if (Chiedi.Fermata)
@@ -198,7 +248,7 @@ bool LeggibileDoveSta(const QString& Percorso)
     const QString File = PercorsoNativo(Percorso);
     // Whether a journal is to be played back is not asked: a disk that fails would answer no, and who then
     // opens the file for writing would do it.
-    return !ControllaPrimaDiAprire(File) && QFileInfo(File + Giornale).size() == 0;
+    return !ControllaPrimaDiAprire(File) && QFileInfo(File + Giornale).size() == 0 && !SenzaBlocchi(File);
 }
 
 bool CopiaIntera(const QString& Da, const QString& A, const std::function<bool(qint64)>& Prosegui,

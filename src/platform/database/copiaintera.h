@@ -8,15 +8,16 @@
 #include <functional>
 
 /// True for a database in which a reader finds everything where it stands, and leaves nothing beside it: it
-/// is kept with no log, and has no journal.
+/// is kept with no log, has no journal, and stands where files can be locked.
 /// @throws Errore 3024 no such file, 3343 no database (truncated ones too), or a journal beside it that names
 /// another file, 75 a folder or unreadable
 [[nodiscard]] bool LeggibileDoveSta(const QString& Percorso);
 
 /// Copies a database with what its journal or its log holds: of a write that was cut off the copy has
-/// nothing, of one that goes on what was confirmed. The file is read under the engine's lock; it, and what
-/// stands beside it, stay as they are, whoever keeps it. The copy is kept without a log, and its pages have
-/// been checked.
+/// nothing, of one that goes on what was confirmed. The file is read under the engine's lock, or where there
+/// are none once more if it has changed; it, and what stands beside it, stay as they are, whoever keeps it.
+/// The copy is kept without a log, and its pages have been checked; rows that break a rule of their table are
+/// copied like any other.
 /// @param Prosegui asked now and then with the bytes done; false stops it, and no copy is there then
 /// @param Chi may read the copy
 /// @return false when it was stopped
