@@ -40,8 +40,9 @@ void SalvaImpostazioni(const QList<std::pair<QString, QString>>& Valori,
                        const std::function<bool(const QString& Chiave, const QString& Ora)>& SiScrive = {});
 
 /// Stores what the program remembers by itself: sizes, widths, places. A store that refuses is told once and
-/// not again before it has taken something, since nobody has asked for it. A damaged one was told at the
-/// start, and stays. @throws Errore 75 as above, the first time
+/// not again before it has taken something, since nobody has asked for it. A damaged one refuses too, and
+/// stays as it is: one that was told at the start is not told again. @throws Errore 75 as above, the first
+/// time
 void RicordaImpostazioni(const QList<std::pair<QString, QString>>& Valori);
 
 /// Makes another text of a setting that the program remembers by itself, in turn with other programs.

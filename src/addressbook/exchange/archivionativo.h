@@ -34,8 +34,8 @@ void TogliRestiDiSorgenti();
 
 /// A database that can be opened, for as long as this lives, without a change to the file or to its folder:
 /// the file itself, or a native form of it, for this user alone, that goes with this. Such a form is made of
-/// an Access file, of a database that another tool keeps with a log, and of one with a write that was cut
-/// off.
+/// an Access file, of a database that another tool keeps with a log, of one with a journal of some bytes,
+/// whether a write was cut off or goes on, and of one that stands where files cannot be locked.
 class ArchivioNativo
 {
 public:
