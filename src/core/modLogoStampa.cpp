@@ -99,7 +99,7 @@ void AvvisaLogo()
     if (!std::exchange(Avvisi().DaMostrare, false))
         return;
     Avvisi().Mostrato = sessione::LogoImpronta;
-    MsgErrore(
-        u"Il logo dello studio manca o è danneggiato: i documenti si stampano senza. Sceglierlo di nuovo "
-        u"nelle impostazioni, scheda \"Documenti\"."_s);
+    MsgErrore(u"Il logo dello studio (\"%1\") manca o è danneggiato: i documenti si stampano senza. "
+              u"Sceglierlo di nuovo nelle impostazioni, scheda \"Documenti\"."_s.arg(
+                  logo::File(sessione::LogoImpronta)));
 }

@@ -174,8 +174,9 @@ void TestSchede::logoPerso()
     sessione::LogoImpronta = QString(64, u'a');
     sessione::LogoPosto = u"S"_s;
     Registratore Voce;
-    Voce.Attendi(u"Il logo dello studio manca o è danneggiato: i documenti si stampano senza. Sceglierlo di "
-                 u"nuovo nelle impostazioni, scheda \"Documenti\"."_s,
+    Voce.Attendi(u"Il logo dello studio (\"%1\") manca o è danneggiato: i documenti si stampano senza. "
+                 u"Sceglierlo di nuovo nelle impostazioni, scheda \"Documenti\"."_s.arg(
+                     logo::File(sessione::LogoImpronta)),
                  vbOK, u"Errore:"_s);
     Superficie vp;
     QVERIFY(StampaScheda(vp, SchedaInteressi(Caselle, RigheProva(), u"376,71"_s, {}, {})));

@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString Perso =
-    u"Il logo dello studio manca o è danneggiato: i documenti si stampano senza. Sceglierlo di "
+    u"Il logo dello studio (\"%1\") manca o è danneggiato: i documenti si stampano senza. Sceglierlo di "
     "nuovo nelle impostazioni, scheda \"Documenti\"."_s;
 
 QByteArray Png(const QSize& Lati = {300, 100})
@@ -196,7 +196,7 @@ void TestLogoStampa::persoSiDiceUnaVolta()
     else
         ScriviFile(File, Buono.first(Buono.size() / 2));
     Registratore Voce;
-    Voce.Attendi(Perso, vbOK, u"Errore:"_s);
+    Voce.Attendi(Perso.arg(File), vbOK, u"Errore:"_s);
     for (int i = 0; i < 3; ++i) {
         QVERIFY(Anteprima(vp, Nota, StampaPrenotula));
         QVERIFY(!vp.Contenuto().Testa);
