@@ -33,15 +33,26 @@ QString CartellaDelProgramma()
     return Scelta.isEmpty() ? CartellaProgramma() : Barra(Scelta);
 }
 
-/// Copies a file of the program beside the user's data, unless one of that name, in any case, is there. The
-/// copy is as old as the file, because the age of the rates is that of their archive.
-void CopiaSeManca(const QString& Nome, const QString& Cartella)
+/// Copies a file of the program beside the user's data, unless one of that name, in any case, is there.
+/// @return true when it was copied
+bool CopiaSeManca(const QString& Nome, const QString& Cartella)
 {
     const QString Origine = TrovaFile(CartellaDelProgramma() + Nome);
     // Two programs may be started at once: of two copies the first one counts, it may be in use already.
-    if (EsisteFile(Origine) && !EsisteFile(TrovaFile(Cartella + Nome)) &&
-        CreaFile(Cartella + Nome, LeggiFile(Origine), Lettori::Cartella))
-        ImpostaDataFile(Cartella + Nome, DataFile(Origine));
+    return EsisteFile(Origine) && !EsisteFile(TrovaFile(Cartella + Nome)) &&
+           CreaFile(Cartella + Nome, LeggiFile(Origine), Lettori::Cartella);
+}
+
+/// Gives a copy the age of what it was made of.
+void CopiaLaData(const QString& Origine, const QString& Copia)
+{
+    try {
+        ImpostaDataFile(Copia, DataFile(Origine));
+    } catch (const Errore&) {
+        // The age of the rates is that of their archive: one that looks new would be asked for no update.
+        ScartaFile(Copia);
+        throw;
+    }
 }
 
 void PreparaCartellaUtente()
@@ -106,7 +117,7 @@ void PreparaArchivio()
     if (HaRighe(TrovaFile(CartellaDelProgramma() + Nome)))
         return;
     CreaCartellaDiUtente(CartellaDelPrimoUso());
-    CopiaSeManca(Nome, CartellaDelPrimoUso());
+    (void)CopiaSeManca(Nome, CartellaDelPrimoUso());
     SalvaImpostazione(chiavi::ArchivioCliCon.toString(), CartellaDelPrimoUso() + Nome);
 }
 
@@ -140,7 +151,8 @@ void PreparaTassi()
              {u"InteressiLegali"_s, u"InteressiMora"_s, u"IndiciIstat"_s, u"CoefficientiRaccordo"_s})
             (void)Tassi.OpenRecordset(Tabella);
     }
-    CopiaSeManca(Nome, Cartella);
+    if (CopiaSeManca(Nome, Cartella))
+        CopiaLaData(Fornito, Cartella + Nome);
 }
 
 void PrimoUso()

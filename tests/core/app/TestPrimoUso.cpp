@@ -36,6 +36,7 @@ private Q_SLOTS:
     void archivioInUso();
     void laCartellaPropriaSiRifa();
     void tassiSeMancano();
+    void tassiSenzaLaLoroData();
     void tassiGuasti_data();
     void tassiGuasti();
     void cartellaUtenteSparita();
@@ -262,6 +263,27 @@ void TestPrimoUso::tassiSeMancano()
     ScriviFile(Programma + u"tassi.dat"_s, "2");
     PrimoUso();
     QCOMPARE(LeggiFile(Utente + u"Tassi.dat"_s), Forniti);
+}
+
+/// Rates that look new would be asked for no update; the archive's age means nothing.
+void TestPrimoUso::tassiSenzaLaLoroData()
+{
+    Registratore Box;
+    const QString Utente = NuovaCartella();
+    Scena::Salva(u"UserFolder"_s, Utente.chopped(1));
+    for (const QString& Nome : {u"Tassi.dat"_s, u"DatiStudio.mdb"_s})
+        ScriviFile(Programma + Nome, LeggiFile(ProgrammaDiProva() + Nome));
+    const QDateTime Quando(QDate(2026, 8, 31), QTime(12, 0));
+    ImpostaDataFile(Programma + u"Tassi.dat"_s, Quando);
+    {
+        const QScopedValueRollback Fissa(guasti::DateRifiutate, true);
+        Box.Attendi(NonPreparate({u"l'archivio dei tassi"_s}), vbOK, u"Errore:"_s);
+        PrimoUso();
+        QVERIFY(!EsisteFile(Utente + u"Tassi.dat"_s));
+        QVERIFY(EsisteFile(Scena::Parametro(u"ArchivioCliCon"_s)));
+    }
+    PrimoUso();
+    QCOMPARE(DataFile(Utente + u"Tassi.dat"_s), Quando);
 }
 
 void TestPrimoUso::tassiGuasti_data()
