@@ -149,7 +149,7 @@ QString ConEstensioneIcs(const QString& Percorso)
 
 QString SalvaIcs(const QString& Percorso, const QList<VoceAgenda>& Voci)
 {
-    const QString File = ConEstensioneIcs(Percorso);
+    QString File = ConEstensioneIcs(Percorso);
     ScriviFile(File, ScriviIcs(Voci), Lettori::Cartella);
     return File;
 }

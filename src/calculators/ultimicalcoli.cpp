@@ -146,7 +146,7 @@ std::optional<ElencoCalcoli> LeggiElenco(const QByteArray& Byte)
         return std::nullopt;
     ElencoCalcoli Elenco;
     for (size_t Quale = 0; Quale < Elenco.size(); ++Quale)
-        for (const QJsonValue& Voce : Tutto[TabellaCalcolatrici[Quale].NelFile].toArray()) {
+        for (const auto& Voce : Tutto[TabellaCalcolatrici[Quale].NelFile].toArray()) {
             CalcoloRicordato Calcolo = Letto(Voce.toObject());
             if (Intero(Calcolo) && std::ranges::none_of(Elenco[Quale], ConCampi(Calcolo.Campi)))
                 Elenco[Quale].append(std::move(Calcolo));

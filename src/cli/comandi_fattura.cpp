@@ -167,7 +167,7 @@ Parcella NotaDaFatturare(const QString& Percorso, const NotaMultipla& Altra)
 QString FraseGiaScritta(const Parcella& Scritta, const QStringList& Cartelle)
 {
     const QString Nome = Scritta.FatturaXml.File;
-    const QString Frase = FraseGiaScritta(Scritta);
+    QString Frase = FraseGiaScritta(Scritta);
     if (!Frase.endsWith(Nome))  // the file of an invoice before the last one
         return Frase;
     if (std::ranges::any_of(Cartelle, [&](const QString& Cartella) { return EsisteFile(Cartella + Nome); }))

@@ -110,7 +110,7 @@ DatiTermine LeggiDatiTermine(const QStringList& Valori)
 /// A matter that the suspension spares means something to the law in force alone.
 QString LeggiMateria(const QStringList& Valori, int Posto, InsiemeNorme Insieme)
 {
-    const QString Materia = Valori.value(Posto).trimmed();
+    QString Materia = Valori.value(Posto).trimmed();
     if (!Materia.isEmpty() && Insieme == InsiemeNorme::Programma)
         throw Errore(errori::Argomento, u"materia: vale solo con --norme vigenti"_s);
     return Materia;
@@ -204,7 +204,7 @@ QString RigaTermine(const TermineRicorrente& Termine)
 /// A table of the page as the law knows it, or a code of the law's own.
 QString CodiceProcedimento(const Norme& Insieme, const QString& Scritto)
 {
-    const QString Testo = Scritto.trimmed().toLower();
+    QString Testo = Scritto.trimmed().toLower();
     if (Testo.isEmpty() || Testo == u"ordinario" || Testo == u"ridotto")
         return u"civile"_s;
     QStringList Codici{u"ordinario"_s, u"ridotto"_s};

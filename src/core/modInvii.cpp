@@ -92,7 +92,7 @@ void SpazzaInvii()
     const QFileInfo Radice(CartellaInvii().chopped(1));
     if (!Radice.isDir() || Radice.isSymLink())
         return;
-    constexpr qint64 MsOra = 3600 * 1000;
+    constexpr qint64 MsOra = qint64(3600) * 1000;
     const qint64 Limite = Adesso().toMSecsSinceEpoch() - OreInvio * MsOra;
     try {
         ScorriCartella(CartellaInvii(), [Limite](VoceCartella&& Voce) {

@@ -47,7 +47,7 @@ QString File(const QString& Impronta)
 
 QString Conserva(const QByteArray& Png)
 {
-    const QString Fatta = Impronta(Png);
+    QString Fatta = Impronta(Png);
     if (Leggi(Fatta))
         return Fatta;  // a disk that is full refuses nothing that is there
     CreaCartellaPrivata(CartellaDati());

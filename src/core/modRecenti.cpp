@@ -69,7 +69,7 @@ QList<NotaRecente> Lette(const QString& Testo)
     QList<NotaRecente> Note;
     if (Testo.size() > MassimoElenco)
         return Note;
-    for (const QJsonValue& Voce : QJsonDocument::fromJson(Testo.toUtf8()).array()) {
+    for (const auto& Voce : QJsonDocument::fromJson(Testo.toUtf8()).array()) {
         const NotaRecente Nota = Letta(Voce.toObject());
         if (Intera(Nota) && std::ranges::none_of(Note, StessoFile(Nota.Percorso)))
             Note.append(Nota);

@@ -54,7 +54,7 @@ QString AltraValuta(const QVariant& Valuta)
 
 QString TestoAcconto(const QVariant& Importo, const QVariant& Valuta)
 {
-    const QString Testo = CStr(Importo);
+    QString Testo = CStr(Importo);
     if (Testo.isEmpty() || Testo == u"0")
         return Testo;
     return Format(NumeroDi(Importo), InEuro(Valuta) ? u"#,##0.00;-#,##0.00;#" : u"#,##0;-#,##0;#");

@@ -34,7 +34,7 @@ QString Giorno(const QDate& Data)
 QString NomeRiga(QStringView Cosa, int Riga, const QVariant& Descrizione)
 {
     constexpr qsizetype Massimo = 38;
-    const QString Nome = Cosa.toString() + u' ' + CStr(Riga + 1);
+    QString Nome = Cosa.toString() + u' ' + CStr(Riga + 1);
     const QString Detta = CStr(Descrizione).simplified();
     if (Detta.isEmpty())
         return Nome;

@@ -197,9 +197,9 @@ std::optional<Chiamato> Trova(const Elenco& Dove, const Parcella& Prima, const P
 /// The name of a change; nothing when what differs is none of the user's.
 std::optional<Chiamato> Chiama(const Parcella& Prima, const Parcella& Dopo)
 {
-    if (const auto Parametro = Trova(Voci, Prima, Dopo))
+    if (auto Parametro = Trova(Voci, Prima, Dopo))
         return Parametro;
-    if (const auto Parte = Trova(VociParti, Prima, Dopo))
+    if (auto Parte = Trova(VociParti, Prima, Dopo))
         return Parte;
     for (const QString& Righe : {NomeRighe(Prima.xOnorari, Dopo.xOnorari, u"degli onorari"_s),
                                  NomeRighe(Prima.xDiritti, Dopo.xDiritti, u"delle spese"_s),

@@ -96,7 +96,7 @@ QString Accorciato(const QString& Testo, qsizetype MassimoByte)
 /// "12-2026"; empty without a number. A number that bears its year gets none.
 QString NumeroConAnno(const QString& Numero, const QString& Data)
 {
-    const QString Pulito = ParteDiNome(Numero, BytePerParte / 2);
+    QString Pulito = ParteDiNome(Numero, BytePerParte / 2);
     static const QRegularExpression ConAnno(u"-(\\d{2}|\\d{4})$"_s);
     if (Pulito.isEmpty() || ConAnno.match(Pulito).hasMatch())
         return Pulito;

@@ -249,7 +249,7 @@ AccontiDetratti AccontiDelDocumento(const Parcella& Nota, int Tipo)
     if (Documento.Acconti == UsoAcconti::Mai ||
         (Documento.Acconti == UsoAcconti::SeEsposti && !Nota.chkAcconti.Attiva))
         return {};
-    const AccontiDetratti Tutti = Elencati(Nota);
+    AccontiDetratti Tutti = Elencati(Nota);
     if (!Documento.EFattura || !ENotaDiCredito(Nota))
         return Tutti;
     if (CitataAltrove(Nota))
@@ -260,7 +260,7 @@ AccontiDetratti AccontiDelDocumento(const Parcella& Nota, int Tipo)
 
 AccontiDetratti AccontiFatturati(const Parcella& Nota, int Tipo)
 {
-    const AccontiDetratti Suoi = AccontiDelDocumento(Nota, Tipo);
+    AccontiDetratti Suoi = AccontiDelDocumento(Nota, Tipo);
     if (!TipoDi(Tipo).EFattura || ENotaDiCredito(Nota))
         return Suoi;
     const auto Uscita = LaFattura(Usciti(Nota.Stato), Nota.DatiPar(DatoNumFatt), Nota.DatiPar(DatoDataFatt));

@@ -271,7 +271,7 @@ QString FraseNote(const ContoNote& Conto)
 QString FraseFermata(const CopiaFermata& Come)
 {
     const auto Quante = [](qsizetype N, const QString& Una, const QString& Tante) {
-        return N == 1 ? Una : Tante.arg(Format(N, u"#,##0"));
+        return N == 1 ? Una : Tante.arg(Format(double(N), u"#,##0"));
     };
     QStringList Righe{u"La copia è stata interrotta"_s};
     Righe[0] += Come.Tolte == 0 ? u"."_s

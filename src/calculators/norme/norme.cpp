@@ -50,7 +50,7 @@ QList<Riga> LeggiTutte(const Database& Db, const QString& Tabella, Riga (*Leggi)
 NormaSospensione LeggiSospensione(const RigheNorme& Riga)
 {
     (void)Riscontrata(Riga, false);
-    const NormaSospensione Letta{Riga.Periodo(), Riga.Giorno(u"Primo"_s), Riga.Giorno(u"Ultimo"_s),
+    NormaSospensione Letta{Riga.Periodo(), Riga.Giorno(u"Primo"_s), Riga.Giorno(u"Ultimo"_s),
                                  Riga.Testo(u"Norma"_s)};
     if (!Letta.Quando.Dal.isValid())
         Riga.Rifiuta(u"Dal"_s, u"manca"_s);
@@ -62,7 +62,7 @@ NormaSospensione LeggiSospensione(const RigheNorme& Riga)
 NormaFesta LeggiFesta(const RigheNorme& Riga)
 {
     const bool Mobile = Riga.Testo(u"Giorno"_s) == u"pasquetta";
-    const NormaFesta Letta{Riga.Testo(u"Nome"_s), Mobile ? GiornoDellAnno() : Riga.Giorno(u"Giorno"_s),
+    NormaFesta Letta{Riga.Testo(u"Nome"_s), Mobile ? GiornoDellAnno() : Riga.Giorno(u"Giorno"_s),
                            Riga.Periodo(), Riga.Testo(u"Norma"_s), Riscontrata(Riga, true)};
     if (!Letta.Quando.Dal.isValid())
         Riga.Rifiuta(u"Dal"_s, u"manca"_s);

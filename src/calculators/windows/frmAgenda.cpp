@@ -25,7 +25,7 @@ const QString Filtro = u"Calendario (*.ics)|*.ics"_s;
 /// one has let it go. What it has read before goes now, since clients are named in it.
 QString CartellaConsegna()
 {
-    const QString Cartella = CartellaDati() + Barra(u"agenda"_s);
+    QString Cartella = CartellaDati() + Barra(u"agenda"_s);
     CreaCartellaPrivata(CartellaDati());
     CreaCartellaPrivata(Cartella);
     for (const QString& Vecchio : NomiDeiFile(Cartella, u".ics"_s))

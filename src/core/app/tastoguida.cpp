@@ -74,7 +74,7 @@ QString PaginaContenuta(const QWidget* Finestra)
     for (const QTabWidget* Schede : Finestra->findChildren<QTabWidget*>()) {
         const QWidget* Scheda = Schede->isVisible() ? Schede->currentWidget() : nullptr;
         while (Scheda) {
-            if (const QString Sua = PaginaPropria(Scheda); !Sua.isEmpty())
+            if (QString Sua = PaginaPropria(Scheda); !Sua.isEmpty())
                 return Sua;
             const auto* Cornice = qobject_cast<const QScrollArea*>(Scheda);
             Scheda = Cornice ? Cornice->widget() : nullptr;

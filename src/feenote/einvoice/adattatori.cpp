@@ -99,7 +99,7 @@ QString PaeseDellaPartita(const QString& PIva)
 
 QString NazioneDi(const DatiCliente& Riga)
 {
-    const QString Detta = Riga.Nazione.isEmpty() ? PaeseDellaPartita(Riga.PIva) : Riga.Nazione;
+    QString Detta = Riga.Nazione.isEmpty() ? PaeseDellaPartita(Riga.PIva) : Riga.Nazione;
     if (!Detta.isEmpty())
         return Detta;
     // Abroad, and nobody says where: no country has this code, and the composition asks for one.

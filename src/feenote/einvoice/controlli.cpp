@@ -55,7 +55,7 @@ QList<EsitoControllo> GuardaNome(const QString& Nome)
 
 QList<EsitoControllo> ControllaFattura(const QByteArray& Byte, const QString& Nome, const QDate& Oggi)
 {
-    if (const QList<EsitoControllo> Subito = GuardaByte(Byte, Nome); !Subito.isEmpty())
+    if (QList<EsitoControllo> Subito = GuardaByte(Byte, Nome); !Subito.isEmpty())
         return Subito;
     const LetturaXml Letto = LeggiXml(Byte);
     if (!Letto.Guasto.isEmpty())

@@ -14,7 +14,7 @@ namespace {
 /// A VAT number without the country in front of it; Greece has one of its own for it.
 QString SenzaPaese(const QString& Codice, const QString& Paese)
 {
-    const QString Testo = CodiceInUnPezzo(Codice);
+    QString Testo = CodiceInUnPezzo(Codice);
     for (const QString& Davanti : {Paese, Paese == u"GR" ? u"EL"_s : Paese})
         // A Swiss number begins with CHE, of which CH is no country put in front.
         if (!Davanti.isEmpty() && Testo.startsWith(Davanti) && !Testo.startsWith(u"CHE"))
@@ -149,7 +149,7 @@ public:
 
     [[nodiscard]] QString CodiceFiscale(const QString& Scritto) const
     {
-        const QString Codice = CodiceInUnPezzo(Scritto);
+        QString Codice = CodiceInUnPezzo(Scritto);
         if (!Codice.isEmpty() && !CodiceFiscaleTorna(Codice))
             NonValido(Chi.CodiceFiscale, u"il codice fiscale"_s, Codice);
         return Codice;

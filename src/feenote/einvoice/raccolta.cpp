@@ -40,7 +40,7 @@ QString Raccolta::Pulisci(const QString& Scritto, const CampoDiTesto& Campo, Alf
 QString Raccolta::Testo(const QString& Scritto, const CampoDiTesto& Campo)
 {
     const QString Pulito = Pulisci(Scritto, Campo, AlfabetoFattura::Latino);
-    const QString Tagliato = TagliaTesto(Pulito, Campo.Massimo);
+    QString Tagliato = TagliaTesto(Pulito, Campo.Massimo);
     if (Tagliato != Pulito)
         Avvisa(Campo.Dove, u"Nel file il testo è tagliato a %1 caratteri, %2: %3"_s.arg(Campo.Massimo)
                                .arg(Campo.Nome, Tagliato));
@@ -54,7 +54,7 @@ QString Raccolta::TestoIntero(const QString& Scritto, const CampoDiTesto& Campo)
 
 QString Raccolta::Sigla(const QString& Scritto, const CampoDiTesto& Campo)
 {
-    const QString Pulito = Pulisci(Scritto, Campo, AlfabetoFattura::Base);
+    QString Pulito = Pulisci(Scritto, Campo, AlfabetoFattura::Base);
     if (Pulito.size() > Campo.Massimo)
         Manca(Campo.Dove, u"Più di %1 caratteri, %2: %3"_s.arg(Campo.Massimo).arg(Campo.Nome, Pulito));
     return Pulito;

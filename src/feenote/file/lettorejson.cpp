@@ -64,7 +64,7 @@ QString OggettoJson::Testo(const QString& Campo, int Massimo)
         return {};
     if (!Letto.isString())
         throw Rifiuto(errori::Tipo, Nome(Campo), u"deve essere un testo"_s);
-    const QString Risultato = Letto.toString();
+    QString Risultato = Letto.toString();
     if (Risultato.size() > Massimo)
         throw Rifiuto(errori::TestoLungo, Nome(Campo), u"il testo supera %1 caratteri"_s.arg(Massimo));
     return Risultato;

@@ -34,7 +34,7 @@ constexpr QStringView GruppoStampa = u"stampa";
 /// The field's value, a number or a text; anything else is refused.
 QJsonValue NumeroOTesto(OggettoJson& Dati, const QString& Campo)
 {
-    const QJsonValue Letto = Dati.Valore(Campo);
+    QJsonValue Letto = Dati.Valore(Campo);
     if (!Letto.isUndefined() && !Letto.isDouble() && !Letto.isString())
         throw OggettoJson::Rifiuto(errori::Tipo, Dati.Nome(Campo), u"deve essere un numero o un testo"_s);
     return Letto;

@@ -54,7 +54,7 @@ QString NomeLibero(const QString& Inizio, const QString& Proposto)
     if (Proposto.isEmpty() || !Preso(Proposto))
         return Proposto;
     for (int Numero = 2; Numero <= MassimoNumero; ++Numero)
-        if (const QString Nome = Proposto + u' ' + QString::number(Numero); !Preso(Nome))
+        if (QString Nome = Proposto + u' ' + QString::number(Numero); !Preso(Nome))
             return Nome;
     return Proposto;
 }

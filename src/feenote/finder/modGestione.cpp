@@ -74,7 +74,7 @@ QString PercorsoNuovo(const QString& File, const QString& Digitato)
     const QString Intero = Nome + EstensioneNota.toString();
     if (ByteDelNome(Intero) > MassimoNomeNota)
         throw Errore(errori::NomeNonValido);
-    const QString Nuovo = CartellaFile(File) + Intero;
+    QString Nuovo = CartellaFile(File) + Intero;
     if (AltroFile(File, Nuovo)) {
         MsgErrore(u"La parcella "_s + Intero + u" non può essere sovrascritta!"_s);
         return {};

@@ -161,7 +161,8 @@ QString CartellaDelRecupero()
 QString KByte(qint64 Byte)
 {
     constexpr qint64 Mille = 1024;
-    return Format(double((Byte + Mille - 1) / Mille), u"#,###,###,##0");
+    const qint64 Interi = (Byte + Mille - 1) / Mille;
+    return Format(double(Interi), u"#,###,###,##0");
 }
 
 QString FraseEsito(const ContoTrova& Conto)

@@ -222,7 +222,7 @@ QHash<const VoceTrova*, const VoceTrova*> CopieSole(const QSet<const VoceTrova*>
 /// The document whose figures a row has.
 const VoceTrova& ConLeCifre(const VoceTrova& Voce, const LegameFattura& Legame)
 {
-    return Legame.Sola ? *Legame.Contata : Voce;
+    return Legame.Sola && Legame.Contata ? *Legame.Contata : Voce;
 }
 
 /// Each document of some notes of a list, templates left out, with what it hangs together with in the whole
