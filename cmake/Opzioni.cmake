@@ -40,7 +40,7 @@ target_compile_options(opzioni_insieme INTERFACE -Wno-shadow $<$<CXX_COMPILER_ID
 # half a second for the headers of the toolkit; beyond some two dozen a changed source is waited for too long.
 function(compila_insieme Nome)
     if(CALCANOVA_UNITA)
-        set_target_properties(${Nome} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 24)
+        set_target_properties(${Nome} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 100)
         target_link_libraries(${Nome} PRIVATE opzioni_insieme)
     endif()
 endfunction()

@@ -32,7 +32,7 @@ endfunction()
 # beside them.
 function(insieme Programma Risultato)
     cmake_parse_arguments(A "CON_MOC" "" "" ${ARGN})
-    set(PerUnita 24)
+    set(PerUnita 100)
     set(Insieme "")
     if(CALCANOVA_INSIEME)
         set(Insieme ${A_UNPARSED_ARGUMENTS})
