@@ -36,11 +36,11 @@ endif()
 add_library(opzioni_insieme INTERFACE)
 target_compile_options(opzioni_insieme INTERFACE -Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
 
-# compila_insieme(<target>): its sources are compiled some together, where the preset wants it. Each of them alone costs
-# half a second for the headers of the toolkit; beyond some two dozen a changed source is waited for too long.
+# compila_insieme(<target>): its sources are compiled together, where the preset wants it. Each of them alone costs
+# half a second for the headers of the toolkit.
 function(compila_insieme Nome)
     if(CALCANOVA_UNITA)
-        set_target_properties(${Nome} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 100)
+        set_target_properties(${Nome} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
         target_link_libraries(${Nome} PRIVATE opzioni_insieme)
     endif()
 endfunction()

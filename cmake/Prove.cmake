@@ -1,6 +1,6 @@
 # What the programs of tests share: classes compiled together, and what the meta-object compiler makes of them.
 
-# Sources are compiled some together: half of the time of one is what its headers ask of the compiler, which is asked
+# The classes of a room are compiled together: half of the time of one is what its headers ask of the compiler, which is asked
 # once then. The paths in such a source are relative, so that ccache serves every checkout.
 option(CALCANOVA_INSIEME "Compile some classes of tests together" ON)
 
@@ -32,7 +32,7 @@ endfunction()
 # beside them.
 function(insieme Programma Risultato)
     cmake_parse_arguments(A "CON_MOC" "" "" ${ARGN})
-    set(PerUnita 100)
+    set(PerUnita 100)  # a room, unless it outgrows what one compiler should hold
     set(Insieme "")
     if(CALCANOVA_INSIEME)
         set(Insieme ${A_UNPARSED_ARGUMENTS})
