@@ -3,8 +3,10 @@
 
 #include <QStringView>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <functional>
 
 /// Each by itself; the last value counts them.
 enum class Calcolatrice { Termini, Sequenziali, Interessi, Istat, CodiceFiscale, Contributo, Quante };
@@ -28,9 +30,6 @@ inline constexpr std::array TabellaCalcolatrici{
     NomiCalcolatrice{Calcolatrice::Contributo, u"contrib", u"contributo", u"contributo"},
 };
 static_assert(TabellaCalcolatrici.size() == std::size_t(Calcolatrice::Quante));
-static_assert([] {
-    for (std::size_t i = 0; i < TabellaCalcolatrici.size(); ++i)
-        if (std::size_t(TabellaCalcolatrici[i].Quale) != i)
-            return false;
-    return true;
-}());
+// Each value once, in order.
+static_assert(std::ranges::adjacent_find(TabellaCalcolatrici, std::ranges::greater_equal(),
+                                         &NomiCalcolatrice::Quale) == TabellaCalcolatrici.end());

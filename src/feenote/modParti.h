@@ -48,8 +48,8 @@ void SegnaNonLetto(Parcella& Nota, const Errore& Guasto);
 /// stays, and the note is not marked as changed.
 /// @return false while something is missing
 bool RiprovaArchivio(Parcella& Nota);
-/// The same for a record that is kept of a note: of a client that the archive lacks nothing is said, since the
-/// note in view has said it.
+/// The same for a record that is kept of a note: of a client that the archive lacks nothing is said, since
+/// the note in view has said it.
 bool RiprovaTenuta(Parcella& Tenuta);
 
 /// The address book's answer to "cli", "con" (first tab) or "c_cli", "c_con" (print data); any other word

@@ -11,13 +11,13 @@
 /// A decree of parameters.
 struct Decreto
 {
-    QStringView Sigla;       ///< how settings, files of notes and descriptions name it: "140"
-    QStringView Nome;        ///< how the windows and documents do: "D.m. 140/2012"
-    QStringView NomeIntero;  ///< with its date, for a sentence
-    QStringView File;        ///< its reference database, in the program folder
-    QStringView Schede;      ///< folder of the information sheets of its items, in the program folder
-    int Decimali = 0;        ///< of the amounts of a line; see ArrotondaRiga
-    double SpeseGen = 0.0;   ///< general expenses of a new note, percent; 0: off, the office decides
+    QStringView Sigla;           ///< how settings, files of notes and descriptions name it: "140"
+    QStringView Nome;            ///< how the windows and documents do: "D.m. 140/2012"
+    QStringView NomeIntero;      ///< with its date, for a sentence
+    QStringView File;            ///< its reference database, in the program folder
+    QStringView Schede;          ///< folder of the information sheets of its items, in the program folder
+    int Decimali = 0;            ///< of the amounts of a line; see ArrotondaRiga
+    double SpeseGen = 0.0;       ///< general expenses of a new note, percent; 0: off, the office decides
     QStringView InVigore = u"";  ///< to which services it applies today, for a sentence; empty: to none
     /// What lies beyond the last bracket is told as such.
     bool ScaglioniFiniti = false;

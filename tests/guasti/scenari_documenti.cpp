@@ -172,7 +172,8 @@ std::optional<QString> Segnata(const Posto& Dove)
     }
 }
 
-/// Behind an attempt comes the next invoice: one that was written is sent, a mark without its file taken back.
+/// Behind an attempt comes the next invoice: one that was written is sent, a mark without its file taken
+/// back.
 QStringList Fattura(const Posto& Dove)
 {
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(Dove.Cartella.chopped(1)));

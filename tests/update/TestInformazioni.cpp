@@ -110,10 +110,12 @@ void TestInformazioni::dateDegliArchivi()
 
 void TestInformazioni::archiviForniti()
 {
-    QVERIFY2(Riga(u"Archivi"_s, u"Tariffa D.m. 140/2012"_s).contains(u"; D.m. 20 luglio 2012, n. 140, 29 autorità"),
+    QVERIFY2(Riga(u"Archivi"_s, u"Tariffa D.m. 140/2012"_s)
+                 .contains(u"; D.m. 20 luglio 2012, n. 140, 29 autorità"),
              qPrintable(Riga(u"Archivi"_s, u"Tariffa D.m. 140/2012"_s)));
-    QVERIFY2(Riga(u"Archivi"_s, u"Tariffa D.m. 55/2014"_s).contains(u"; D.m. 10 marzo 2014, n. 55, 47 autorità"),
-             qPrintable(Riga(u"Archivi"_s, u"Tariffa D.m. 55/2014"_s)));
+    QVERIFY2(
+        Riga(u"Archivi"_s, u"Tariffa D.m. 55/2014"_s).contains(u"; D.m. 10 marzo 2014, n. 55, 47 autorità"),
+        qPrintable(Riga(u"Archivi"_s, u"Tariffa D.m. 55/2014"_s)));
     QVERIFY2(Riga(u"Archivi"_s, u"Comuni"_s).endsWith(u"; 10.930 comuni e Stati esteri, al 31/05/2024"),
              qPrintable(Riga(u"Archivi"_s, u"Comuni"_s)));
     QVERIFY2(Riga(u"Archivi"_s, u"Norme in vigore"_s)
@@ -128,7 +130,8 @@ void TestInformazioni::archiviForniti()
 void TestInformazioni::archiviMancanti()
 {
     sessione::PercorsoProg = NuovaCartella();
-    QCOMPARE(Riga(u"Archivi"_s, u"Tariffa D.m. 140/2012"_s), u"manca: "_s + sessione::PercorsoProg + u"parcelle.mdb"_s);
+    QCOMPARE(Riga(u"Archivi"_s, u"Tariffa D.m. 140/2012"_s),
+             u"manca: "_s + sessione::PercorsoProg + u"parcelle.mdb"_s);
     QCOMPARE(Riga(u"Archivi"_s, u"Tariffa D.m. 55/2014"_s),
              u"manca: "_s + sessione::PercorsoProg + u"parcelle55.mdb"_s);
     QVERIFY(Riga(u"Archivi"_s, u"Tassi"_s).startsWith(u"manca: "_s + sessione::UserFolder));

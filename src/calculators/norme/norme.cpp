@@ -51,7 +51,7 @@ NormaSospensione LeggiSospensione(const RigheNorme& Riga)
 {
     (void)Riscontrata(Riga, false);
     NormaSospensione Letta{Riga.Periodo(), Riga.Giorno(u"Primo"_s), Riga.Giorno(u"Ultimo"_s),
-                                 Riga.Testo(u"Norma"_s)};
+                           Riga.Testo(u"Norma"_s)};
     if (!Letta.Quando.Dal.isValid())
         Riga.Rifiuta(u"Dal"_s, u"manca"_s);
     if (Letta.Ultimo.Mese * 100 + Letta.Ultimo.Giorno < Letta.Primo.Mese * 100 + Letta.Primo.Giorno)
@@ -63,7 +63,7 @@ NormaFesta LeggiFesta(const RigheNorme& Riga)
 {
     const bool Mobile = Riga.Testo(u"Giorno"_s) == u"pasquetta";
     NormaFesta Letta{Riga.Testo(u"Nome"_s), Mobile ? GiornoDellAnno() : Riga.Giorno(u"Giorno"_s),
-                           Riga.Periodo(), Riga.Testo(u"Norma"_s), Riscontrata(Riga, true)};
+                     Riga.Periodo(), Riga.Testo(u"Norma"_s), Riscontrata(Riga, true)};
     if (!Letta.Quando.Dal.isValid())
         Riga.Rifiuta(u"Dal"_s, u"manca"_s);
     return Letta;

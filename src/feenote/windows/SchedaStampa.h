@@ -94,8 +94,8 @@ private:
     void MostraAnteprima();
     void AbilitaBarra();
     void EsportaDocumento();
-    /// The document for the companion, and its invoice. One that could not be composed is told, and leaves the
-    /// note to be saved once more.
+    /// The document for the companion, and its invoice. One that could not be composed is told, and leaves
+    /// the note to be saved once more.
     void Consegna();
     void SalvaPdf();
     /// The file of the document's clauses, and when it was last written; empty for a document without any.

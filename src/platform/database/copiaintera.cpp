@@ -190,9 +190,9 @@ bool Copia(const QString& Da, Strada Come, const FileInCopia& Nuova, Ancora& Chi
 /// What the engine's check answers of a row that keeps to no rule of its table: its bytes are whole.
 bool DiUnaRegola(const QString& Risposta)
 {
-    constexpr std::array<QStringView, 5> Inizi{u"NULL value in ", u"CHECK constraint failed in ",
-                                               u"NUMERIC value in ", u"TEXT value in ", u"non-"};
-    return std::ranges::any_of(Inizi, [&](QStringView Inizio) { return Risposta.startsWith(Inizio); });
+    constexpr std::array Inizi{"NULL value in "_L1, "CHECK constraint failed in "_L1, "NUMERIC value in "_L1,
+                               "TEXT value in "_L1, "non-"_L1};
+    return std::ranges::any_of(Inizi, [&](QLatin1StringView Inizio) { return Risposta.startsWith(Inizio); });
 }
 
 /// True when the first so many answers speak of rules alone. @param Regole set when there is one
