@@ -295,11 +295,12 @@ QStringList ComandiDelDesktop(const Casa& Questa)
     return Frasi;
 }
 
-QStringList AmbienteToccato(const Casa& Questa)
+namespace {
+
+/// Where a word stands that the rooms of platform/ alone may use; the driver of the demonstration is no room.
+/// @param Frase what is said of it, with %1 for the word
+QStringList SoloDiPlatform(const Casa& Questa, const QRegularExpression& Parola, const QString& Frase)
 {
-    static const QRegularExpression Chiamata(
-        u"\\b(?:secure_getenv|getenv|setenv|putenv|qgetenv|qputenv|qunsetenv|qEnvironmentVariable\\w*|"
-        "QProcessEnvironment|popen|dlopen|std::system|std::signal)\\b"_s);
     static const QRegularExpression Commento(u"//.*$"_s);
     QStringList Frasi;
     for (const QString& File : Sorgenti(Questa, {u"*.h"_s, u"*.cpp"_s})) {
@@ -307,11 +308,20 @@ QStringList AmbienteToccato(const Casa& Questa)
             continue;
         const QStringList Testo = Righe(Questa.Radice + File);
         for (qsizetype i = 0; i < Testo.size(); ++i)
-            if (const auto Trovato = Chiamata.match(QString(Testo[i]).remove(Commento)); Trovato.hasMatch())
-                Frasi += Posto(File, i) +
-                         u"calls %1: only platform/ calls the operating system"_s.arg(Trovato.captured());
+            if (const auto Trovato = Parola.match(QString(Testo[i]).remove(Commento)); Trovato.hasMatch())
+                Frasi += Posto(File, i) + Frase.arg(Trovato.captured());
     }
     return Frasi;
+}
+
+}  // namespace
+
+QStringList AmbienteToccato(const Casa& Questa)
+{
+    static const QRegularExpression Chiamata(
+        u"\\b(?:secure_getenv|getenv|setenv|putenv|qgetenv|qputenv|qunsetenv|qEnvironmentVariable\\w*|"
+        "QProcessEnvironment|popen|dlopen|std::system|std::signal)\\b"_s);
+    return SoloDiPlatform(Questa, Chiamata, u"calls %1: only platform/ calls the operating system"_s);
 }
 
 QStringList ErroriSenzaNome(const Casa& Questa)
@@ -332,18 +342,7 @@ QStringList DiscoToccato(const Casa& Questa)
     static const QRegularExpression Classe(
         u"\\b(?:Q(?:File|Dir|DirIterator|SaveFile|TemporaryFile|TemporaryDir|StorageInfo|FileSystemWatcher)"
         "|std::filesystem|std::[io]?fstream)\\b"_s);
-    static const QRegularExpression Commento(u"//.*$"_s);
-    QStringList Frasi;
-    for (const QString& File : Sorgenti(Questa, {u"*.h"_s, u"*.cpp"_s})) {
-        if (File.startsWith(u"platform/") || File.startsWith(u"demo/"))
-            continue;
-        const QStringList Testo = Righe(Questa.Radice + File);
-        for (qsizetype i = 0; i < Testo.size(); ++i)
-            if (const auto Trovato = Classe.match(QString(Testo[i]).remove(Commento)); Trovato.hasMatch())
-                Frasi +=
-                    Posto(File, i) + u"names %1: only platform/ touches the disk"_s.arg(Trovato.captured());
-    }
-    return Frasi;
+    return SoloDiPlatform(Questa, Classe, u"names %1: only platform/ touches the disk"_s);
 }
 
 QStringList NomiDoppi(const Casa& Questa)
