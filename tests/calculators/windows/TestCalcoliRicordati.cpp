@@ -1,5 +1,5 @@
 // What single windows remember of a calculation besides their boxes.
-#include "bancocalcoli.h"
+#include "tuttelecalcolatrici.h"
 
 #include "calculators/norme/norme.h"
 #include "calculators/norme/terminiricorrenti.h"

@@ -1,67 +1,13 @@
 // What all calculators share beside their own commands: the list of the last calculations, the sheet, the
 // copy as a table.
-#include "bancocalcoli.h"
+#include "tuttelecalcolatrici.h"
 
-#include "calculators/windows/frmCodFis.h"
-#include "calculators/windows/frmContrib.h"
-#include "calculators/windows/frmInteressi.h"
-#include "calculators/windows/frmIstat.h"
-#include "calculators/windows/frmTermini.h"
-#include "calculators/windows/frmTerminiSeq.h"
 #include "platform/system/file.h"
 
 #include <QCheckBox>
 #include <QMimeData>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-using Apritore = QDialog* (*)();
-using Conto = void (*)(QDialog* F, int Quale);
-
-template <class Modulo>
-QDialog* ApriModulo()
-{
-    return Apri<Modulo>();
-}
-
-/// Every calculator with a calculation, and where its result stands.
-void Righe()
-{
-    QTest::addColumn<Apritore>("Nuovo");
-    QTest::addColumn<Conto>("Calcola");
-    QTest::addColumn<QByteArray>("Risultato");
-    QTest::addColumn<QString>("Atteso");
-    QTest::addColumn<QString>("Nome");
-    QTest::addColumn<QString>("Esito");
-    QTest::newRow("termini") << Apritore(ApriModulo<frmTermini>) << Conto(CalcolaTermine)
-                             << QByteArray("lblRisult")
-                             << u"La scadenza è Lunedì,  24 Settembre  2012\n(Posticipata)"_s
-                             << u"Termine di 20 giorni dal 20/07/2012"_s
-                             << u"Lunedì, 24 Settembre 2012 (Posticipata)"_s;
-    QTest::newRow("sequenziali") << Apritore(ApriModulo<frmTerminiSeq>) << Conto(CalcolaSequenza)
-                                 << QByteArray("lblRisult")
-                                 << u"\n  1° termine (30 giorni):  Mercoledì,  12 Dicembre  2012\n\n"
-                                    "  2° termine (30 giorni):  Venerdì,  11 Gennaio  2013\n\n"
-                                    "  3° termine (20 giorni):  Giovedì,  31 Gennaio  2013"_s
-                                 << u"Art. 183, 6° co. cpc (deposito memorie), udienza del 12/11/2012"_s
-                                 << u"12/12/2012, 11/01/2013, 31/01/2013"_s;
-    QTest::newRow("interessi") << Apritore(ApriModulo<frmInteressi>) << Conto(CalcolaInteressi)
-                               << QByteArray("lblTotale") << u"25,07"_s
-                               << u"Legali, 1.000,00 euro dal 01/01/2012 al 31/12/2012"_s << u"25,07 euro"_s;
-    QTest::newRow("istat") << Apritore(ApriModulo<frmIstat>) << Conto(CalcolaIstat)
-                           << QByteArray("lblImpRival") << u"1.161,64  "_s
-                           << u"1.000,00 euro dal 01/01/2020 al 01/01/2024"_s << u"1.161,64 euro"_s;
-    QTest::newRow("codice fiscale") << Apritore(ApriModulo<frmCodFis>) << Conto(CalcolaCodice)
-                                    << QByteArray("txtCodiceFiscale") << u"RSSMRA80A01H501U"_s
-                                    << u"Rossi Mario"_s << u"RSSMRA80A01H501U"_s;
-    QTest::newRow("contributo") << Apritore(ApriModulo<frmContrib>) << Conto(CalcolaContributo)
-                                << QByteArray("lblContr_0") << u"43,00"_s
-                                << u"Contributo ordinario, valore 1.000,00"_s << u"43,00 euro"_s;
-}
-
-}  // namespace
 
 class TestComandiCalcolo : public QObject, private ConCalcoli
 {
@@ -70,23 +16,23 @@ class TestComandiCalcolo : public QObject, private ConCalcoli
 private Q_SLOTS:
     void init() { Prepara(); }
     void cleanup() { Sgombra(); }
-    void siApreVuota_data() { Righe(); }
+    void siApreVuota_data() { RigheCalcolatrici(); }
     void siApreVuota();
-    void tornaDallElenco_data() { Righe(); }
+    void tornaDallElenco_data() { RigheCalcolatrici(); }
     void tornaDallElenco();
-    void dalMenuEColMouse_data() { Righe(); }
+    void dalMenuEColMouse_data() { RigheCalcolatrici(); }
     void dalMenuEColMouse();
-    void spenta_data() { Righe(); }
+    void spenta_data() { RigheCalcolatrici(); }
     void spenta();
-    void scheda_data() { Righe(); }
+    void scheda_data() { RigheCalcolatrici(); }
     void scheda();
-    void copiaTabella_data() { Righe(); }
+    void copiaTabella_data() { RigheCalcolatrici(); }
     void copiaTabella();
-    void senzaRisultatoRiposano_data() { Righe(); }
+    void senzaRisultatoRiposano_data() { RigheCalcolatrici(); }
     void senzaRisultatoRiposano();
-    void svuotatoNonTorna_data() { Righe(); }
+    void svuotatoNonTorna_data() { RigheCalcolatrici(); }
     void svuotatoNonTorna();
-    void campiMancanti_data() { Righe(); }
+    void campiMancanti_data() { RigheCalcolatrici(); }
     void campiMancanti();
 };
 PROVA(TestComandiCalcolo);
@@ -94,15 +40,13 @@ PROVA(TestComandiCalcolo);
 // A remembered calculation changes nothing of how a window opens.
 void TestComandiCalcolo::siApreVuota()
 {
-    QFETCH(Apritore, Nuovo);
-    QFETCH(Conto, Calcola);
-    QFETCH(QByteArray, Risultato);
-    QDialog* F = Nuovo();
-    Calcola(F, 0);
-    QTEST(TestoDi(F, Risultato.constData()), "Atteso");
+    const CalcolatriceProvata& Provata = QuestaCalcolatrice();
+    QDialog* F = Provata.Apri();
+    Provata.Calcola(F, 0);
+    QCOMPARE(TestoDi(F, Provata.Risultato), Provata.Atteso);
     Chiudi(F);
-    F = Nuovo();
-    QCOMPARE(TestoDi(F, Risultato.constData()), QString());
+    F = Provata.Apri();
+    QCOMPARE(TestoDi(F, Provata.Risultato), QString());
     for (QLineEdit* Casella : F->findChildren<QLineEdit*>())
         if (Casella->objectName() != u"mskDataFin" && !Casella->text().remove(u'/').isEmpty())
             QVERIFY2(!Casella->isVisible(), qPrintable(Casella->objectName() + u' ' + Casella->text()));
@@ -110,24 +54,19 @@ void TestComandiCalcolo::siApreVuota()
 
 void TestComandiCalcolo::tornaDallElenco()
 {
-    QFETCH(Apritore, Nuovo);
-    QFETCH(Conto, Calcola);
-    QFETCH(QByteArray, Risultato);
-    QFETCH(QString, Atteso);
-    QFETCH(QString, Nome);
-    QFETCH(QString, Esito);
-    QDialog* F = Nuovo();
-    Calcola(F, 0);
-    QCOMPARE(TestoDi(F, Risultato.constData()), Atteso);
+    const CalcolatriceProvata& Provata = QuestaCalcolatrice();
+    QDialog* F = Provata.Apri();
+    Provata.Calcola(F, 0);
+    QCOMPARE(TestoDi(F, Provata.Risultato), Provata.Atteso);
     Chiudi(F);
-    F = Nuovo();
+    F = Provata.Apri();
     auto* Elenco = ApriElenco(F);
     QVERIFY(Elenco);
-    QCOMPARE(Colonna(Elenco, 0), QStringList{Nome});
-    QCOMPARE(Colonna(Elenco, 1), QStringList{Esito});
+    QCOMPARE(Colonna(Elenco, 0), QStringList{Provata.Nome.toString()});
+    QCOMPARE(Colonna(Elenco, 1), QStringList{Provata.Esito.toString()});
     QCOMPARE(Colonna(Elenco, 2), QStringList{u"21/11/2026 10:00"_s});
     QVERIFY(Riprendi(F));
-    QCOMPARE(TestoDi(F, Risultato.constData()), Atteso);
+    QCOMPARE(TestoDi(F, Provata.Risultato), Provata.Atteso);
     // What was taken up again is the same calculation: the list has not grown.
     Elenco = ApriElenco(F);
     QVERIFY(Elenco);
@@ -137,17 +76,13 @@ void TestComandiCalcolo::tornaDallElenco()
 // Over another calculation on view, from the menu, with a double click.
 void TestComandiCalcolo::dalMenuEColMouse()
 {
-    QFETCH(Apritore, Nuovo);
-    QFETCH(Conto, Calcola);
-    QFETCH(QByteArray, Risultato);
-    QFETCH(QString, Atteso);
-    QFETCH(QString, Nome);
-    QDialog* F = Nuovo();
-    Calcola(F, 0);
+    const CalcolatriceProvata& Provata = QuestaCalcolatrice();
+    QDialog* F = Provata.Apri();
+    Provata.Calcola(F, 0);
     if (F->findChild<QAction*>(u"mnuNew"_s))
         DalMenu(F, "mnuNew");
-    Calcola(F, 1);
-    QVERIFY(TestoDi(F, Risultato.constData()) != Atteso);
+    Provata.Calcola(F, 1);
+    QVERIFY(TestoDi(F, Provata.Risultato) != Provata.Atteso);
     QVERIFY(MostraAttiva(*F));
     DalMenu(F, "mnuUltimi");
     Respiro();
@@ -155,16 +90,15 @@ void TestComandiCalcolo::dalMenuEColMouse()
     QVERIFY(Elenco);
     const QStringList Nomi = Colonna(Elenco, 0);
     QCOMPARE(Nomi.size(), 2);
-    QCOMPARE(Nomi[1], Nome);
+    QCOMPARE(Nomi[1], Provata.Nome);
     DoppioClic(Controllo<Griglia>(Elenco, "tdbCalcoli"), 1);
-    QCOMPARE(TestoDi(F, Risultato.constData()), Atteso);
+    QCOMPARE(TestoDi(F, Provata.Risultato), Provata.Atteso);
 }
 
 void TestComandiCalcolo::spenta()
 {
-    QFETCH(Apritore, Nuovo);
-    QFETCH(Conto, Calcola);
-    QDialog* F = Nuovo();
+    const CalcolatriceProvata& Provata = QuestaCalcolatrice();
+    QDialog* F = Provata.Apri();
     auto* Elenco = ApriElenco(F);
     QVERIFY(Elenco);
     auto* Ricorda = Controllo<QCheckBox>(Elenco, "chkRicorda");
@@ -172,10 +106,10 @@ void TestComandiCalcolo::spenta()
     Clic(Ricorda);
     QVERIFY(!sessione::RicordaCalcoli);
     QVERIFY(ChiudiElenco(F, Elenco));
-    Calcola(F, 0);
+    Provata.Calcola(F, 0);
     Chiudi(F);
     QVERIFY(!EsisteFile(FileCalcoli()));
-    F = Nuovo();
+    F = Provata.Apri();
     Elenco = ApriElenco(F);
     QVERIFY(Elenco);
     QVERIFY(!Controllo<QCheckBox>(Elenco, "chkRicorda")->isChecked());
@@ -186,11 +120,10 @@ void TestComandiCalcolo::spenta()
 
 void TestComandiCalcolo::scheda()
 {
-    QFETCH(Apritore, Nuovo);
-    QFETCH(Conto, Calcola);
+    const CalcolatriceProvata& Provata = QuestaCalcolatrice();
     sessione::StudioNome = u"Studio Bianchi"_s;
-    QDialog* F = Nuovo();
-    Calcola(F, 0);
+    QDialog* F = Provata.Apri();
+    Provata.Calcola(F, 0);
     QVERIFY(Attiva(F, "mnuScheda"));
     DalMenu(F, "mnuScheda");
     QVERIFY(SeCaricato<frmPrint> && SeCaricato<frmPrint>->isVisible());
@@ -204,10 +137,9 @@ void TestComandiCalcolo::scheda()
 
 void TestComandiCalcolo::copiaTabella()
 {
-    QFETCH(Apritore, Nuovo);
-    QFETCH(Conto, Calcola);
-    QDialog* F = Nuovo();
-    Calcola(F, 0);
+    const CalcolatriceProvata& Provata = QuestaCalcolatrice();
+    QDialog* F = Provata.Apri();
+    Provata.Calcola(F, 0);
     QVERIFY(MostraAttiva(*F));
     Premi(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
     const QMimeData* Dati = QApplication::clipboard()->mimeData();
@@ -221,11 +153,10 @@ void TestComandiCalcolo::copiaTabella()
 
 void TestComandiCalcolo::senzaRisultatoRiposano()
 {
-    QFETCH(Apritore, Nuovo);
-    QFETCH(Conto, Calcola);
-    QDialog* F = Nuovo();
+    const CalcolatriceProvata& Provata = QuestaCalcolatrice();
+    QDialog* F = Provata.Apri();
     QVERIFY(!Attiva(F, "mnuScheda") && !Attiva(F, "mnuCopiaTabella") && Attiva(F, "mnuUltimi"));
-    Calcola(F, 0);
+    Provata.Calcola(F, 0);
     QVERIFY(Attiva(F, "mnuScheda") && Attiva(F, "mnuCopiaTabella"));
     DalMenu(F, "mnuNew");
     QVERIFY(!Attiva(F, "mnuScheda") && !Attiva(F, "mnuCopiaTabella"));
@@ -238,10 +169,9 @@ void TestComandiCalcolo::senzaRisultatoRiposano()
 // What was taken out of the list stays out, although it is on view still: nobody has made it again.
 void TestComandiCalcolo::svuotatoNonTorna()
 {
-    QFETCH(Apritore, Nuovo);
-    QFETCH(Conto, Calcola);
-    QDialog* F = Nuovo();
-    Calcola(F, 0);
+    const CalcolatriceProvata& Provata = QuestaCalcolatrice();
+    QDialog* F = Provata.Apri();
+    Provata.Calcola(F, 0);
     auto* Elenco = ApriElenco(F);
     QVERIFY(Elenco);
     QCOMPARE(Colonna(Elenco, 0).size(), 1);
@@ -262,11 +192,10 @@ void TestComandiCalcolo::svuotatoNonTorna()
 // with something that it knows.
 void TestComandiCalcolo::campiMancanti()
 {
-    QFETCH(Apritore, Nuovo);
-    QFETCH(Conto, Calcola);
+    const CalcolatriceProvata& Provata = QuestaCalcolatrice();
     B->Voce.Tollera();
-    QDialog* F = Nuovo();
-    Calcola(F, 0);
+    QDialog* F = Provata.Apri();
+    Provata.Calcola(F, 0);
     Chiudi(F);
     CalcoloRicordato Intero;
     Calcolatrice Quale{};
@@ -278,7 +207,7 @@ void TestComandiCalcolo::campiMancanti()
     QVERIFY(Intero.Campi.size() > 1);
     const QStringList Chiavi = Intero.Campi.keys();
     for (const bool Sola : {true, false}) {
-        F = Nuovo();
+        F = Provata.Apri();
         for (const QString& Chiave : Chiavi) {
             CalcoloRicordato Parte = Intero;
             if (Sola)

@@ -1,5 +1,5 @@
 // The list of the last calculations: its commands and keys, one that is damaged or cannot be written.
-#include "bancocalcoli.h"
+#include "tuttelecalcolatrici.h"
 
 #include "calculators/windows/frmIstat.h"
 #include "calculators/windows/frmTermini.h"

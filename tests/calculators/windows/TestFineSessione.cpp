@@ -1,11 +1,5 @@
 // A session of the desktop ends while a calculator has a box open: the window is closed behind it.
-#include "banco.h"
-
-#include "calculators/windows/frmContrib.h"
-#include "calculators/windows/frmInteressi.h"
-#include "calculators/windows/frmIstat.h"
-#include "calculators/windows/frmTermini.h"
-#include "calculators/windows/frmTerminiSeq.h"
+#include "tuttelecalcolatrici.h"
 
 #include <QDialog>
 #include <QEventLoop>
@@ -14,14 +8,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-using Apritore = QDialog* (*)();
-
-template <class Modulo>
-QDialog* ApriModulo()
-{
-    return Apri<Modulo>();
-}
 
 /// Boxes with an event loop of their own, as real ones have it. Each closes all windows while it is up.
 class BoxCheChiudono
@@ -58,34 +44,21 @@ class TestFineSessione : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void laFinestraAspettaIlBox_data();
+    void laFinestraAspettaIlBox_data() { RigheCalcolatrici(true); }
     void laFinestraAspettaIlBox();
 };
 PROVA(TestFineSessione);
 
-void TestFineSessione::laFinestraAspettaIlBox_data()
-{
-    QTest::addColumn<Apritore>("Nuovo");
-    QTest::addColumn<QString>("Bottone");
-    QTest::newRow("termini") << Apritore(ApriModulo<frmTermini>) << u"cmdEsegui"_s;
-    QTest::newRow("sequenziali") << Apritore(ApriModulo<frmTerminiSeq>) << u"cmdEsegui"_s;
-    QTest::newRow("interessi") << Apritore(ApriModulo<frmInteressi>) << u"cmdCalcola"_s;
-    QTest::newRow("istat") << Apritore(ApriModulo<frmIstat>) << u"cmdCalcola"_s;
-    QTest::newRow("contributo") << Apritore(ApriModulo<frmContrib>) << u"cmdSkImpugn"_s;
-}
-
 /// The procedure that has shown the box finds its window when it goes on; the window goes afterwards.
 void TestFineSessione::laFinestraAspettaIlBox()
 {
-    QFETCH(Apritore, Nuovo);
-    QFETCH(QString, Bottone);
+    const CalcolatriceProvata& Provata = QuestaCalcolatrice();
     const Banco Tavolo;
     sessione::PercorsoProg = NuovaCartella();
     const BoxCheChiudono Chiudono;
-    const QPointer<QDialog> Finestra = Nuovo();
-    auto* Calcola = Finestra->findChild<QPushButton*>(Bottone);
-    QVERIFY(Calcola);
-    Clic(Calcola);  // of an empty form, with no document beside the program
+    const QPointer<QDialog> Finestra = Provata.Apri();
+    QVERIFY(Finestra);
+    Clic(Controllo(Finestra, Provata.Chiede));  // of an empty form, with no document beside the program
     QVERIFY2(Chiudono.Quanti > 0, "it has asked for what is missing");
     QVERIFY(Finestra);
     QVERIFY(!Finestra->isVisible());

@@ -1,24 +1,18 @@
 // Calculators that were opened, used and closed leave nothing behind.
-#include "banco.h"
+#include "tuttelecalcolatrici.h"
 
-#include "calculators/windows/frmCodFis.h"
-#include "calculators/windows/frmContrib.h"
-#include "calculators/windows/frmInteressi.h"
-#include "calculators/windows/frmIstat.h"
-#include "calculators/windows/frmTermini.h"
-#include "calculators/windows/frmTerminiSeq.h"
 #include "calculators/windows/frmUltimiCalcoli.h"
 #include "supporto/memoria.h"
+
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-template <class Modulo>
-void ApriEChiudi()
+void ApriEChiudi(const CalcolatriceProvata& Quale)
 {
-    auto* Finestra = new Modulo;
-    Finestra->Mostra();
+    QDialog* Finestra = Quale.Apri();
     Respiro();
     Chiudi(Finestra);
     Respiro();
@@ -39,7 +33,7 @@ void ConLElenco()
     Respiro();
 }
 
-using Giro = void (*)();
+using Giro = std::function<void()>;
 
 }  // namespace
 
@@ -60,19 +54,16 @@ void TestMemoria::initTestCase()
     constexpr int Prime = 20;
     const Banco Tavolo;
     for (int i = 0; i < Prime; ++i)
-        ApriEChiudi<frmTermini>();
+        ApriEChiudi(TutteLeCalcolatrici.front());
 }
 
 void TestMemoria::molteComeUna_data()
 {
     QTest::addColumn<Giro>("UnaVolta");
-    QTest::newRow("termini") << Giro(ApriEChiudi<frmTermini>);
-    QTest::newRow("sequenziali") << Giro(ApriEChiudi<frmTerminiSeq>);
-    QTest::newRow("interessi") << Giro(ApriEChiudi<frmInteressi>);
-    QTest::newRow("istat") << Giro(ApriEChiudi<frmIstat>);
-    QTest::newRow("codice fiscale") << Giro(ApriEChiudi<frmCodFis>);
+    for (size_t i = 0; i < TutteLeCalcolatrici.size(); ++i)
+        QTest::newRow(qPrintable(TabellaCalcolatrici[i].NelFile.toString()))
+            << Giro([i] { ApriEChiudi(TutteLeCalcolatrici[i]); });
     QTest::newRow("con l'elenco degli ultimi calcoli") << Giro(ConLElenco);
-    QTest::newRow("contributo") << Giro(ApriEChiudi<frmContrib>);
 }
 
 void TestMemoria::molteComeUna()

@@ -1,15 +1,9 @@
 // The windows of the calculators on small screens and with large letters: nothing is squeezed, what does not
 // fit scrolls, what has the focus is in sight. What all have in common for the keyboard and the screen
 // reader.
-#include "banco.h"
+#include "tuttelecalcolatrici.h"
 
 #include "calculators/windows/finestracalcolo.h"
-#include "calculators/windows/frmCodFis.h"
-#include "calculators/windows/frmContrib.h"
-#include "calculators/windows/frmInteressi.h"
-#include "calculators/windows/frmIstat.h"
-#include "calculators/windows/frmTermini.h"
-#include "calculators/windows/frmTerminiSeq.h"
 
 #include <QAccessible>
 #include <QHeaderView>
@@ -19,25 +13,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-using Apritore = QDialog* (*)();
-
-template <class Modulo>
-QDialog* ApriModulo()
-{
-    return Apri<Modulo>();
-}
-
-void RigheModuli()
-{
-    QTest::addColumn<Apritore>("Nuovo");
-    QTest::newRow("termini") << Apritore(ApriModulo<frmTermini>);
-    QTest::newRow("sequenziali") << Apritore(ApriModulo<frmTerminiSeq>);
-    QTest::newRow("interessi") << Apritore(ApriModulo<frmInteressi>);
-    QTest::newRow("istat") << Apritore(ApriModulo<frmIstat>);
-    QTest::newRow("codice fiscale") << Apritore(ApriModulo<frmCodFis>);
-    QTest::newRow("contributo") << Apritore(ApriModulo<frmContrib>);
-}
 
 // 1366x768 at 200 % without the task bar, the title and the borders of a window.
 constexpr QSize SchermoPiccolo(660, 300);
@@ -51,19 +26,19 @@ class TestMisure : public QObject
 private Q_SLOTS:
     void init();
     void cleanup();
-    void staNelloSchermoPiccolo_data() { RigheModuli(); }
+    void staNelloSchermoPiccolo_data() { RigheCalcolatrici(); }
     void staNelloSchermoPiccolo();
-    void lettereGrandi_data() { RigheModuli(); }
+    void lettereGrandi_data() { RigheCalcolatrici(); }
     void lettereGrandi();
     void cioCheSiMostraPrimaHaPosto();
     void unaBarraNonNeChiedeUnAltra();
     void iCampiCresconoConLeLettere();
     void laTabellaDegliInteressiIntera();
-    void ilFuocoSiVede_data() { RigheModuli(); }
+    void ilFuocoSiVede_data() { RigheCalcolatrici(); }
     void ilFuocoSiVede();
-    void fuocoDallaTastiera_data() { RigheModuli(); }
+    void fuocoDallaTastiera_data() { RigheCalcolatrici(); }
     void fuocoDallaTastiera();
-    void listeConNome_data() { RigheModuli(); }
+    void listeConNome_data() { RigheCalcolatrici(); }
     void listeConNome();
 
 private:
@@ -87,8 +62,7 @@ void TestMisure::cleanup()
 
 void TestMisure::staNelloSchermoPiccolo()
 {
-    QFETCH(Apritore, Nuovo);
-    QDialog* Finestra = Nuovo();
+    QDialog* Finestra = QuestaCalcolatrice().Apri();
     QVERIFY(Finestra);
     const QSize Minima = Finestra->minimumSizeHint().expandedTo(Finestra->minimumSize());
     QVERIFY2(Minima.width() <= SchermoPiccolo.width() && Minima.height() <= SchermoPiccolo.height(),
@@ -97,11 +71,10 @@ void TestMisure::staNelloSchermoPiccolo()
 
 void TestMisure::lettereGrandi()
 {
-    QFETCH(Apritore, Nuovo);
     QFont Grande = Carattere;
     Grande.setPointSize(14);
     QApplication::setFont(Grande);
-    QDialog* Finestra = Nuovo();
+    QDialog* Finestra = QuestaCalcolatrice().Apri();
     QVERIFY(Finestra);
     Finestra->resize(SchermoPiccolo);
     Respiro();
@@ -181,8 +154,7 @@ void TestMisure::laTabellaDegliInteressiIntera()
 
 void TestMisure::ilFuocoSiVede()
 {
-    QFETCH(Apritore, Nuovo);
-    QDialog* Finestra = Nuovo();
+    QDialog* Finestra = QuestaCalcolatrice().Apri();
     QVERIFY(Finestra);
     Finestra->resize(SchermoPiccolo);
     Respiro();
@@ -205,16 +177,14 @@ void TestMisure::ilFuocoSiVede()
 // The style outlines lists, ticks and options from the start, not from the first Tab on.
 void TestMisure::fuocoDallaTastiera()
 {
-    QFETCH(Apritore, Nuovo);
-    const QDialog* Finestra = Nuovo();
+    const QDialog* Finestra = QuestaCalcolatrice().Apri();
     QVERIFY(Finestra);
     QVERIFY(Finestra->testAttribute(Qt::WA_KeyboardFocusChange));
 }
 
 void TestMisure::listeConNome()
 {
-    QFETCH(Apritore, Nuovo);
-    const QDialog* Finestra = Nuovo();
+    const QDialog* Finestra = QuestaCalcolatrice().Apri();
     QVERIFY(Finestra);
     for (QComboBox* Lista : Finestra->findChildren<QComboBox*>()) {
         auto* Letta = QAccessible::queryAccessibleInterface(Lista);

@@ -1,11 +1,6 @@
 // What a screen reader is told of a calculation, with the focus in a box above it.
-#include "bancocalcoli.h"
+#include "tuttelecalcolatrici.h"
 
-#include "calculators/windows/frmCodFis.h"
-#include "calculators/windows/frmContrib.h"
-#include "calculators/windows/frmInteressi.h"
-#include "calculators/windows/frmIstat.h"
-#include "calculators/windows/frmTerminiSeq.h"
 #include "platform/kit/annuncio.h"
 
 #include <QScopedValueRollback>
@@ -13,16 +8,7 @@
 
 using namespace Qt::StringLiterals;
 
-using Mossa = void (*)(QDialog*);
-using Apertura = QDialog* (*)();
-
 namespace {
-
-template <class Modulo>
-QDialog* ApriUno()
-{
-    return Apri<Modulo>();
-}
 
 /// What was announced in a window last.
 QString Detto(const QWidget* Finestra)
@@ -40,51 +26,37 @@ class TestRisultatiDetti : public QObject, ConCalcoli
 private Q_SLOTS:
     void init() { Prepara(); }
     void cleanup() { Sgombra(); }
-    void ognuno_data();
+    void ognuno_data() { RigheCalcolatrici(); }
     void ognuno();
+    void codiceLetto();
     void unaVoltaAllaFine();
 };
 PROVA(TestRisultatiDetti);
 
-void TestRisultatiDetti::ognuno_data()
-{
-    QTest::addColumn<Apertura>("Finestra");
-    QTest::addColumn<Mossa>("Fai");
-    QTest::addColumn<QString>("Atteso");
-    QTest::newRow("term") << Apertura(ApriUno<frmTermini>) << Mossa([](QDialog* F) { CalcolaTermine(F, 0); })
-                          << u"2012"_s;
-    QTest::newRow("sequence") << Apertura(ApriUno<frmTerminiSeq>)
-                              << Mossa([](QDialog* F) { CalcolaSequenza(F, 0); }) << u"201"_s;
-    QTest::newRow("interests") << Apertura(ApriUno<frmInteressi>)
-                               << Mossa([](QDialog* F) { CalcolaInteressi(F, 0); }) << u"25,07"_s;
-    QTest::newRow("revaluation") << Apertura(ApriUno<frmIstat>)
-                                 << Mossa([](QDialog* F) { CalcolaIstat(F, 0); }) << u"1.1"_s;
-    QTest::newRow("fiscal code") << Apertura(ApriUno<frmCodFis>)
-                                 << Mossa([](QDialog* F) { CalcolaCodice(F, 0); }) << u"RSSMRA80A01H501U"_s;
-    QTest::newRow("fiscal code read")
-        << Apertura(ApriUno<frmCodFis>)
-        << Mossa([](QDialog* F) { Scrivi(F, "txtLetto", u"RSSMRA80A01H501U"_s); }) << u"1980"_s;
-    QTest::newRow("filing fee") << Apertura(ApriUno<frmContrib>)
-                                << Mossa([](QDialog* F) { CalcolaContributo(F, 0); }) << u"43,00"_s;
-}
-
 void TestRisultatiDetti::ognuno()
 {
-    QFETCH(Apertura, Finestra);
-    QFETCH(Mossa, Fai);
-    QFETCH(QString, Atteso);
+    const CalcolatriceProvata& Provata = QuestaCalcolatrice();
     const QScopedValueRollback Presto(PausaAnnuncioMs, 20);
-    QDialog* F = Finestra();
+    QDialog* F = Provata.Apri();
     QVERIFY(F);
-    Fai(F);
-    QTRY_VERIFY2(Detto(F).contains(Atteso), qPrintable(Detto(F)));
+    Provata.Calcola(F, 0);
+    QTRY_VERIFY2(Detto(F).contains(Provata.Detto), qPrintable(Detto(F)));
+}
+
+void TestRisultatiDetti::codiceLetto()
+{
+    const QScopedValueRollback Presto(PausaAnnuncioMs, 20);
+    QDialog* F = Apri<frmCodFis>();
+    QVERIFY(F);
+    Scrivi(F, "txtLetto", u"RSSMRA80A01H501U"_s);
+    QTRY_VERIFY2(Detto(F).contains(u"1980"), qPrintable(Detto(F)));
 }
 
 /// The panel reckons at each digit, and says the fee once.
 void TestRisultatiDetti::unaVoltaAllaFine()
 {
     const QScopedValueRollback Lunga(PausaAnnuncioMs, 3000);
-    QDialog* F = ApriUno<frmContrib>();
+    QDialog* F = Apri<frmContrib>();
     QVERIFY(F);
     Scegli(F, "cmbNorme", InVigore);
     Scrivi(F, "txtValoreVigente", u"20000"_s);
