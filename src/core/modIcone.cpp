@@ -191,3 +191,12 @@ QPoint PostoIcona(int Riga)
     }
     return Posto;
 }
+
+QPoint PostoFisso(int Indice, int Quante)
+{
+    constexpr int Righe = 3;
+    constexpr int Alto = 12;
+    constexpr int Passo = 100;
+    const int PerRiga = std::max(5, (Quante + Righe - 1) / Righe);
+    return {PostoIcona(0).x() + Indice % PerRiga * Passo, Alto + Indice / PerRiga * Passo};
+}

@@ -50,3 +50,8 @@ void ApriDestinazione(const QString& Destinazione);
 /// Upper left corner of the picture of an icon, in pixels: six in the first row, which starts further right
 /// than the following ones.
 [[nodiscard]] QPoint PostoIcona(int Riga);
+
+/// The same of one of the program's own icons: three rows above the user's, in the columns of their first
+/// row.
+/// @param Quante how many there are; more than fifteen make the rows longer than five
+[[nodiscard]] QPoint PostoFisso(int Indice, int Quante);

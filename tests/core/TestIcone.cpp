@@ -51,6 +51,7 @@ private Q_SLOTS:
     void apreNulla();
     void posti_data();
     void posti();
+    void postiFissi();
 };
 PROVA(TestIcone);
 
@@ -207,6 +208,31 @@ void TestIcone::posti()
 {
     QFETCH(int, Riga);
     QTEST(PostoIcona(Riga), "Posto");
+}
+
+/// However many the program has, up to the width of a screen, none covers another or comes upon the user's.
+void TestIcone::postiFissi()
+{
+    constexpr QSize Passo(100, 100);
+    for (int Quante = 1; Quante <= 24; ++Quante) {
+        QList<QRect> Presi;
+        for (int i = 0; i < Quante; ++i) {
+            const QRect Suo(PostoFisso(i, Quante), Passo);
+            for (const QRect& Altro : std::as_const(Presi))
+                QVERIFY2(!Suo.intersects(Altro), qPrintable(u"%1 di %2"_s.arg(i).arg(Quante)));
+            for (int Riga = 0; Riga < 20; ++Riga)
+                QVERIFY2(!Suo.intersects(QRect(PostoIcona(Riga), Passo)),
+                         qPrintable(u"%1 di %2 e %3 dell'utente"_s.arg(i).arg(Quante).arg(Riga)));
+            Presi << Suo;
+        }
+    }
+    // Fifteen stand in rows of five.
+    QCOMPARE(PostoFisso(4, 15), QPoint(536, 12));
+    QCOMPARE(PostoFisso(5, 15), QPoint(136, 112));
+    QCOMPARE(PostoFisso(14, 15), QPoint(536, 212));
+    // The sixteenth makes a column, as wide as the user's first row.
+    QCOMPARE(PostoFisso(5, 16), QPoint(636, 12));
+    QCOMPARE(PostoFisso(15, 16), QPoint(436, 212));
 }
 
 void TestIcone::scriveERilegge()

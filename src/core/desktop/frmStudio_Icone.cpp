@@ -29,15 +29,6 @@ namespace {
 
 const QString PrefissoUtente = u"user"_s;
 
-/// Three rows of five, in the columns of the user's icons, which follow below them.
-QPoint PostoFisso(int Indice)
-{
-    constexpr int PerRiga = 5;
-    constexpr int Alto = 12;
-    constexpr int Passo = 100;
-    return {PostoIcona(0).x() + Indice % PerRiga * Passo, Alto + Indice / PerRiga * Passo};
-}
-
 bool DiUtente(const IconaStudio* Icona)
 {
     return Icona->Tag().startsWith(PrefissoUtente);
@@ -84,9 +75,11 @@ void MenuIcona(const QPoint& Dove, int Riga)
 
 void frmStudio::CreaIconeFisse()
 {
-    for (const Comando* Riga : ComandiDellaScrivania()) {
+    const auto Fisse = ComandiDellaScrivania();
+    for (const Comando* Riga : Fisse) {
         const QString Parola = Riga->Parola.toString();
-        IconaStudio* Icona = NuovaIcona(Riga->Icona.Etichetta.toString(), Parola, PostoFisso(NumeroIcone()));
+        IconaStudio* Icona = NuovaIcona(Riga->Icona.Etichetta.toString(), Parola,
+                                        PostoFisso(NumeroIcone(), int(Fisse.size())));
         Icona->ImpostaIcona(aspetto::Icona(Parola));
         MostraTasti(Icona, QKeySequence(Riga->Tasti.toString(), QKeySequence::PortableText));
     }

@@ -38,6 +38,17 @@ QColor Prevalente(const QImage& Immagine)
     return QColor(std::ranges::max_element(Quanti).key());
 }
 
+/// Behind the program's own.
+const int PrimaUtente = int(Fisse.size());
+/// The program's own stand in three rows.
+const int PerRiga = std::max(5, (PrimaUtente + 2) / 3);
+
+/// The place of a word's icon.
+int IconaDi(QStringView Comando)
+{
+    return int(std::ranges::find(Fisse, Comando, &Fissa::Comando) - Fisse.begin());
+}
+
 }  // namespace
 
 class TestStudioIcone : public QObject, private BancoStudio
@@ -105,7 +116,7 @@ void TestStudioIcone::clicConLaClessidra()
     const frmStudio& Scrivania = Apri();
     S->Clessidre.clear();
     Aperture.Finestre[u"termini"_s] = [this] { S->Annota(u"termini, puntatore "_s + S->Clessidre); };
-    QTest::mouseClick(Scrivania.imgMenu(3), Qt::LeftButton);
+    QTest::mouseClick(Scrivania.imgMenu(IconaDi(u"termini")), Qt::LeftButton);
     QCOMPARE(S->Eventi, QStringList{u"termini, puntatore +"_s});
     QCOMPARE(S->Clessidre, u"+-"_s);
 }
@@ -116,7 +127,7 @@ void TestStudioIcone::guastoDiUnComando()
     const frmStudio& Scrivania = Apri();
     Aperture.Finestre[u"termini"_s] = [] { throw Errore(7); };
     Box.Attendi(u"Errore: "_s + DescrizioneErrore(7) + u" (7)"_s);
-    QTest::mouseClick(Scrivania.imgMenu(3), Qt::LeftButton);
+    QTest::mouseClick(Scrivania.imgMenu(IconaDi(u"termini")), Qt::LeftButton);
     QVERIFY(S->Clessidre.endsWith(u'-'));
 }
 
@@ -189,16 +200,17 @@ void TestStudioIcone::frecce_data()
     QTest::addColumn<int>("Tasto");
     QTest::addColumn<int>("A");
 
+    const int Ultima = PrimaUtente - 1;
     QTest::newRow("right") << 0 << int(Qt::Key_Right) << 1;
-    QTest::newRow("left") << 7 << int(Qt::Key_Left) << 6;
-    QTest::newRow("down") << 3 << int(Qt::Key_Down) << 8;
-    QTest::newRow("up") << 14 << int(Qt::Key_Up) << 9;
-    QTest::newRow("right at the end of a row") << 4 << int(Qt::Key_Right) << 4;
-    QTest::newRow("left at the beginning of a row") << 5 << int(Qt::Key_Left) << 5;
+    QTest::newRow("left") << PerRiga + 2 << int(Qt::Key_Left) << PerRiga + 1;
+    QTest::newRow("down") << 3 << int(Qt::Key_Down) << PerRiga + 3;
+    QTest::newRow("up") << Ultima << int(Qt::Key_Up) << Ultima - PerRiga;
+    QTest::newRow("right at the end of a row") << PerRiga - 1 << int(Qt::Key_Right) << PerRiga - 1;
+    QTest::newRow("left at the beginning of a row") << PerRiga << int(Qt::Key_Left) << PerRiga;
     QTest::newRow("up from the first row") << 2 << int(Qt::Key_Up) << 2;
-    QTest::newRow("down from the last row") << 12 << int(Qt::Key_Down) << 12;
-    QTest::newRow("home") << 12 << int(Qt::Key_Home) << 0;
-    QTest::newRow("end") << 2 << int(Qt::Key_End) << 14;
+    QTest::newRow("down from the last row") << 2 * PerRiga + 1 << int(Qt::Key_Down) << 2 * PerRiga + 1;
+    QTest::newRow("home") << 2 * PerRiga + 1 << int(Qt::Key_Home) << 0;
+    QTest::newRow("end") << 2 << int(Qt::Key_End) << Ultima;
 }
 
 void TestStudioIcone::frecce()
@@ -223,9 +235,7 @@ void TestStudioIcone::invioApre()
     QKeyEvent Giu(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
     QCoreApplication::sendEvent(&Scrivania, &Giu);
     QCOMPARE(QApplication::focusWidget(), Scrivania.imgMenu(0));
-    Premi(Qt::Key_End);
-    Premi(Qt::Key_Up);
-    Premi(Qt::Key_Up);
+    Scrivania.imgMenu(IconaDi(u"sequenz"))->setFocus();
     for (const Qt::Key Tasto : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
         S->Eventi.clear();
         Premi(Tasto);
@@ -269,13 +279,13 @@ void TestStudioIcone::iconePersonali()
     const frmStudio& Scrivania = Singola<frmStudio>();
     QCOMPARE(Scrivania.NumeroIcone(), int(Fisse.size()) + 2);
     QCOMPARE(IconeUtente.Righe(), 2);
-    const IconaStudio* Prima = Scrivania.imgMenu(15);
+    const IconaStudio* Prima = Scrivania.imgMenu(PrimaUtente);
     QCOMPARE(Prima->text(), u"Sito"_s);
     QCOMPARE(Prima->Tag(), u"user0"_s);
     QCOMPARE(Prima->toolTip(), u"Icona personale: Sito"_s);
-    QCOMPARE(Scrivania.imgMenu(16)->Tag(), u"user1"_s);
-    QCOMPARE(Scrivania.imgMenu(16)->x() - Prima->x(), 100);
-    QCOMPARE(Prima->y() - Scrivania.imgMenu(14)->y(), 100);
+    QCOMPARE(Scrivania.imgMenu(PrimaUtente + 1)->Tag(), u"user1"_s);
+    QCOMPARE(Scrivania.imgMenu(PrimaUtente + 1)->x() - Prima->x(), 100);
+    QCOMPARE(Prima->y() - Scrivania.imgMenu(PrimaUtente - 1)->y(), 100);
 }
 
 void TestStudioIcone::titoloDiIconaAllaLettera()
@@ -284,12 +294,12 @@ void TestStudioIcone::titoloDiIconaAllaLettera()
                                                "L1=<b>Ruolo</b> &Atti\r\nL1_c=/a\r\nL1_i=a.gif\r\n");
     const frmStudio& Scrivania = Singola<frmStudio>();
     // No letter of a title is a key.
-    QCOMPARE(Scrivania.imgMenu(15)->text(), u"Rossi & Bianchi"_s);
-    for (const int Indice : {15, 16})
+    QCOMPARE(Scrivania.imgMenu(PrimaUtente)->text(), u"Rossi & Bianchi"_s);
+    for (const int Indice : {PrimaUtente, PrimaUtente + 1})
         QVERIFY(Scrivania.imgMenu(Indice)->shortcut().isEmpty());
     // The hint shows the title as it is written.
-    QCOMPARE(Scrivania.imgMenu(15)->toolTip(), u"Icona personale: Rossi & Bianchi"_s);
-    QCOMPARE(Scrivania.imgMenu(16)->toolTip(), u"Icona personale: <b>Ruolo</b> &Atti"_s);
+    QCOMPARE(Scrivania.imgMenu(PrimaUtente)->toolTip(), u"Icona personale: Rossi & Bianchi"_s);
+    QCOMPARE(Scrivania.imgMenu(PrimaUtente + 1)->toolTip(), u"Icona personale: <b>Ruolo</b> &Atti"_s);
 }
 
 void TestStudioIcone::collegamenti()
@@ -303,7 +313,7 @@ void TestStudioIcone::collegamenti()
     ScriviFile(Agenda, "#!/bin/sh\n");
     QVERIFY(QFile::setPermissions(Agenda, QFile::ReadOwner | QFile::ExeOwner));
     const frmStudio& Scrivania = Apri();
-    for (int i = 15; i < Scrivania.NumeroIcone(); ++i)
+    for (int i = PrimaUtente; i < Scrivania.NumeroIcone(); ++i)
         Scrivania.imgMenu(i)->click();
     QCOMPARE(S->Eventi, (QStringList{u"indirizzo http://www.calcanova.example/Una/Pagina"_s,
                                      u"indirizzo https://calcanova.example"_s,
@@ -318,11 +328,11 @@ void TestStudioIcone::collegamentoCheManca()
     S->Clessidre.clear();
     Box.Attendi(u"Errore: "_s + DescrizioneErrore(errori::FileMancante) + u": /opt/agenda (53)"_s, vbOK,
                 u"Errore:"_s);
-    Scrivania.imgMenu(15)->click();
+    Scrivania.imgMenu(PrimaUtente)->click();
     QVERIFY(S->Clessidre.endsWith(u'-'));
     // A row that has gone since does nothing.
     IconeUtente.Azzera(ColonneIcona);
-    Scrivania.imgMenu(15)->click();
+    Scrivania.imgMenu(PrimaUtente)->click();
     QCOMPARE(S->Eventi, QStringList());
 }
 
@@ -337,13 +347,13 @@ void TestStudioIcone::titoloLungo()
     sessione::ColoreEtichetteBordo = 0x0000FF;
     sessione::ColoreSfondoDesktop = 0xFFFFFF;
     frmStudio& Scrivania = Apri();
-    for (const int Indice : {15, 16}) {
+    for (const int Indice : {PrimaUtente, PrimaUtente + 1}) {
         const QImage Vista = Scrivania.imgMenu(Indice)->grab().toImage();
         // Nothing of the label is cut at the edges: they stay clear of its colour.
         for (int x = 0; x < Vista.width(); ++x)
             QVERIFY(Vista.pixelColor(x, Vista.height() - 1) != QColor(Qt::red));
     }
-    QCOMPARE(Scrivania.imgMenu(15)->toolTip(), u"Icona personale: "_s + QString::fromLatin1(Lungo));
+    QCOMPARE(Scrivania.imgMenu(PrimaUtente)->toolTip(), u"Icona personale: "_s + QString::fromLatin1(Lungo));
 }
 
 void TestStudioIcone::menuDellIcona_data()
@@ -377,8 +387,8 @@ void TestStudioIcone::menuDellIcona()
             Menu->close();
     });
     QContextMenuEvent Chiesto(QContextMenuEvent::Mouse, QPoint(5, 5),
-                              Scrivania.imgMenu(16)->mapToGlobal(QPoint(5, 5)));
-    QCoreApplication::sendEvent(Scrivania.imgMenu(16), &Chiesto);
+                              Scrivania.imgMenu(PrimaUtente + 1)->mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(Scrivania.imgMenu(PrimaUtente + 1), &Chiesto);
     QCOMPARE(S->Eventi.join(u' '), Atteso);
 }
 
@@ -395,7 +405,7 @@ void TestStudioIcone::ridisegnaMentreUnaIconaEPremuta()
         return 0;
     };
     Shell Prima = InstallaShell(std::move(Nuova));
-    Scrivania.imgMenu(15)->click();
+    Scrivania.imgMenu(PrimaUtente)->click();
     InstallaShell(std::move(Prima));
     QCOMPARE(Scrivania.NumeroIcone(), int(Fisse.size()) + 1);
     Respiro();
@@ -406,7 +416,7 @@ void TestStudioIcone::senzaFigura()
 {
     sessione::PercorsoProg = ProgrammaConIcone("L0=A\r\nL0_c=/a\r\nL0_i=manca.gif\r\n");
     frmStudio& Scrivania = Apri();
-    QVERIFY(Scrivania.imgMenu(15)->isVisible());
+    QVERIFY(Scrivania.imgMenu(PrimaUtente)->isVisible());
     QVERIFY(!Scrivania.grab().isNull());
 }
 
@@ -417,7 +427,7 @@ void TestStudioIcone::figuraNonStirata()
     QImage Larga(68, 17, QImage::Format_RGB32);
     Larga.fill(Qt::magenta);
     QVERIFY(Larga.save(sessione::PercorsoProg + u"icone/larga.png"_s));
-    const int Visti = Conta(Apri().imgMenu(15)->grab().toImage(), Qt::magenta);
+    const int Visti = Conta(Apri().imgMenu(PrimaUtente)->grab().toImage(), Qt::magenta);
     // Four times as wide as high, as it is in its file.
     QVERIFY2(Visti >= 34 * 7 && Visti <= 34 * 10, qPrintable(QString::number(Visti)));
 }
@@ -431,7 +441,7 @@ void TestStudioIcone::fileDelleIconeIlleggibile()
     const frmStudio& Scrivania = Apri();
     QCOMPARE(Scrivania.NumeroIcone(), int(Fisse.size()));
     Aperture.Finestre[u"termini"_s] = [this] { S->Annota(u"termini"_s); };
-    QTest::mouseClick(Scrivania.imgMenu(3), Qt::LeftButton);
+    QTest::mouseClick(Scrivania.imgMenu(IconaDi(u"termini")), Qt::LeftButton);
     QCOMPARE(S->Eventi, QStringList{u"termini"_s});
 }
 
@@ -445,14 +455,15 @@ void TestStudioIcone::iconeSenzaLavoro()
         QCOMPARE(Icona->isEnabled(), Motivo.isEmpty());
         QCOMPARE(Icona->toolTip(), Motivo.isEmpty() ? QString() : Icona->text() + u": "_s + Motivo);
     }
-    QVERIFY(!Scrivania.imgMenu(2)->isEnabled());
-    QTest::mouseClick(Scrivania.imgMenu(2), Qt::LeftButton);
-    Scrivania.Menu(2);
+    const int Spenta = IconaDi(u"clienti");
+    QVERIFY(!Scrivania.imgMenu(Spenta)->isEnabled());
+    QTest::mouseClick(Scrivania.imgMenu(Spenta), Qt::LeftButton);
+    Scrivania.Menu(Spenta);
     QCOMPARE(Scrivania.Marcata(), frmStudio::NessunaIcona);
     // The arrows pass over it.
-    Scrivania.imgMenu(1)->setFocus();
+    Scrivania.imgMenu(Spenta - 1)->setFocus();
     Premi(Qt::Key_Right);
-    QCOMPARE(QApplication::focusWidget(), Scrivania.imgMenu(3));
+    QCOMPARE(QApplication::focusWidget(), Scrivania.imgMenu(Spenta + 1));
 }
 
 void TestStudioIcone::leScritteHannoUnaMisura_data()
