@@ -17,17 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// By TipoStampa: what a letter calls the document.
-constexpr std::array<QStringView, TipiDocumento.size()> NomiNellaLettera{
-    u"Preavviso di parcella",
-    u"Preventivo",
-    u"Fattura",
-    u"Fattura",
-    u"Nota spese",
-    u"Contratto di affidamento dell'incarico",
-    u"Resa informativa",
-    u"Prospetto contabile"};
-
 constexpr std::array<QStringView, 7> Segnaposti{u"cliente", u"documento", u"numero", u"data",
                                                 u"oggetto", u"netto",     u"studio"};
 
@@ -113,9 +102,7 @@ ValoriLettera ValoriDi(const Parcella& Nota, int Tipo)
     ValoriLettera Valori;
     Valori[u"cliente"_s] = Nota.txtCliente.Testo.simplified();
     const bool Storno = Dati.EFattura && ENotaDiCredito(Nota);
-    Valori[u"documento"_s] = Storno              ? u"Nota di credito"_s
-                             : ETipoStampa(Tipo) ? NomiNellaLettera[size_t(Tipo)].toString()
-                                                 : QString();
+    Valori[u"documento"_s] = Storno ? u"Nota di credito"_s : Dati.NellaLettera.toString();
     Valori[u"numero"_s] = NumeroDocumento(Nota, Dati.Pannello);
     Valori[u"data"_s] = DataDocumento(Nota, Dati.Pannello);
     Valori[u"oggetto"_s] = Oggetto.simplified();

@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <QStringView>
 
+#include <algorithm>
 #include <array>
 
 /// The print types, in the order of their list.
@@ -43,7 +44,8 @@ enum class UsoAcconti {
 /// What is particular to a document.
 struct TipoDocumento
 {
-    QStringView Nome;  ///< entry of cmbTipoStampa
+    QStringView Nome;          ///< entry of cmbTipoStampa
+    QStringView NellaLettera;  ///< what the mail calls it that brings it
     PannelloStampa Pannello = PannelloStampa::Nessuno;
     QStringView Titolo;                          ///< of the panel
     bool Parti = false;                          ///< client, subject and counterparty are shown
@@ -66,6 +68,7 @@ struct TipoDocumento
 inline constexpr std::array TipiDocumento{
     TipoDocumento{
         .Nome = u"Prenotula",
+        .NellaLettera = u"Preavviso di parcella",
         .Pannello = PannelloStampa::Numero,
         .Titolo = u" Dati stampa prenotula: ",
         .Parti = true,
@@ -76,6 +79,7 @@ inline constexpr std::array TipiDocumento{
     },
     TipoDocumento{
         .Nome = u"Preventivo",
+        .NellaLettera = u"Preventivo",
         .Pannello = PannelloStampa::Numero,
         .Titolo = u" Dati stampa preventivo: ",
         .Parti = true,
@@ -85,6 +89,7 @@ inline constexpr std::array TipiDocumento{
     // Totals alone, on paper of the office's: never the three sums of a line, always what was paid.
     TipoDocumento{
         .Nome = u"Fattura sintetica",
+        .NellaLettera = u"Fattura",
         .Pannello = PannelloStampa::Fattura,
         .Titolo = u" Dati stampa fattura: ",
         .Parti = true,
@@ -100,6 +105,7 @@ inline constexpr std::array TipiDocumento{
     },
     TipoDocumento{
         .Nome = u"Fattura analitica",
+        .NellaLettera = u"Fattura",
         .Pannello = PannelloStampa::Fattura,
         .Titolo = u" Dati stampa fattura: ",
         .Parti = true,
@@ -112,6 +118,7 @@ inline constexpr std::array TipiDocumento{
     // The judge awards fees and expenses: taxes follow by law, and payments are no matter of his.
     TipoDocumento{
         .Nome = u"Nota spese giudiziale",
+        .NellaLettera = u"Nota spese",
         .Pannello = PannelloStampa::Deposito,
         .Titolo = u" Dati stampa nota spese: ",
         .Parti = true,
@@ -123,6 +130,7 @@ inline constexpr std::array TipiDocumento{
     },
     TipoDocumento{
         .Nome = u"Contratto cliente",
+        .NellaLettera = u"Contratto di affidamento dell'incarico",
         .Pannello = PannelloStampa::Incarico,
         .Titolo = u" Dati stampa contratto: ",
         .Parti = true,
@@ -134,6 +142,7 @@ inline constexpr std::array TipiDocumento{
     },
     TipoDocumento{
         .Nome = u"Resa informativa",
+        .NellaLettera = u"Resa informativa",
         .Pannello = PannelloStampa::Incarico,
         .Titolo = u" Dati stampa informativa: ",
         .Parti = true,
@@ -146,6 +155,7 @@ inline constexpr std::array TipiDocumento{
     // Rows of figures between two texts: it names nobody.
     TipoDocumento{
         .Nome = u"Solo parte contabile!",
+        .NellaLettera = u"Prospetto contabile",
         .Pannello = PannelloStampa::Testi,
         .Titolo = u" Dati stampa parte contabile: ",
         .Credito = true,
@@ -154,6 +164,9 @@ inline constexpr std::array TipiDocumento{
 static_assert(TipiDocumento[StampaFatturaSintetica].CartaIntestata &&
               TipiDocumento[StampaNotaGiudiziale].ForzaSenzaImposte &&
               TipiDocumento[StampaSoloContabile].Pannello == PannelloStampa::Testi);
+
+// A mail that calls its document nothing would be written without a word.
+static_assert(std::ranges::none_of(TipiDocumento, &QStringView::isEmpty, &TipoDocumento::NellaLettera));
 
 /// @param Tipo a TipoStampa; any other number is a document without a name that asks for nothing
 [[nodiscard]] const TipoDocumento& TipoDi(int Tipo);
