@@ -115,8 +115,7 @@ void SchedaContabili::Carica()
         std::max(ui->cmbNorme->findData(ValoreConservato(chiavi::NormeDiPartenza)), 0));
     for (const VoceAliquota& Voce : Aliquote)
         (ui.get()->*Voce.Campo)->setText(ValoreConservato(Voce.Chiave));
-    NumeroLetto = ValoreConservato(chiavi::ProgFatt);
-    ui->txtNumFatt->setText(NumeroLetto);
+    ui->txtNumFatt->setText(ValoreConservato(chiavi::ProgFatt));
     ui->lblVigenti->hide();
 }
 
@@ -128,10 +127,7 @@ ValoriScheda SchedaContabili::Valori() const
     Fatti.append({chiavi::NormeDiPartenza.toString(), ui->cmbNorme->currentData().toString()});
     for (const VoceAliquota& Voce : Aliquote)
         Fatti.append({Voce.Chiave.toString(), SenzaBianchi(ui.get()->*Voce.Campo)});
-    if (ui->txtNumFatt->text() != NumeroLetto)
-        Fatti.append({chiavi::ProgFatt.toString(), NumeroFattura(SenzaBianchi(ui->txtNumFatt))});
-    else if (ValoreConservato(chiavi::ProgFatt).trimmed().isEmpty())
-        Fatti.append({chiavi::ProgFatt.toString(), NumeroFattura({})});  // each start would stumble over it
+    Fatti.append({chiavi::ProgFatt.toString(), NumeroFattura(SenzaBianchi(ui->txtNumFatt))});
     return Fatti;
 }
 

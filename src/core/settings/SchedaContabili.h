@@ -36,6 +36,5 @@ private:
     bool LasciaNumero();
 
     std::unique_ptr<Ui::SchedaContabili> ui;
-    QString NumeroLetto;
     bool TariffaScelta = false;
 };

@@ -161,8 +161,8 @@ ValoriScheda SchedaFattura::Valori() const
         Fatti.append(
             {Voce.Chiave.toString(), Voce.Campo == &Ui::SchedaFattura::txtProv ? Testo.toUpper() : Testo});
     }
-    if (const QString Numero = ui->txtProgTrasm->text().trimmed(); Numero != NumeroLetto.trimmed())
-        Fatti.append({chiavi::ProgTrasm.toString(), Numero.isEmpty() ? u"0"_s : Numero});
+    const QString Numero = ui->txtProgTrasm->text().trimmed();
+    Fatti.append({chiavi::ProgTrasm.toString(), Numero.isEmpty() ? u"0"_s : Numero});
     return Fatti;
 }
 

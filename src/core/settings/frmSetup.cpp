@@ -19,6 +19,7 @@
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/suggerimento.h"
+#include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"
 
 #include "core/settings/ui_frmSetup.h"
@@ -115,6 +116,12 @@ constexpr std::array<QStringView, impostazioni::Schede> Aiuti{
     u"del messaggio servono al pulsante \"Invia per posta\" della stampa.",
 };
 static_assert(!Aiuti.back().isEmpty());
+
+/// Programs count on in the store while the form is open.
+bool EContatore(const QString& Chiave)
+{
+    return Chiave == chiavi::ProgFatt || Chiave == chiavi::ProgTrasm;
+}
 
 /// The text of a key; none where the form does not write it.
 std::optional<QString> ValoreDi(const ValoriScheda& Valori, const QString& Chiave)
@@ -382,10 +389,21 @@ void frmSetup::SegnaLetti()
 void frmSetup::SalvaValori()
 {
     Documenti->ConservaLogo();
-    const ValoriScheda Tutti = Valori();
+    const ValoriScheda Mostrati = Valori();
+    const auto Intatta = [&](const QString& Chiave) {
+        return ValoreDi(Letti, Chiave) == ValoreDi(Mostrati, Chiave);
+    };
+    ValoriScheda Tutti = Mostrati;
+    // Nobody counts on in a damaged store; whoever did before it was may have gone further than the form.
+    if (GenereDelGuasto(NomeApplicazione.toString()))
+        for (auto& [Chiave, Valore] : Tutti)
+            if (EContatore(Chiave) && Intatta(Chiave) && ValoreConservato(Chiave).toInt() > Valore.toInt())
+                Valore = ValoreConservato(Chiave);
     QSet<QString> Lasciate;
     const auto SiScrive = [&](const QString& Chiave, const QString& Ora) {
-        if (ValoreDi(Letti, Chiave) != ValoreDi(Tutti, Chiave) || Ora == Conservati.value(Chiave.toLower()))
+        // A counter that is held counts on without the form; an empty one would stop each start.
+        if (!Intatta(Chiave) ||
+            (EContatore(Chiave) ? Ora.trimmed().isEmpty() : Ora == Conservati.value(Chiave.toLower())))
             return true;
         Lasciate.insert(Chiave);
         return false;
