@@ -79,8 +79,8 @@ void Cambia(const QString& File, SeGuasto Che, const std::function<QByteArray(co
             throw Errore(errori::Accesso,
                          u"il file "_s + Dice(Danno) + u", occorre memorizzare di nuovo le impostazioni"_s);
         const QByteArray Nuovo = Dopo(Prima);
-        // No file is made for nothing.
-        if (Nuovo == Prima && (EsisteFile(File) || Nuovo.isEmpty()))
+        // No file is made for nothing. A damaged one that has lost nothing of these keys becomes whole.
+        if (Nuovo == Prima && (Nuovo.isEmpty() || Danno == DannoDeposito::Nessuno))
             return;
         // A number or a text can be looked up there.
         if (Danno != DannoDeposito::Nessuno && !Prima.trimmed().isEmpty())

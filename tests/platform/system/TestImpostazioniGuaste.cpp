@@ -20,6 +20,7 @@ class TestImpostazioniGuaste : public QObject
 private Q_SLOTS:
     void init();
     void ogniTaglioSiVede();
+    void dopoOgniTaglioSiSalva();
     void chiNonHaMaiSalvatoNonHaGuasti();
     void nienteDaScrivereNonFaUnFile();
     void iDueCommentiDaSoli_data();
@@ -58,6 +59,24 @@ void TestImpostazioniGuaste::ogniTaglioSiVede()
         ScriviFile(File, Intero.first(Byte));
         const std::optional<Errore> Guasto = GuastoImpostazioni(App);
         QVERIFY2(Guasto && Guasto->Descrizione.contains(File), Intero.first(Byte).constData());
+    }
+}
+
+/// The same texts again, whatever of them and of others the cut has left.
+void TestImpostazioniGuaste::dopoOgniTaglioSiSalva()
+{
+    const QList<std::pair<QString, QString>> Valori{{u"StudioNome"_s, u"Avv. Mario Rossi, Lucca"_s},
+                                                    {u"ProgFatt"_s, u"41"_s}};
+    SaveSettings(App, Sezione, Valori);
+    SaveSetting(App, Sezione, u"NoteRecenti"_s, u"bianchi.pv2"_s);
+    const QByteArray Intero = LeggiFile(File);
+    for (qsizetype Byte = 0; Byte < Intero.size() - 1; ++Byte) {
+        ScriviFile(File, Intero.first(Byte));
+        SaveSettings(App, Sezione, Valori);
+        QVERIFY2(!GuastoImpostazioni(App), Intero.first(Byte).constData());
+        for (const auto& [Chiave, Testo] : Valori)
+            QCOMPARE(GetSetting(App, Sezione, Chiave), Testo);
+        QCOMPARE(PrendiNumero(App, Sezione, u"ProgFatt"_s, 99), 42);
     }
 }
 
