@@ -431,6 +431,7 @@ void frmSetup::cmdSaveImpost_Click()
     if (!IconeScritte)
         MsgErrore(u"Errore scrittura .ini"_s);
     const QString CartellaPrima = ValoreConservato(chiavi::UserFolder);
+    const QString LogoPrima = logo::ImprontaValida(ValoreConservato(chiavi::LogoImpronta));
     if (!Protetta([this] { SalvaValori(); })) {
         // The icons are written all the same: those of the desktop would open their neighbours' targets.
         Invoca(Aperture.ImpostazioniCambiate);
@@ -439,7 +440,9 @@ void frmSetup::cmdSaveImpost_Click()
     if (ValoreConservato(chiavi::UserFolder) != CartellaPrima && Aperture.LasciaCartellaUtente)
         Aperture.LasciaCartellaUtente();
     ImpostaVariabili();
-    logo::TogliAltri(sessione::LogoImpronta);
+    // A file that has lost the logo's key names none; its picture is no less the office's.
+    if (!LogoPrima.isEmpty() || !sessione::LogoImpronta.isEmpty())
+        logo::TogliAltri(sessione::LogoImpronta);
     Invoca(Aperture.ImpostazioniCambiate);
     CaricaStudio();
     Contabili->Carica();

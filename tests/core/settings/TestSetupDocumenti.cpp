@@ -5,6 +5,8 @@
 #include "core/modLogo.h"
 #include "core/settings/anteprimapagina.h"
 #include "platform/system/cartelle.h"
+#include "platform/system/orologio.h"
+#include "supporto/danni.h"
 
 #include <QBuffer>
 #include <QCheckBox>
@@ -36,6 +38,8 @@ private Q_SLOTS:
     void rifiutato();
     void togli();
     void danneggiato();
+    void ilLogoRestaDoveIlSuoNomeSiPerde_data();
+    void ilLogoRestaDoveIlSuoNomeSiPerde();
     void laPaginaSiVede();
     void posta();
     void testiIniziali();
@@ -59,6 +63,12 @@ private:
     {
         Box.AttendiApri(File);
         T->Premi(u"cmdLogo"_s);
+    }
+    /// As if they had been made a week ago: those of today stay in any case.
+    static void InvecchiaCopie()
+    {
+        for (const QString& Nome : Copie())
+            ImpostaDataFile(CartellaDati() + Nome, Adesso().addDays(-7));
     }
     static QStringList Copie() { return NomiDeiFile(CartellaDati(), u".png"_s); }
 
@@ -199,6 +209,52 @@ void TestSetupDocumenti::danneggiato()
 }
 
 /// The page beside the choices follows each of them.
+void TestSetupDocumenti::ilLogoRestaDoveIlSuoNomeSiPerde_data()
+{
+    QTest::addColumn<int>("Come");
+    for (const int Come : {Troncato, Svuotato, Mancante})
+        QTest::newRow(NomiDanni[size_t(Come)]) << Come;
+    QTest::newRow("cut in the name") << int(Danni);
+}
+
+/// The save that makes damaged settings whole, and those behind it, delete no picture that nobody has given
+/// up.
+void TestSetupDocumenti::ilLogoRestaDoveIlSuoNomeSiPerde()
+{
+    QFETCH(int, Come);
+    Registratore Box;
+    Apri();
+    ScegliLogo(Box, Disegno());
+    T->Memorizza(Box);
+    T->Premi(u"cmdChiudi"_s);
+    InvecchiaCopie();
+    const QString File = Scena::FileImpostazioni();
+    const QByteArray Intero = LeggiFile(File);
+    if (Come == Danni)
+        ScriviFile(File, Intero.first(Intero.indexOf("logoimpronta=") + 30));
+    else
+        Rovina(File, Come);
+    ImpostaVariabili();
+    QCOMPARE(sessione::LogoImpronta, QString());
+    Apri();
+    for (const char* Nome : {"txtNomeStudio", "txtIndStudio", "txtCittaStudio", "txtEMail"})
+        T->Campo(QString::fromLatin1(Nome))->setText(u"nuovo"_s);
+    for (int Volta = 0; Volta < 2; ++Volta) {
+        T->Memorizza(Box);
+        QCOMPARE(Copie().size(), 1);
+    }
+    // The file that was put back has its picture.
+    ScriviFile(File, Intero);
+    ImpostaVariabili();
+    QVERIFY(logo::Leggi(sessione::LogoImpronta));
+    // What the user takes away goes.
+    T->Premi(u"cmdChiudi"_s);
+    Apri();
+    T->Premi(u"cmdTogliLogo"_s);
+    T->Memorizza(Box);
+    QCOMPARE(Copie(), QStringList());
+}
+
 void TestSetupDocumenti::laPaginaSiVede()
 {
     Registratore Box;
