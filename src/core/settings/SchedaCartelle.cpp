@@ -120,6 +120,16 @@ SchedaCartelle::SchedaCartelle(QWidget* Padre) : QWidget(Padre), ui(std::make_un
 
 SchedaCartelle::~SchedaCartelle() = default;
 
+QLineEdit* SchedaCartelle::CasellaProgramma() const
+{
+    return ui->txtDirectoryProc;
+}
+
+QLineEdit* SchedaCartelle::CasellaArchivio() const
+{
+    return ui->txtArchivioCliCon;
+}
+
 void SchedaCartelle::Carica()
 {
     Pausa.start();  // all of them are asked for together, below

@@ -10,6 +10,8 @@
 #include <array>
 #include <memory>
 
+class QLineEdit;
+
 namespace Ui {
 class SchedaCartelle;
 }
@@ -32,6 +34,10 @@ public:
 
     /// Another archive was stored by somebody else: its box shows that one, unless something was typed there.
     void SegueArchivio();
+
+    /// The boxes that must not be empty.
+    [[nodiscard]] QLineEdit* CasellaProgramma() const;
+    [[nodiscard]] QLineEdit* CasellaArchivio() const;
 
     /// Lets the user choose what a box names.
     /// @param Quale 0 program folder, 1 archive, 2 folder of notes, 3 user folder, 4 word processor

@@ -166,6 +166,11 @@ ValoriScheda SchedaFattura::Valori() const
     return Fatti;
 }
 
+QLineEdit* SchedaFattura::CasellaNumero() const
+{
+    return ui->txtProgTrasm;
+}
+
 QLineEdit* SchedaFattura::NumeroSbagliato() const
 {
     return ENumero(ui->txtProgTrasm->text().trimmed()) ? nullptr : ui->txtProgTrasm;

@@ -32,7 +32,9 @@ public:
     /// What is to be stored. The counter is among it only when its box was edited, because a file may have
     /// taken the next number meanwhile.
     [[nodiscard]] ValoriScheda Valori() const;
-    /// The box that holds no number of a file; null when it does.
+    /// The box of the last file's number.
+    [[nodiscard]] QLineEdit* CasellaNumero() const;
+    /// The same when it holds no number of a file; null when it does.
     [[nodiscard]] QLineEdit* NumeroSbagliato() const;
 
     /// The stored number, when the box was edited and holds a lower one: names would be given twice.

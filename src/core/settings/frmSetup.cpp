@@ -33,6 +33,7 @@
 #include <array>
 #include <optional>
 #include <utility>
+#include <variant>
 
 using namespace Qt::StringLiterals;
 
@@ -69,24 +70,35 @@ constexpr std::array<std::pair<CasellaStudio, CampoStudio>, 5> CaselleStudio{{
     {CasellaStudio::Email, &Ui::frmSetup::txtEMail},
 }};
 
-/// A box that must not be empty, by its name, in the order in which they are looked at.
+/// A box that must not be empty, of the first tab or of the page of folders.
 struct Obbligo
 {
-    QStringView Campo;
-    int Scheda;
+    std::variant<CampoStudio, QLineEdit* (SchedaCartelle::*)() const> Campo;
     QStringView Messaggio;
 };
 
+/// In the order in which they are looked at.
 constexpr std::array Obblighi{
-    Obbligo{u"txtNomeStudio", frmSetup::SchedaDatiStudio, u"Non è stato specificato il nome dello studio!"},
-    Obbligo{u"txtIndStudio", frmSetup::SchedaDatiStudio, u"Non è stato specificato l'indirizzo!"},
-    Obbligo{u"txtCittaStudio", frmSetup::SchedaDatiStudio, u"Non è stato specificata la città!"},
-    Obbligo{u"txtEMail", frmSetup::SchedaDatiStudio, u"Non è stata specificata la mail!"},
-    Obbligo{u"txtDirectoryProc", frmSetup::SchedaSetup,
-            u"Non è stata specificata la cartella del Programma!"},
-    Obbligo{u"txtArchivioCliCon", frmSetup::SchedaSetup,
-            u"Non è stata specificato l'archivio Clienti/Controparti!"},
+    Obbligo{&Ui::frmSetup::txtNomeStudio, u"Non è stato specificato il nome dello studio!"},
+    Obbligo{&Ui::frmSetup::txtIndStudio, u"Non è stato specificato l'indirizzo!"},
+    Obbligo{&Ui::frmSetup::txtCittaStudio, u"Non è stato specificata la città!"},
+    Obbligo{&Ui::frmSetup::txtEMail, u"Non è stata specificata la mail!"},
+    Obbligo{&SchedaCartelle::CasellaProgramma, u"Non è stata specificata la cartella del Programma!"},
+    Obbligo{&SchedaCartelle::CasellaArchivio, u"Non è stata specificato l'archivio Clienti/Controparti!"},
 };
+
+QLineEdit* CampoDi(const Obbligo& Voce, const Ui::frmSetup& Prima, const SchedaCartelle& Cartelle)
+{
+    if (const auto* Studio = std::get_if<CampoStudio>(&Voce.Campo))
+        return Prima.**Studio;
+    return (Cartelle.*std::get<1>(Voce.Campo))();
+}
+
+int SchedaDi(const Obbligo& Voce)
+{
+    return std::holds_alternative<CampoStudio>(Voce.Campo) ? impostazioni::SchedaDatiStudio
+                                                           : impostazioni::SchedaSetup;
+}
 
 /// What each tab is for.
 constexpr std::array<QStringView, impostazioni::Schede> Aiuti{
@@ -181,7 +193,7 @@ frmSetup::frmSetup()
     Collega(this, &QDialog::finished, this, [] { Invoca(Aperture.ImpostazioniChiuse); });
     Collega(ui->tabSetup, &QTabWidget::currentChanged, this, [this] { ShowHelp(ui->cmdHelp->isChecked()); });
     for (const Obbligo& Voce : Obblighi) {
-        auto* Campo = findChild<QLineEdit*>(Voce.Campo.toString());
+        QLineEdit* Campo = CampoDi(Voce, *ui, *Cartelle);
         Campo->setPlaceholderText(u"obbligatorio"_s);
         SuggerisciLeggibile(Campo);
     }
@@ -340,9 +352,9 @@ bool frmSetup::Rifiuta(const QString& Messaggio, int Indice, QWidget* Campo)
 bool frmSetup::CheckValori()
 {
     for (const Obbligo& Voce : Obblighi) {
-        auto* Campo = findChild<QLineEdit*>(Voce.Campo.toString());
+        QLineEdit* Campo = CampoDi(Voce, *ui, *Cartelle);
         if (Campo->text().trimmed().isEmpty())
-            return Rifiuta(Voce.Messaggio.toString(), Voce.Scheda, Campo);
+            return Rifiuta(Voce.Messaggio.toString(), SchedaDi(Voce), Campo);
     }
     return true;
 }
@@ -361,7 +373,7 @@ bool frmSetup::CheckNumero()
                vbYesNo | vbQuestion | vbDefaultButton2, TitoloDomanda.toString()) == vbYes)
         return true;
     ChangeTab(SchedaFatturaElettronica);
-    RidaiFuoco(findChild<QLineEdit*>(u"txtProgTrasm"_s));
+    RidaiFuoco(Fattura->CasellaNumero());
     return false;
 }
 
