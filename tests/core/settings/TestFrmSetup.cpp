@@ -1,4 +1,6 @@
 #include "core/app/scena.h"
+#include "core/impostazioni.h"
+#include "core/parametri.h"
 #include "supporto/danni.h"
 
 #include <QLineEdit>
@@ -25,6 +27,7 @@ private Q_SLOTS:
     void rifiuti();
     void ordineDeiRifiuti();
     void memorizza();
+    void ogniImpostazioneHaChiLaScrive();
     void memorizzaConUnaParcellaAperta();
     void memorizzaNonRiesce();
     void quelCheHaScrittoUnAltroResta();
@@ -230,6 +233,30 @@ void TestFrmSetup::memorizza()
     QCOMPARE(sessione::StudioNome, u"nuovo StudioNome"_s);
     QCOMPARE(sessione::Iban, u"nuovo Iban"_s);
     QVERIFY2(Modulo->isVisible(), "opened by the user, it stays");
+}
+
+/// A row without a page that saves it would be read for ever at its default.
+void TestFrmSetup::ogniImpostazioneHaChiLaScrive()
+{
+    const QStringList Altrove{
+        u"Tariffa"_s,              // stored once it is chosen, so that the decree in force stays the default
+        u"RicordaCalcoli"_s,       // by the list of the last calculations
+        u"ProgTrasm"_s,            // where it steps; its page stores what was typed
+        u"ProgFatt"_s,             // the same
+        u"ServerAggiornamenti"_s,  // by who looks after the machines of an office
+    };
+    const QString Mai = u"mai scritta"_s;
+    Registratore Box;
+    Riempi();
+    Box.Attendi(Memorizzate);
+    Memorizza();
+    QStringList NonScritte;
+    for (const VoceImpostazione& Voce : VociImpostazioni()) {
+        const QString Chiave = Voce.Chiave.toString();
+        if (GetSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave, Mai) == Mai)
+            NonScritte << Chiave;
+    }
+    QCOMPARE(NonScritte.join(u", "_s), Altrove.join(u", "_s));
 }
 
 void TestFrmSetup::memorizzaConUnaParcellaAperta()
