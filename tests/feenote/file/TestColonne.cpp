@@ -3,6 +3,7 @@
 
 #include "feenote/modDatiStampa.h"
 
+#include <QRegularExpression>
 #include <QSet>
 
 using namespace Qt::StringLiterals;
@@ -13,6 +14,9 @@ class TestColonne : public QObject
 private Q_SLOTS:
     void ilModelloConsegnato();
     void nomiDiversi();
+    void ognunaHaUnValoreETorna();
+    void iFileDiPrimaNonHannoLeNuove();
+    void ognunaStaNelManuale();
     void iLimitiSonoQuelliDelleColonne();
     void colonnaNuovaNelFileENelleTariffe();
     void unFileDOggiNonSiTocca();
@@ -41,6 +45,47 @@ void TestColonne::nomiDiversi()
     }
     QCOMPARE(Nomi.size(), qsizetype(ColonneParam().size()));
     QCOMPARE(Campi.size(), qsizetype(ColonneParam().size()));
+}
+
+/// A column that the full note does not fill would go into no file of the tests, and come back from none.
+void TestColonne::ognunaHaUnValoreETorna()
+{
+    const Studio Ufficio;
+    const Registratore Messaggi;
+    // Keys of an archive, the variation, the session's matter and the password have tests of their own.
+    const QStringList SenzaValore{u"IDCli"_s,     u"IDCon"_s, u"AumRidVarP"_s,
+                                  u"AumRidIdx"_s, u"NsRif"_s, u"Psw"_s};
+    const Parcella Nuova;
+    const Parcella Piena = NotaPiena();
+    const Parcella Letta = Riletta(Ufficio, Piena);
+    QStringList Vuote;
+    for (const ColonnaParam& Colonna : ColonneParam()) {
+        if (Colonna.Scrivi(Piena) == Colonna.Scrivi(Nuova))
+            Vuote << Colonna.Nome.toString();
+        QVERIFY2(Colonna.Scrivi(Letta) == Colonna.Scrivi(Piena), qPrintable(Colonna.Nome.toString()));
+    }
+    QCOMPARE(Vuote.join(u", "_s), SenzaValore.join(u", "_s));
+}
+
+/// Those that a file cannot lack are as many as ever: with one more no older note would open.
+void TestColonne::iFileDiPrimaNonHannoLeNuove()
+{
+    QStringList DaSempre;
+    for (const ColonnaParam& Colonna : ColonneParam())
+        if (Colonna.Dal == Presenza::DaSempre)
+            DaSempre << Colonna.Nome.toString();
+    QCOMPARE(DaSempre.join(u' '), u"IDCli IDCon Categ Autor Valore Importo AumRidVarP AumRidIdx Psw"_s);
+}
+
+/// What the description of a note takes or gives is written down.
+void TestColonne::ognunaStaNelManuale()
+{
+    const QString Manuale = QString::fromUtf8(LeggiFile(SorgenteDiProva(u"docs/cli.md"_s)));
+    for (const ColonnaParam& Colonna : ColonneParam()) {
+        const QString Campo = CampoJson(Colonna.Json);
+        const QRegularExpression Scritto(u"[`{,\"] ?%1[`,\" :]"_s.arg(Campo));
+        QVERIFY2(Manuale.contains(Scritto), qPrintable(Campo));
+    }
 }
 
 void TestColonne::iLimitiSonoQuelliDelleColonne()
