@@ -1,6 +1,7 @@
 #include "core/modAspetto.h"
 
 #include "core/CIni.h"
+#include "core/inidanneggiato.h"
 #include "core/modIcone.h"
 #include "core/sessione.h"
 #include "platform/base/ordineitaliano.h"
@@ -42,6 +43,16 @@ QString FileIn(const QString& Sotto, const QString& Nome)
         return {};
     for (const QString& Cartella : Luoghi(Sotto))
         if (const QString File = TrovaFile(Cartella + Nome); EsisteFile(File))
+            return File;
+    return {};
+}
+
+/// The file of the templates; a folder that has its name is none, and is in its place.
+QString FileModelli()
+{
+    for (const QString& Cartella : Luoghi(u"sfondi"_s))
+        if (const QString File = TrovaFile(Cartella + u"templates.ini"_s);
+            EsisteFile(File) || EsisteCartella(File))
             return File;
     return {};
 }
@@ -90,22 +101,32 @@ QString TrovaSfondo(const QStringList& Sfondi, const QString& Nome)
 QList<ModelloAspetto> LeggiModelli()
 {
     CIni File;
-    File.ImpostaFileName(FileIn(Sfondi, u"templates.ini"_s));
+    File.ImpostaFileName(FileModelli());
     QList<ModelloAspetto> Modelli;
-    if (File.FileName().isEmpty())
+    const Lettura Esito = EsaminaIni(File.FileName(), u"modello1");
+    if (Esito == Lettura::Assente || Esito == Lettura::Illeggibile)
         return Modelli;
+    bool Incompleto = false;
     for (int n = 1;; ++n) {
         File.ImpostaApplicationKey(u"modello"_s + QString::number(n));
         ModelloAspetto Letto;
         Letto.Nome = File.GetValue(u"Nome"_s);
         if (Letto.Nome.isEmpty())
-            return Modelli;
+            break;
         const std::array<QString, ColoriDesktop> Chiavi{u"SfCol"_s, u"EtCol"_s, u"EtBor"_s, u"EtSel"_s};
         for (size_t i = 0; i < Chiavi.size(); ++i)
             Letto.Colori[i] = LeggiColore(File.GetValue(Chiavi[i]));
         Letto.Immagine = File.GetValue(u"SfImg"_s);
+        Incompleto = Letto.Immagine.isEmpty() ||
+                     std::ranges::any_of(Letto.Colori, [](const auto& Colore) { return !Colore; });
         Modelli << Letto;
     }
+    if (Esito == Lettura::Guasta || (Esito == Lettura::Troncata && Incompleto))
+        DiDelFile(
+            File.FileName(),
+            u"Il file \"%1\" è danneggiato o incompleto: i modelli di colori che vi mancano non si possono "
+            "scegliere. Rimetterlo da una copia, o reinstallare il programma."_s.arg(File.FileName()));
+    return Modelli;
 }
 
 std::optional<int> LeggiColore(const QString& Testo)

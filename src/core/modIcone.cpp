@@ -1,6 +1,7 @@
 #include "core/modIcone.h"
 
 #include "core/CIni.h"
+#include "core/inidanneggiato.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
 #include "platform/base/paginacodice.h"
@@ -85,6 +86,13 @@ bool ConservaOltreIlVuoto(const QString& File)
     }
 }
 
+QString FraseIconeGuaste(const QString& File)
+{
+    return u"Il file \"%1\" è danneggiato o incompleto: le icone che mancano sulla scrivania vi erano "
+           u"scritte. "
+           "Rimetterlo da una copia, o rifarle nelle impostazioni, scheda \"Desktop\"."_s.arg(File);
+}
+
 /// What an opener answered. @throws Errore of that number, which names the target, unless it is 0
 void VerificaApertura(int Esito, const QString& Destinazione)
 {
@@ -108,15 +116,18 @@ TabellaRighe LeggiIcone()
     File.ImpostaFileName(FileIcone());
     File.ImpostaApplicationKey(Sezione);
     TabellaRighe Icone(ColonneIcona);
-    // A folder of this name is reported as a file that cannot be read.
-    if (!EsisteFile(File.FileName()) && !EsisteCartella(File.FileName()))
+    const Lettura Esito = EsaminaIni(File.FileName(), Sezione);
+    if (Esito == Lettura::Assente || Esito == Lettura::Illeggibile)
         return Icone;
     for (int n = 0;; ++n) {
         std::array<QString, ColonneIcona> Valori;
-        for (int c = 0; c < ColonneIcona; ++c) {
+        for (int c = 0; c < ColonneIcona; ++c)
             Valori[size_t(c)] = File.GetValue(u'L' + QString::number(n) + Code[size_t(c)].toString());
-            if (Valori[size_t(c)].isEmpty())
-                return Icone;
+        if (std::ranges::any_of(Valori, &QString::isEmpty)) {
+            const bool Iniziata = std::ranges::any_of(Valori, [](const QString& V) { return !V.isEmpty(); });
+            if (Esito == Lettura::Guasta || (Esito == Lettura::Troncata && Iniziata))
+                DiDelFile(File.FileName(), FraseIconeGuaste(File.FileName()));
+            return Icone;
         }
         const int Riga = Icone.AggiungiRiga();
         for (int c = 0; c < ColonneIcona; ++c)

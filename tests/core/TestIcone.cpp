@@ -121,22 +121,35 @@ void TestIcone::fileGuasto_data()
 {
     QTest::addColumn<QByteArray>("Contenuto");
     QTest::addColumn<int>("Icone");
+    QTest::addColumn<bool>("Detto");
 
     const QByteArray Prima = "[desktop]\nL0=A\nL0_c=/a\nL0_i=a.gif\n";
-    QTest::newRow("empty") << QByteArray() << 0;
-    QTest::newRow("zeros") << QByteArray(4096, '\0') << 0;
-    QTest::newRow("no text at all") << "\xFF\xFE\x01[[[==\n=\n\r\r]"_ba << 0;
-    QTest::newRow("zeros behind a good icon") << Prima + QByteArray(512, '\0') << 1;
-    QTest::newRow("cut in the second icon") << Prima + "L1=B\nL1_c=/b\nL1" << 1;
-    QTest::newRow("a heading left open") << "[desktop\nL0=A\nL0_c=/a\nL0_i=a.gif\n"_ba << 0;
-    QTest::newRow("one endless line") << "[desktop]\nL0=" + QByteArray(200000, 'x') + "\nL0_c=/a\n" << 0;
+    QTest::newRow("empty") << QByteArray() << 0 << true;
+    QTest::newRow("zeros") << QByteArray(4096, '\0') << 0 << true;
+    QTest::newRow("no text at all") << "\xFF\xFE\x01[[[==\n=\n\r\r]"_ba << 0 << true;
+    QTest::newRow("zeros behind a good icon") << Prima + QByteArray(512, '\0') << 1 << true;
+    QTest::newRow("cut in the second icon") << Prima + "L1=B\nL1_c=/b\nL1" << 1 << true;
+    QTest::newRow("a heading left open") << "[desktop\nL0=A\nL0_c=/a\nL0_i=a.gif\n"_ba << 0 << true;
+    // What somebody has written by hand is his.
+    QTest::newRow("one endless line") << "[desktop]\nL0=" + QByteArray(200000, 'x') + "\nL0_c=/a\n"
+                                      << 0 << false;
+    QTest::newRow("no icon") << "[desktop]\r\n"_ba << 0 << false;
+    QTest::newRow("the last line has no end") << Prima + "L1=B\nL1_c=/b\nL1_i=b.gif" << 2 << false;
+    QTest::newRow("begun and ended") << Prima + "L1=B\n" << 1 << false;
 }
 
 void TestIcone::fileGuasto()
 {
     QFETCH(QByteArray, Contenuto);
-    const Registratore Box;
-    ScriviFile(sessione::PercorsoProg + u"kr5.ini"_s, Contenuto);
+    QFETCH(bool, Detto);
+    Registratore Box;
+    const QString File = sessione::PercorsoProg + u"kr5.ini"_s;
+    ScriviFile(File, Contenuto);
+    if (Detto)
+        Box.Attendi(
+            u"Il file \"%1\" è danneggiato o incompleto: le icone che mancano sulla scrivania vi erano "
+            "scritte. Rimetterlo da una copia, o rifarle nelle impostazioni, scheda \"Desktop\"."_s.arg(
+                File));
     LeggiIconeUtente();
     QTEST(IconeUtente.Righe(), "Icone");
     QCOMPARE(LeggiFile(sessione::PercorsoProg + u"kr5.ini"_s), Contenuto);

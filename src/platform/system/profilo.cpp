@@ -250,6 +250,11 @@ QString GetPrivateProfileString(const QString& Sezione, const QString& Chiave, c
     return DaCp1252(Byte(Contenuto, *Trovato.Valore).toByteArray()).left(std::max(0, Massimo - 1));
 }
 
+QByteArray InizioDelProfilo(const QString& File)
+{
+    return LeggiInizio(TrovaFile(File));
+}
+
 bool WritePrivateProfileString(const QString& Sezione, const QString& Chiave, const QString& Valore,
                                const QString& File)
 {

@@ -6,6 +6,7 @@
 // first one counts, and in it the first line of a key.
 #pragma once
 
+#include <QByteArray>
 #include <QList>
 #include <QStringList>
 
@@ -21,6 +22,9 @@
 /// @throws Errore 75 when the file is there and cannot be read
 [[nodiscard]] QString GetPrivateProfileString(const QString& Sezione, const QString& Chiave,
                                               const QString& Predefinito, int Massimo, const QString& File);
+
+/// The bytes of such a file, up to its limit; empty where there is none. @throws Errore 75 as above
+[[nodiscard]] QByteArray InizioDelProfilo(const QString& File);
 
 /// Sets a key, adding file, section or key where missing; the file is replaced in one step, and what another
 /// program changes at the same moment is kept.

@@ -207,7 +207,7 @@ public:
         Una(Riga, IconaCollegamento) = u"www.x.example"_s;
         Una(Riga, IconaFigura) = FiguraPredefinita.toString();
         // In the user's folder, as soon as it has such a file: the program's own is everybody's.
-        ScriviFile(Barra(sessione::UserFolder) + u"kr5.ini"_s, {});
+        ScriviFile(Barra(sessione::UserFolder) + u"kr5.ini"_s, "[desktop]\r\n");
         if (!ScriviIconeUtente(Una))
             QTest::qFail("icone", __FILE__, __LINE__);
         auto& Modulo = Singola<frmSetup>();
