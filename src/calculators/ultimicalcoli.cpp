@@ -93,14 +93,15 @@ auto ConCampi(const QMap<QString, QString>& Campi)
 ElencoCalcoli Letti(bool& Guasto)
 {
     Guasto = false;
-    if (!EsisteFile(FileCalcoli()))
+    if (!EsisteFile(FileCalcoli()) && !EsisteCartella(FileCalcoli()))
         return {};
     QByteArray Byte;
     try {
         Byte = LeggiFile(FileCalcoli(), MassimoFile);
     } catch (const Errore& Rifiuto) {
         if (Rifiuto.Numero != errori::Memoria)
-            throw;
+            throw Errore(Rifiuto.Numero,
+                         u"L'elenco degli ultimi calcoli non si può leggere: "_s + FileCalcoli());
     }
     auto Elenco = LeggiElenco(Byte);
     Guasto = !Elenco;
