@@ -64,9 +64,12 @@ bool Porta(const RichiestaRete& Chiesta, const Provenienza& Da, bool Interattivo
         try {
             return CopiaFile(TrovaFile(Da.Cartella + ElencoVersioni.toString()), Chiesta.File,
                              MassimoVersioni);
-        } catch (const Errore&) {
+        } catch (const Errore& Guasto) {
             ScartaFile(Chiesta.File);
-            throw;
+            const QString Origine = Da.Cartella + ElencoVersioni.toString();
+            throw Errore(Guasto.Numero, Guasto.Descrizione.contains(Origine)
+                                            ? Guasto.Descrizione
+                                            : Guasto.Descrizione + u": "_s + Origine);
         }
     }
     if (CopiaURL(Chiesta.Indirizzo, Chiesta.File, {!Interattivo, MassimoVersioni, Passo}, &Difetto) == 0)
@@ -145,6 +148,14 @@ bool FineControllo(const RichiestaRete& Chiesta, const Provenienza& Da, bool Int
         Trovato.Difetto = u"file delle versioni illeggibile"_s;
         if (Interattivo)
             MsgErrore(u"Errore (Invalid Version) nel recupero delle informazioni di aggiornamento."_s);
+        return false;
+    }
+    if (Trovato.Lette.RigaVuota && !Trovato.Lette.DataTassi) {
+        // Nothing is said of the program, and nothing of the rates: who is told so is not up to date.
+        Trovato.Difetto = u"file delle versioni vuoto o danneggiato"_s;
+        if (Interattivo)
+            MsgBox(u"Il file \"%1\" è vuoto o danneggiato."_s.arg(ElencoVersioni), vbExclamation,
+                   TitoloAvvertenza.toString());
         return false;
     }
     Trovato.Letto = true;

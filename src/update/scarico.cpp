@@ -118,8 +118,10 @@ void PretendiFirma(const Annuncio& Trovato, const PassoAggiornamento& Passo)
     const QByteArray Firma = PortaFirma(Trovato, Passo);
     if (SuQuestaMacchina(Trovato.Da) && (Chiave.isEmpty() || !SembraFirma(Firma)))
         return;
-    if (!FirmaValida(Trovato.Byte, Firma, Chiave))
-        throw Fallito{FirmaNonValida.toString()};
+    if (FirmaValida(Trovato.Byte, Firma, Chiave))
+        return;
+    const QString Difetto = DifettoChiave();
+    throw Fallito{Difetto.isEmpty() ? FirmaNonValida.toString() : Difetto};
 }
 
 /// @throws Fallito

@@ -93,6 +93,8 @@ void TestAggiorna::controllo()
     B->Annunciate(File, false);
     if (Illegibile)
         B->Voce.Attendi(VersioneIllegibile, vbOK, u"Errore:"_s);
+    if (File.isEmpty())
+        B->Voce.Attendi(u"Il file \"versioni.txt\" è vuoto o danneggiato."_s, vbOK, u"Avvertenza:"_s);
     Annuncio Trovato;
     QCOMPARE(ControlloVersioni(DalServer(), true, Trovato), Riuscito);
     QCOMPARE(sessione::VersioneDisp, Versione);

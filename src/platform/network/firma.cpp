@@ -2,6 +2,7 @@
 
 #include "platform/base/errore.h"
 #include "platform/system/file.h"
+#include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
 #include <sodium.h>
@@ -14,6 +15,11 @@ QString& AltroFile()
 {
     static QString File;
     return File;
+}
+
+QString FileChiave()
+{
+    return AltroFile().isEmpty() ? CartellaEseguibile() + QStringLiteral("calcanova.pub") : AltroFile();
 }
 
 /// @throws Errore 1000
@@ -79,12 +85,19 @@ QByteArray ChiavePubblica()
 {
     constexpr qint64 Massimo = 1000;
     try {
-        return LeggiFile(AltroFile().isEmpty() ? CartellaEseguibile() + QStringLiteral("calcanova.pub")
-                                               : AltroFile(),
-                         Massimo);
+        return LeggiFile(FileChiave(), Massimo);
     } catch (const Errore&) {
         return {};
     }
+}
+
+QString DifettoChiave()
+{
+    const QString File = FileChiave();
+    const bool Presente = EsisteFile(File) || EsisteCartella(File);
+    if (!Presente || !Decodifica(ChiavePubblica(), crypto_sign_PUBLICKEYBYTES).isEmpty())
+        return {};
+    return QStringLiteral("il file \"%1\" è danneggiato, reinstallare il programma").arg(File);
 }
 
 QString InstallaFileChiave(const QString& File)

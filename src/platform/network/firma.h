@@ -25,5 +25,8 @@ struct CoppiaChiavi
 /// The publisher's public key: the file calcanova.pub beside the executable, which the package lays there.
 /// Empty where there is none.
 [[nodiscard]] QByteArray ChiavePubblica();
+/// Why it proves nothing: a sentence that names the file where it is there and holds no key (cut off,
+/// emptied, a folder, not to be read); empty where it is a key, and where there is none.
+[[nodiscard]] QString DifettoChiave();
 /// Another file in its place; an empty path brings it back. Returns the former one; serves tests.
 QString InstallaFileChiave(const QString& File);
