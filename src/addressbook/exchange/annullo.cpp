@@ -79,6 +79,16 @@ Somma SommaDi(const QString& File)
     return {QString::fromLatin1(Conto.result().toHex()), Scritture(Inizio)};
 }
 
+/// Empty for one that cannot be read.
+QString ImprontaLeggibile(const QString& File)
+{
+    try {
+        return SommaDi(File).Impronta;
+    } catch (const Errore&) {
+        return {};
+    }
+}
+
 /// What the rows of a table hold, whoever asks: the program that is writing them, or another one behind it.
 QString ImprontaRighe(const Database& Db, const QString& Tabella)
 {
@@ -226,11 +236,33 @@ QString CopiaDiPrima::Tieni()
 
 namespace {
 
+bool Presente(const QString& File)
+{
+    return EsisteFile(File) || EsisteCartella(File);
+}
+
+/// Of a copy and its record the one that cannot be read, while both are there; empty where both can.
+QString FileGuasto(const Coppia& Quale)
+{
+    if (!Presente(Quale.Registro) || !Presente(Quale.Copia))
+        return {};
+    if (!EsisteFile(Quale.Copia))
+        return Quale.Copia;
+    try {
+        const QJsonObject Detto =
+            QJsonDocument::fromJson(LeggiFile(Quale.Registro, MassimoRegistro)).object();
+        const bool Valido = QDateTime::fromString(Detto[u"quando"_s].toString(), Qt::ISODate).isValid();
+        return Valido ? QString() : Quale.Registro;
+    } catch (const Errore&) {
+        return Quale.Registro;
+    }
+}
+
 /// What an import has left that came to no end: a copy without its record, or the other way round, or a
 /// record behind which nobody has written to the archive. What cannot be read now is left alone.
 bool MaiFinita(const QString& Archivio, const Coppia& Quale)
 {
-    if (EsisteFile(Quale.Registro) != EsisteFile(Quale.Copia))
+    if (Presente(Quale.Registro) != Presente(Quale.Copia))
         return true;
     if (!EsisteFile(Quale.Copia))
         return false;
@@ -265,6 +297,15 @@ void TogliRestiDiImportazioni(const QString& Archivio)
     }
 }
 
+std::optional<QString> ImportazioneIlleggibile(const QString& Archivio)
+{
+    for (const Coppia& Quale : Posti(Archivio))
+        if (const QString Guasto = FileGuasto(Quale); !Guasto.isEmpty())
+            return u"L'ultima importazione non si può annullare, perché il file \"%1\" è danneggiato: "
+                   "l'archivio resta com'è. La copia di prima è il file \"%2\"."_s.arg(Guasto, Quale.Copia);
+    return std::nullopt;
+}
+
 std::optional<ImportazioneFatta> UltimaImportazione(const QString& Archivio)
 {
     const QJsonObject Detto = Registro(Archivio, Posti(Archivio)[PostoUltimo(Archivio)]);
@@ -287,11 +328,11 @@ void AnnullaImportazione(const QString& Archivio)
     const QJsonObject Detto = Registro(Archivio, Ultima);
     const QString Copia = Ultima.Copia;
     if (Detto.isEmpty())
-        RifiutaFile(u"Non c'è un'importazione da annullare."_s);
+        RifiutaFile(ImportazioneIlleggibile(Archivio).value_or(u"Non c'è un'importazione da annullare."_s));
     if (!ComeAllora(Archivio, Detto))
         RifiutaFile(u"Dopo l'importazione l'archivio è stato modificato: annullandola si perderebbero le "
                     "modifiche, perciò resta com'è. La copia di prima è il file \"%1\"."_s.arg(Copia));
-    if (SommaDi(Copia).Impronta != Detto[u"prima"_s].toString())
+    if (ImprontaLeggibile(Copia) != Detto[u"prima"_s].toString())
         RifiutaFile(u"La copia dell'archivio \"%1\" è cambiata o rovinata: l'importazione non si può "
                     "annullare e l'archivio resta com'è."_s.arg(Copia));
     // A note may be linked to a name of the import already: its key must find nobody else.

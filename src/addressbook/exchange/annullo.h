@@ -61,6 +61,10 @@ void TogliRestiDiImportazioni(const QString& Archivio);
 /// @throws Errore as OpenDatabase when the archive cannot be read and only it could say which copy that is
 [[nodiscard]] std::optional<ImportazioneFatta> UltimaImportazione(const QString& Archivio);
 
+/// What is said of a last import whose copy or record is there and cannot be read: it names both. None where
+/// nothing is wrong with them, or nothing is there.
+[[nodiscard]] std::optional<QString> ImportazioneIlleggibile(const QString& Archivio);
+
 /// Puts the archive back as it was, byte for byte; the copy is used up. The keys of the names that go are
 /// kept beside it (see TrattieniAccanto). Whoever has the archive open opens it anew. Nobody imports into the
 /// archive or writes to it meanwhile.

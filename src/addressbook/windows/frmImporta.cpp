@@ -204,10 +204,14 @@ void frmImporta::MostraUltima()
 {
     std::optional<ImportazioneFatta> Ultima;
     (void)Tenta([&] { Ultima = UltimaImportazione(Archivio()); });
-    ui->fraUltima->setVisible(Ultima.has_value());
+    const std::optional<QString> Guasta = Ultima ? std::nullopt : ImportazioneIlleggibile(Archivio());
+    ui->fraUltima->setVisible(Ultima || Guasta);
+    ui->cmdAnnullaUltima->setEnabled(Ultima.has_value());
     const auto Dopo = qScopeGuard([this] { DaSpazio(); });
-    if (!Ultima)
+    if (!Ultima) {
+        ui->lblUltima->setText(Guasta.value_or(QString()));
         return;
+    }
     ui->lblUltima->setText(u"Ultima importazione: %1 da \"%2\", il %3 (%4)"_s.arg(
         Ultima->Aggiunti == 1 ? u"1 nominativo"_s : Format(Ultima->Aggiunti, u"#,##0") + u" nominativi"_s,
         NomeFile(Ultima->Sorgente), Ultima->Quando.toString(u"dd/MM/yyyy HH:mm"), Ultima->Tabella));
