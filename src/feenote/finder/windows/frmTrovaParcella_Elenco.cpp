@@ -1,7 +1,9 @@
 // The finder: the walk and the rows that come of it.
 #include "feenote/finder/windows/frmTrovaParcella.h"
 
+#include "addressbook/modRubrica.h"
 #include "core/modErrori.h"
+#include "core/sessione.h"
 #include "feenote/windows/noteaperte.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/annuncio.h"
@@ -202,7 +204,11 @@ void frmTrovaParcella::Fine()
         if (!Mosso && Attesa.isEmpty() && (!Cercato.isEmpty() || Righe.Filtrato()))
             VaiAllaPrimaNota();
     }
-    MostraConto(FraseEsito(Conto));
+    QString Frase = FraseEsito(Conto);
+    if (Nomi.Guasto())
+        Frase += u"; i nomi sono quelli delle parcelle, perché l'archivio dei clienti %1 non si legge"_s.arg(
+            NomeFile(FileRubrica(sessione::ArchivioCliCon)));
+    MostraConto(Frase);
     if (std::exchange(RifaiDopo, false))
         Avvia(Scopo::Rinfresca);
     if (Era != Scopo::Trova || Conto.Interrotta)

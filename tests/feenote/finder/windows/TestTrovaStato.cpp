@@ -430,10 +430,11 @@ void TestTrovaStato::archivioCheNonSiLegge()
     F->RinfrescaTrova();
     Finita();
     T->Voce.AttendiSalva(CartellaDiProva() + u"codici.csv"_s);
-    T->Voce.Attendi(u"8 parcelle esportate in \"codici.csv\".\nAttenzione, il foglio non è completo: mancano "
-                    u"codici fiscali e "
-                    u"partite IVA, perché l'archivio dei clienti non si legge."_s,
-                    vbNo, u"Messaggio:"_s);
+    T->Voce.Attendi(
+        u"8 parcelle esportate in \"codici.csv\".\nAttenzione, il foglio non è completo: mancano "
+        u"codici fiscali e "
+        u"partite IVA, perché l'archivio dei clienti %1 non si legge."_s.arg(sessione::ArchivioCliCon),
+        vbNo, u"Messaggio:"_s);
     F->EsportaCsv();
 }
 

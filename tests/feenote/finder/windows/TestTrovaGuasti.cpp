@@ -1,0 +1,83 @@
+// The finder's window over a damaged archive of clients and over damaged notes: every sound row is there, and
+// one sentence says what is not.
+#include "bancotrova.h"
+
+#include "supporto/danni.h"
+
+using namespace Qt::StringLiterals;
+
+class TestTrovaGuasti : public QObject, private BancoTrova
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        Prepara();
+        sessione::ArchivioCliCon = T->Ufficio.File(u"DatiStudio.mdb"_s);
+        if (!EsisteFile(sessione::ArchivioCliCon))
+            QVERIFY(QFile::copy(ProgrammaDiProva() + u"DatiStudio.mdb"_s, sessione::ArchivioCliCon));
+        Parcella Nota;
+        NuovaParcella(Nota);
+        Nota.IDCli = 3;
+        Nota.txtCliente.Testo = u"Gamma"_s;
+        ScriviNota(Note + u"gamma.mdb"_s, Nota);
+    }
+    void cleanup()
+    {
+        QFile::setPermissions(sessione::ArchivioCliCon, QFile::ReadOwner | QFile::WriteOwner);
+        Sgombra();
+    }
+    void archivio_data();
+    void archivio();
+    void nota_data();
+    void nota();
+};
+PROVA(TestTrovaGuasti);
+
+void TestTrovaGuasti::archivio_data()
+{
+    QTest::addColumn<int>("Come");
+    for (int Come = 0; Come < Mancante; ++Come)
+        QTest::newRow(NomiDanni[size_t(Come)]) << Come;
+}
+
+void TestTrovaGuasti::archivio()
+{
+    QFETCH(int, Come);
+    Apri();
+    QVERIFY2(!Stato().contains(u"DatiStudio"_s), qPrintable(Stato()));
+    const QStringList Sane = Nomi();
+    F = std::make_unique<frmTrovaParcella>();  // which has seen no name yet
+    Rovina(sessione::ArchivioCliCon, Come);
+    Apri();
+    QCOMPARE(Nomi(), Sane);
+    QVERIFY2(Stato().count(u"DatiStudio.mdb"_s) == 1, qPrintable(Stato()));
+    QCOMPARE(Cella(RigaDi(u"gamma"_s), TrovaCliente), u"Gamma"_s);
+    QVERIFY(T->Voce.Mostrati().isEmpty());
+}
+
+void TestTrovaGuasti::nota_data()
+{
+    archivio_data();
+}
+
+void TestTrovaGuasti::nota()
+{
+    QFETCH(int, Come);
+    const QString File = Note + u"gamma.mdb"_s;
+    Rovina(File, Come);
+    Apri();
+    QVERIFY(Nomi().contains(u"verdi"_s));
+    if (Come == Cartella)
+        return;  // a folder may bear any name
+    if (Nomi().contains(u"gamma"_s)) {
+        // It says so where it is opened.
+        T->Voce.Tollera();
+        Doppio(u"gamma"_s);
+        QCOMPARE(T->Voce.Mostrati().size(), 1);
+        QVERIFY2(T->Voce.UltimoTesto().contains(u"gamma.mdb"_s), qPrintable(T->Voce.UltimoTesto()));
+    }
+}
+
+#include "TestTrovaGuasti.moc"
