@@ -205,6 +205,7 @@ QString CopiaNativa(const QString& Percorso)
     if (EIntera(Copia))
         return Copia;
     ScartaFile(Copia);
+    ScartaCartella(Copia);
     ScartaFile(Copia + u"-journal"_s);  // of the old copy: it would be taken for the new one's
     try {
         (void)Converti(File, Copia, {}, false);

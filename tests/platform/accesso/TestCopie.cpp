@@ -6,6 +6,7 @@
 #include "platform/system/blocco.h"
 #include "platform/system/file.h"
 #include "supporto/altroprogramma.h"
+#include "supporto/danni.h"
 #include "supporto/guasti.h"
 #include "supporto/prova.h"
 #include "supporto/scrittoreaccess.h"
@@ -111,6 +112,22 @@ private Q_SLOTS:
         QVERIFY(!EDiAccess(NuovaCartella()));
         const ErroreVisto Guasto = ErroreDi([&] { (void)ApriArchivio(Nativo + u"x"_s); });
         QCOMPARE(Guasto.Numero, errori::DatabaseMancante);
+    }
+
+    void copiaDanneggiata_data()
+    {
+        QTest::addColumn<int>("Come");
+        for (int Come = 0; Come < Danni; ++Come)
+            QTest::newRow(NomiDanni[size_t(Come)]) << Come;
+    }
+    /// Nobody has lost anything by it: the archive is whole.
+    void copiaDanneggiata()
+    {
+        QFETCH(int, Come);
+        Rovina(CopiaNativa(Archivio), Come);
+        for (int i = 0; i < 2; ++i)
+            QCOMPARE(Nominativo(Archivio), u"Rossi"_s);
+        QCOMPARE(Tenute().size(), 1);
     }
 
     /// A copy that a loss of power has cut is made again.
