@@ -9,6 +9,7 @@
 #include "core/schedeimpostazioni.h"
 #include "core/sessione.h"
 #include "platform/system/file.h"
+#include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/shell.h"
 
@@ -91,6 +92,8 @@ void Kr2(const Chiamata&)
     QString Testo = u"Non è stato rilevato il programma Calcanova 2.0!"_s;
     if (!sessione::PercorsoVDM.isEmpty())
         Testo += u"Percorso: \n"_s + sessione::PercorsoVDM;
+    else if (const std::optional<Errore> Guasto = GuastoImpostazioni(u"VDM2"_s))
+        Testo += u'\n' + Guasto->Descrizione;
     MsgErrore(Testo);
 }
 

@@ -2,6 +2,10 @@
 #include "aperture_prova.h"
 
 #include "platform/base/numerierrore.h"
+#include "platform/system/impostazioni.h"
+#include "supporto/danni.h"
+
+#include <QDir>
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +21,8 @@ private Q_SLOTS:
     void kr2SiAvvia();
     void kr2Manca_data();
     void kr2Manca();
+    void kr2NonSiSaDove_data();
+    void kr2NonSiSaDove();
     void guida_data();
     void guida();
     void documenti_data();
@@ -95,6 +101,31 @@ void TestComandiDocumenti::kr2Manca()
     EseguiComando(u"kr2"_s, 0, {});
     QCOMPARE(Box.Mostrato(0).Bandiere, vbCritical);
     QCOMPARE(Eventi, QStringList());
+}
+
+void TestComandiDocumenti::kr2NonSiSaDove_data()
+{
+    QTest::addColumn<int>("Come");
+    for (const int Come : DanniVisibili())
+        if (Come != Troncato)  // another program's text has no mark of its end
+            QTest::newRow(NomiDanni[size_t(Come)]) << Come;
+}
+
+void TestComandiDocumenti::kr2NonSiSaDove()
+{
+    QFETCH(int, Come);
+    SaveSetting(u"VDM2"_s, u"Parametri"_s, u"PercorsoProcedura"_s, u"/vdm2"_s);
+    const QString File = PercorsoImpostazioni(u"VDM2"_s);
+    Rovina(File, Come);
+    Registratore Box;
+    Box.Tollera();
+    EseguiComando(u"kr2"_s, 0, {});
+    if (Come == Cartella)
+        QVERIFY(QDir().rmdir(File));
+    else
+        QVERIFY(QFile::remove(File));
+    QCOMPARE(Box.Mostrati().size(), 1);
+    QVERIFY2(Box.UltimoTesto().count(File) == 1, qPrintable(Box.UltimoTesto()));
 }
 
 void TestComandiDocumenti::guida_data()

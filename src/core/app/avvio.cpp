@@ -21,6 +21,7 @@
 #include "platform/system/aparte.h"
 #include "platform/system/blocco.h"
 #include "platform/system/file.h"
+#include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
@@ -63,6 +64,9 @@ bool AvvioAutomazione(const QString& Riga)
         RicercaAllAvvio();
     if (!ApriRichiesta(Riga))
         return false;
+    // Without its settings an invoice would be handed over to nobody, and nobody would know.
+    if (const std::optional<Errore> Guasto = GuastoImpostazioni(u"Praxivo"_s))
+        MsgErrore(Guasto->Descrizione);
     sessione::CartellaLocale = Barra(ImpostazioneDi(u"Praxivo"_s, u"CartellaLocale"_s));
     sessione::ArchivioPrat = ImpostazioneDi(u"Praxivo"_s, u"ArchivioPrat"_s);
     return true;

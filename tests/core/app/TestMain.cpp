@@ -6,9 +6,12 @@
 #include "platform/base/numerierrore.h"
 #include "platform/system/aparte.h"
 #include "platform/system/file.h"
+#include "platform/system/impostazioni.h"
 #include "platform/system/percorsi.h"
 #include "supporto/cartellaferma.h"
+#include "supporto/danni.h"
 
+#include <QDir>
 #include <QScopeGuard>
 #include <QSysInfo>
 
@@ -25,6 +28,8 @@ private Q_SLOTS:
     void basso();
     void bassoConFinestra();
     void bassoOffreIlRecupero();
+    void impostazioniDellaCompagnaGuaste_data();
+    void impostazioniDellaCompagnaGuaste();
     void normale_data();
     void normale();
     void fileNominato_data();
@@ -123,6 +128,34 @@ void TestMain::bassoOffreIlRecupero()
     sessione::ModoLow = false;
     Main(u"PV2|E|/nota.mdb"_s);
     QCOMPARE(S->Eventi, (QStringList{u"parcella [/nota.mdb] 0 [] "_s, u"fine"_s}));
+}
+
+void TestMain::impostazioniDellaCompagnaGuaste_data()
+{
+    QTest::addColumn<int>("Come");
+    for (const int Come : DanniVisibili())
+        if (Come != Troncato)  // another program's text has no mark of its end
+            QTest::newRow(NomiDanni[size_t(Come)]) << Come;
+}
+
+/// Her folder and her archive are not known: who does not hear it hands his invoices to nobody.
+void TestMain::impostazioniDellaCompagnaGuaste()
+{
+    QFETCH(int, Come);
+    const QString File = PercorsoImpostazioni(u"Praxivo"_s);
+    const QByteArray Sano = LeggiFile(File);
+    Rovina(File, Come);
+    Registratore Box;
+    Box.Tollera();
+    Main(u"PV2|E|/nota.mdb"_s);
+    QCOMPARE(S->Eventi, (QStringList{u"parcella [/nota.mdb] 0 [] "_s, u"fine"_s}));
+    QCOMPARE(sessione::ArchivioPrat, QString());
+    if (Come == Cartella)
+        QVERIFY(QDir().rmdir(File));
+    else
+        QVERIFY(QFile::remove(File));
+    QCOMPARE(Box.Mostrati().size(), 1);
+    QVERIFY2(Box.UltimoTesto().count(File) == 1, qPrintable(Box.UltimoTesto()));
 }
 
 void TestMain::normale_data()
