@@ -61,6 +61,7 @@ void TestChiavi::chiNonLeLegge_data()
     QTest::newRow("refused") << QByteArray("{\"clienti\": 7}") << false;
     QTest::newRow("cut off") << QByteArray("{\"clienti\": ") << true;
     QTest::newRow("empty") << QByteArray() << true;
+    QTest::newRow("a folder") << QByteArray("cartella") << true;
 }
 
 /// The key of a name that has gone would find another person.
@@ -72,7 +73,11 @@ void TestChiavi::chiNonLeLegge()
     ArchivioDiProva::Aggiungi(5, u"Rossi"_s);
     const QString File = sessione::ArchivioCliCon;
     const QString Chiavi = File + u".chiavi"_s;
-    ScriviFile(Chiavi, Contenuto);
+    const bool Cartella = Contenuto == "cartella";
+    if (Cartella)
+        CreaCartella(Chiavi);
+    else
+        ScriviFile(Chiavi, Contenuto);
     if (!Leggibile)
         QVERIFY(QFile::setPermissions(Chiavi, {}));
     const Database Db = OpenDatabase(File);
@@ -86,6 +91,10 @@ void TestChiavi::chiNonLeLegge()
     }
     // A name can be deleted all the same: the archive itself keeps its key.
     TrattieniChiavi(Db, u"clienti"_s, 5);
+    if (Cartella) {
+        QVERIFY(EsisteCartella(Chiavi));
+        return;
+    }
     QVERIFY(QFile::setPermissions(Chiavi, QFile::ReadOwner | QFile::WriteOwner));
     QCOMPARE(LeggiFile(Chiavi), Contenuto);
 }

@@ -7,10 +7,12 @@
 #include "platform/system/file.h"
 #include "print/modStampe.h"
 #include "print/writers/esportazione.h"
+#include "supporto/danni.h"
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 
 #include <QBuffer>
+#include <QDir>
 #include <QImage>
 
 using namespace Qt::StringLiterals;
@@ -179,22 +181,19 @@ void TestLogoStampa::spento()
 
 void TestLogoStampa::persoSiDiceUnaVolta_data()
 {
-    QTest::addColumn<bool>("Manca");
-    QTest::newRow("manca") << true;
-    QTest::newRow("danneggiato") << false;
+    QTest::addColumn<int>("Come");
+    for (int Come = 0; Come < Danni; ++Come)
+        QTest::newRow(NomiDanni[size_t(Come)]) << Come;
 }
 
 void TestLogoStampa::persoSiDiceUnaVolta()
 {
-    QFETCH(bool, Manca);
+    QFETCH(int, Come);
     // Another one each time: what was told of one logo is told of it alone.
-    sessione::LogoImpronta = logo::Conserva(Png({310, Manca ? 100 : 101}));
+    sessione::LogoImpronta = logo::Conserva(Png({310, 100 + Come}));
     const QString File = logo::File(sessione::LogoImpronta);
     const QByteArray Buono = LeggiFile(File);
-    if (Manca)
-        EliminaFile(File);
-    else
-        ScriviFile(File, Buono.first(Buono.size() / 2));
+    Rovina(File, Come);
     Registratore Voce;
     Voce.Attendi(Perso.arg(File), vbOK, u"Errore:"_s);
     for (int i = 0; i < 3; ++i) {
@@ -202,6 +201,10 @@ void TestLogoStampa::persoSiDiceUnaVolta()
         QVERIFY(!vp.Contenuto().Testa);
     }
     QCOMPARE(Voce.Mostrati().size(), 1);
+    if (Come == Cartella)
+        QVERIFY(QDir().rmdir(File));
+    else if (Come != Mancante)
+        QVERIFY(QFile::remove(File));
     ScriviFile(File, Buono);
     Anteprima(vp, Nota, StampaPrenotula);
     QVERIFY(vp.Contenuto().Testa);
