@@ -360,7 +360,9 @@ bool CamminoTrova::CheckCondiz(VoceTrova& Voce, const Anticipo& Prima)
         } catch (const Errore& Guasto) {
             // Another program is writing the note: it is one none the less.
             Voce.Illeggibile = Guasto.Numero == errori::DatiBloccati;
-            const bool DaMendare = Guasto.Numero == errori::FormatoDatabase && HaTestata(Voce.Percorso);
+            // No program leaves a note without a byte: a loss of power does.
+            const bool DaMendare =
+                Voce.Byte == 0 || (Guasto.Numero == errori::FormatoDatabase && HaTestata(Voce.Percorso));
             if (!NonENota(Guasto) || DaMendare) {
                 Conto.NonLetti += !Voce.Illeggibile && Guasto.Numero != errori::FileMancante;
                 return Voce.Illeggibile;  // the next walk looks again

@@ -23,6 +23,8 @@ public:
     [[nodiscard]] CodiciCliente Codici(int IDCli);
     /// True when the archive of this list could not be read; it is there, then.
     [[nodiscard]] bool Guasto() const { return NonLetto != nullptr; }
+    /// The archive of the last list, full path.
+    [[nodiscard]] const QString& FileArchivio() const { return Archivio; }
     /// Throws why it could not; nothing happens while it could.
     void PretendiLetto() const;
     /// A list is complete: nothing is open any more.

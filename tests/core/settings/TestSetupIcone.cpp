@@ -176,8 +176,7 @@ void TestSetupIcone::illeggibileAncheAlSalvataggio()
     const QString Illeggibile = u"75 Errore di accesso al percorso o al file: "_s + File;
     Box.Attendi(Illeggibile);
     T->Apri(3);
-    Box.Attendi(Illeggibile);
-    Box.Attendi(u"Errore scrittura .ini"_s, vbOK, u"Errore:"_s);
+    Box.Attendi(u"Errore scrittura .ini"_s, vbOK, u"Errore:"_s);  // the damage itself is told once
     T->Memorizza(Box);
     QVERIFY(!QFile::exists(T->Utente + u"kr5.ini"_s));
 }

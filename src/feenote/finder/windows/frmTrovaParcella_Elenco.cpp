@@ -1,9 +1,7 @@
 // The finder: the walk and the rows that come of it.
 #include "feenote/finder/windows/frmTrovaParcella.h"
 
-#include "addressbook/modRubrica.h"
 #include "core/modErrori.h"
-#include "core/sessione.h"
 #include "feenote/windows/noteaperte.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/annuncio.h"
@@ -207,7 +205,7 @@ void frmTrovaParcella::Fine()
     QString Frase = FraseEsito(Conto);
     if (Nomi.Guasto())
         Frase += u"; i nomi sono quelli delle parcelle, perché l'archivio dei clienti %1 non si legge"_s.arg(
-            NomeFile(FileRubrica(sessione::ArchivioCliCon)));
+            NomeFile(Nomi.FileArchivio()));
     MostraConto(Frase);
     if (std::exchange(RifaiDopo, false))
         Avvia(Scopo::Rinfresca);

@@ -1,9 +1,7 @@
 // The finder: notes by their state, what is open of them, the accountant's file.
 #include "feenote/finder/windows/frmTrovaParcella.h"
 
-#include "addressbook/modRubrica.h"
 #include "core/modErrori.h"
-#include "core/sessione.h"
 #include "feenote/finder/windows/ui_frmTrovaParcella.h"
 #include "platform/base/regionale.h"
 #include "platform/kit/aspetto.h"
@@ -139,7 +137,7 @@ void frmTrovaParcella::EsportaCsv()
                 Manca +=
                     (Manca.isEmpty() ? QString() : u"; "_s) +
                     u"mancano codici fiscali e partite IVA, perché l'archivio dei clienti %1 non si legge"_s
-                        .arg(FileRubrica(sessione::ArchivioCliCon));
+                        .arg(Nomi.FileArchivio());
             Nomi.Chiudi();
         }))
         return;

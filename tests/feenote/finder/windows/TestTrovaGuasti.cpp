@@ -71,7 +71,11 @@ void TestTrovaGuasti::nota()
     QVERIFY(Nomi().contains(u"verdi"_s));
     if (Come == Cartella)
         return;  // a folder may bear any name
-    if (Nomi().contains(u"gamma"_s)) {
+    if (!Nomi().contains(u"gamma"_s)) {
+        // What is missing is said beside the sum.
+        const QString Aperto = Controllo<QLabel>(F.get(), "lblAperto")->text();
+        QVERIFY2(Aperto.contains(u"1 file non letto"_s), qPrintable(Aperto));
+    } else {
         // It says so where it is opened.
         T->Voce.Tollera();
         Doppio(u"gamma"_s);
