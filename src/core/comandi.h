@@ -42,6 +42,9 @@ struct Comando
     bool Procedura = false;                          ///< the frame sends it by itself too, with no window
     PulsanteComando Pulsante = {};
     IconaComando Icona = {};
+    QStringView Finestra = u"";  ///< of a calculator: class of its window; the keys that all of them have and
+                                 ///< the help's page of it follow
+    QStringView Copia = u"";  ///< what the button of its result copies, on the page of keys; empty: none does
 };
 
 /// Runs a command. Exact case; an unknown word does nothing and reports nothing; a failure of a branch is

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -42,10 +43,6 @@ constexpr std::array Gruppi{
     GruppoTasti{u"frmRicorrenti", u"Termini ricorrenti"},
     GruppoTasti{u"frmStrada", u"Perché questa data"},
     GruppoTasti{u"frmAgenda", u"Aggiungi al calendario"},
-    GruppoTasti{u"frmInteressi", u"Calcolo interessi"},
-    GruppoTasti{u"frmIstat", u"Rivalutazione Istat"},
-    GruppoTasti{u"frmCodFis", u"Codice fiscale"},
-    GruppoTasti{u"frmContrib", u"Contributo unificato"},
     GruppoTasti{u"frmUltimiCalcoli", u"Ultimi calcoli"},
     GruppoTasti{u"Calendario", u"Il calendario"},
     GruppoTasti{u"frmDocumenti", u"Documentazione normativa"},
@@ -180,48 +177,21 @@ constexpr std::array Proprie{
     RigaTasti{u"frmRicerche", u"cmdFind_1", u"F3", u"trova il successivo"},
     RigaTasti{u"frmRicerche", u"", u"Shift+F3", u"trova il precedente"},
 
-    RigaTasti{u"frmTermini", u"cmdCopia", u"Ctrl+C", u"copia la scadenza"},
     RigaTasti{u"frmTermini", u"cmdRicorrenti", u"Ctrl+T", u"termini ricorrenti"},
     RigaTasti{u"frmTermini", u"cmdStrada", u"Ctrl+D", u"perché questa data"},
     RigaTasti{u"frmTermini", u"cmdAgenda", u"Ctrl+G", u"aggiungi al calendario"},
-    RigaTasti{u"frmTermini", u"mnuNew", u"Ctrl+N", u"nuovo calcolo"},
     RigaTasti{u"frmTermini", u"mnuScheda", u"Ctrl+Shift+P", u"stampa la scheda"},
-    RigaTasti{u"frmTermini", u"mnuCopiaTabella", u"Ctrl+Shift+C", u"copia il calcolo come tabella"},
-    RigaTasti{u"frmTermini", u"mnuUltimi", u"Ctrl+L", u"ultimi calcoli"},
     RigaTasti{u"frmTermini", u"mnuStampa", u"Ctrl+P", u"stampa"},
-    RigaTasti{u"frmTerminiSeq", u"cmdCopia", u"Ctrl+C", u"copia le scadenze"},
     RigaTasti{u"frmTerminiSeq", u"cmdStrada", u"Ctrl+D", u"perché queste date"},
     RigaTasti{u"frmTerminiSeq", u"cmdAgenda", u"Ctrl+G", u"aggiungi al calendario"},
-    RigaTasti{u"frmTerminiSeq", u"mnuNew", u"Ctrl+N", u"nuovo calcolo"},
     RigaTasti{u"frmTerminiSeq", u"mnuScheda", u"Ctrl+Shift+P", u"stampa la scheda"},
-    RigaTasti{u"frmTerminiSeq", u"mnuCopiaTabella", u"Ctrl+Shift+C", u"copia il calcolo come tabella"},
-    RigaTasti{u"frmTerminiSeq", u"mnuUltimi", u"Ctrl+L", u"ultimi calcoli"},
     RigaTasti{u"frmTerminiSeq", u"mnuPrint", u"Ctrl+P", u"stampa"},
     RigaTasti{u"frmRicorrenti", u"txtCerca", u"Ctrl+F", u"va alla casella di ricerca"},
     RigaTasti{u"frmRicorrenti", u"cmdScegli", u"Return", u"riporta il termine nel computo", Interno},
     RigaTasti{u"frmStrada", u"cmdCopia", u"Ctrl+C", u"copia i passi"},
     RigaTasti{u"frmStrada", u"cmdStampa", u"Ctrl+P", u"stampa i passi"},
     RigaTasti{u"frmAgenda", u"cmdCopia", u"Ctrl+C", u"copia le scadenze come testo"},
-    RigaTasti{u"frmInteressi", u"cmdCopia", u"Ctrl+C", u"copia il totale, o le righe selezionate"},
-    RigaTasti{u"frmInteressi", u"mnuNew", u"Ctrl+N", u"nuovo calcolo"},
-    RigaTasti{u"frmInteressi", u"mnuScheda", u"Ctrl+P", u"stampa il calcolo"},
-    RigaTasti{u"frmInteressi", u"mnuCopiaTabella", u"Ctrl+Shift+C", u"copia il calcolo come tabella"},
-    RigaTasti{u"frmInteressi", u"mnuUltimi", u"Ctrl+L", u"ultimi calcoli"},
-    RigaTasti{u"frmIstat", u"cmdCopia", u"Ctrl+C", u"copia l'importo rivalutato"},
-    RigaTasti{u"frmIstat", u"mnuNew", u"Ctrl+N", u"nuovo calcolo"},
-    RigaTasti{u"frmIstat", u"mnuScheda", u"Ctrl+P", u"stampa il calcolo"},
-    RigaTasti{u"frmIstat", u"mnuCopiaTabella", u"Ctrl+Shift+C", u"copia il calcolo come tabella"},
-    RigaTasti{u"frmIstat", u"mnuUltimi", u"Ctrl+L", u"ultimi calcoli"},
-    RigaTasti{u"frmCodFis", u"cmdCopia", u"Ctrl+C", u"copia il codice"},
-    RigaTasti{u"frmCodFis", u"mnuNew", u"Ctrl+N", u"nuovo calcolo"},
-    RigaTasti{u"frmCodFis", u"mnuScheda", u"Ctrl+P", u"stampa il calcolo"},
-    RigaTasti{u"frmCodFis", u"mnuCopiaTabella", u"Ctrl+Shift+C", u"copia il calcolo come tabella"},
-    RigaTasti{u"frmCodFis", u"mnuUltimi", u"Ctrl+L", u"ultimi calcoli"},
     RigaTasti{u"frmContrib", u"", u"Ctrl+C", u"copia il contributo"},
-    RigaTasti{u"frmContrib", u"mnuNew", u"Ctrl+N", u"nuovo calcolo"},
-    RigaTasti{u"frmContrib", u"mnuScheda", u"Ctrl+P", u"stampa il calcolo"},
-    RigaTasti{u"frmContrib", u"mnuCopiaTabella", u"Ctrl+Shift+C", u"copia il calcolo come tabella"},
-    RigaTasti{u"frmContrib", u"mnuUltimi", u"Ctrl+L", u"ultimi calcoli"},
     RigaTasti{u"frmUltimiCalcoli", u"cmdRiprendi", u"Return", u"rimette i dati nella finestra e ricalcola",
               Interno},
     RigaTasti{u"frmUltimiCalcoli", u"cmdRinomina", u"F2", u"rinomina il calcolo"},
@@ -260,6 +230,44 @@ constexpr std::array Proprie{
     RigaTasti{u"frmSfoglia", u"", u"Backspace", u"la cartella superiore", Interno},
 };
 
+/// What the menus of all calculators have; a row above for the same entry of one of them wins.
+constexpr std::array DelleCalcolatrici{
+    RigaTasti{u"", u"mnuNew", u"Ctrl+N", u"nuovo calcolo"},
+    RigaTasti{u"", u"mnuScheda", u"Ctrl+P", u"stampa il calcolo"},
+    RigaTasti{u"", u"mnuCopiaTabella", u"Ctrl+Shift+C", u"copia il calcolo come tabella"},
+    RigaTasti{u"", u"mnuUltimi", u"Ctrl+L", u"ultimi calcoli"},
+};
+
+/// The calculators in the order of their icons.
+std::vector<const Comando*> Calcolatrici()
+{
+    std::vector<const Comando*> Tutte = ComandiDellaScrivania();
+    std::erase_if(Tutte, [](const Comando* Riga) { return Riga->Finestra.isEmpty(); });
+    return Tutte;
+}
+
+/// The rows of a calculator: its buttons, its menu as all have it, then what is its own there.
+void AggiungiCalcolatrice(std::vector<RigaTasti>& Tutte, const Comando& Riga)
+{
+    std::vector<RigaTasti> Sue;
+    std::ranges::copy_if(Proprie, std::back_inserter(Sue),
+                         [&](const RigaTasti& Una) { return Una.Finestra == Riga.Finestra; });
+    const auto NelMenu =
+        std::ranges::find_if(Sue, [](const RigaTasti& Una) { return Una.Comando.startsWith(u"mnu"); });
+    if (!Riga.Copia.isEmpty())
+        Tutte.push_back({Riga.Finestra, u"cmdCopia", u"Ctrl+C", Riga.Copia});
+    Tutte.insert(Tutte.end(), Sue.begin(), NelMenu);
+    Sue.erase(Sue.begin(), NelMenu);
+    for (RigaTasti Comune : DelleCalcolatrici) {
+        Comune.Finestra = Riga.Finestra;
+        const auto Sua = std::ranges::find(Sue, Comune.Comando, &RigaTasti::Comando);
+        Tutte.push_back(Sua == Sue.end() ? Comune : *Sua);
+        if (Sua != Sue.end())
+            Sue.erase(Sua);
+    }
+    Tutte.insert(Tutte.end(), Sue.begin(), Sue.end());
+}
+
 std::vector<RigaTasti> Componi()
 {
     std::vector<RigaTasti> Tutte;
@@ -269,8 +277,27 @@ std::vector<RigaTasti> Componi()
                              .Comando = Riga.Parola,
                              .Tasti = Riga.Tasti,
                              .Effetto = Riga.Effetto});
-    Tutte.insert(Tutte.end(), Proprie.begin(), Proprie.end());
+    const std::vector<const Comando*> Loro = Calcolatrici();
+    std::ranges::copy_if(Proprie, std::back_inserter(Tutte), [&](const RigaTasti& Una) {
+        return std::ranges::find(Loro, Una.Finestra, &Comando::Finestra) == Loro.end();
+    });
+    for (const Comando* Una : Loro)
+        AggiungiCalcolatrice(Tutte, *Una);
     return Tutte;
+}
+
+/// A calculator without a part above has one before that of their last calculations.
+std::vector<GruppoTasti> ComponiGruppi()
+{
+    std::vector<GruppoTasti> Tutti;
+    for (const GruppoTasti& Gruppo : Gruppi) {
+        if (Gruppo.Finestra == u"frmUltimiCalcoli")
+            for (const Comando* Una : Calcolatrici())
+                if (std::ranges::find(Gruppi, Una->Finestra, &GruppoTasti::Finestra) == Gruppi.end())
+                    Tutti.push_back({Una->Finestra, Una->Icona.Etichetta});
+        Tutti.push_back(Gruppo);
+    }
+    return Tutti;
 }
 
 }  // namespace
@@ -283,7 +310,8 @@ const std::vector<RigaTasti>& TabellaTasti()
 
 std::span<const GruppoTasti> GruppiTasti()
 {
-    return Gruppi;
+    static const std::vector<GruppoTasti> Tutti = ComponiGruppi();
+    return Tutti;
 }
 
 QString TastiDi(QStringView Finestra, QStringView Comando)

@@ -24,7 +24,8 @@ struct GruppoTasti
     QStringView Titolo;
 };
 
-/// All keys. Those of the commands, which stand in the table of commands, belong to "frmMain".
+/// All keys. Those of the commands, which stand in the table of commands, belong to "frmMain"; it says which
+/// windows are calculators, too, which have keys in common.
 [[nodiscard]] const std::vector<RigaTasti>& TabellaTasti();
 
 /// The parts of the page, in its order.
