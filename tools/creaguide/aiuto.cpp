@@ -1,5 +1,6 @@
 #include "creaguide/aiuto.h"
 
+#include "core/comandi.h"
 #include "creaguide/composizione.h"
 #include "creaguide/paginaaiuto.h"
 #include "platform/pages/impaginazione.h"
@@ -17,6 +18,8 @@ namespace {
 using Genere = BloccoGuida::Genere;
 
 constexpr QStringView PrefissoGuida = u"guida:";
+/// The line of the index that stands for those of the calculators.
+constexpr QStringView LeCalcolatrici = u"calcolatrici";
 constexpr QStringView InizioCapitolo = u"Capitolo ";
 
 TestoGuida LeggiFileTesto(const QString& Cartella, const QString& Relativo, const FonteTabelle& Tabelle)
@@ -66,6 +69,21 @@ void AggiungiPagine(Aiuto& Guida, const BloccoGuida& Voce, const QString& Cartel
     }
     for (PaginaDiAiuto& Sua : PagineDiGuida(Cartella, Nome.mid(PrefissoGuida.size()), Tabelle))
         Pagine.push_back(std::move(Sua));
+}
+
+/// The pages of the calculators that the index does not name, in the order of their icons.
+void AggiungiCalcolatrici(Aiuto& Guida, const BloccoGuida& Voce, const QString& Cartella,
+                          const FonteTabelle& Tabelle)
+{
+    for (const Comando* Riga : ComandiDellaScrivania()) {
+        BloccoGuida Sua = Voce;
+        Sua.Parole = {{Riga->Finestra.toString(), false, false, {}}};
+        const auto Nominata = [&](const BloccoGuida& Blocco) {
+            return Blocco.Che == Genere::Voce && Blocco.Testo() == Riga->Finestra;
+        };
+        if (!Riga->Finestra.isEmpty() && std::ranges::none_of(Guida.Indice.Blocchi, Nominata))
+            AggiungiPagine(Guida, Sua, Cartella, Tabelle);
+    }
 }
 
 QSet<QString> AncoreDi(const TestoGuida& Testo)
@@ -228,6 +246,8 @@ Aiuto LeggiAiuto(const QString& Cartella, const FonteTabelle& Tabelle)
     for (const BloccoGuida& Blocco : Letta.Indice.Blocchi) {
         if (Blocco.Che == Genere::Sezione)
             Letta.Capitoli.push_back({Blocco.Testo(), {}});
+        else if (Blocco.Che == Genere::Voce && Blocco.Testo() == LeCalcolatrici)
+            AggiungiCalcolatrici(Letta, Blocco, Cartella, Tabelle);
         else if (Blocco.Che == Genere::Voce)
             AggiungiPagine(Letta, Blocco, Cartella, Tabelle);
     }

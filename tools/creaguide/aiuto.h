@@ -28,7 +28,8 @@ struct Aiuto
 };
 
 /// Reads the help from the folder of the guides: "aiuto/indice.txt" names the chapters, and in each the pages
-/// ("nome" is aiuto/nome.txt, "guida:Nome" is Nome.txt, a page for each of its chapters).
+/// ("nome" is aiuto/nome.txt, "guida:Nome" is Nome.txt, a page for each of its chapters, "calcolatrici" those
+/// of the calculators that no other line names).
 ///
 /// @throws Errore 5 "nome, riga n: motivo" as LeggiTesto, for a page that is named twice or not at all, for a
 ///         reference that leads nowhere

@@ -1,5 +1,6 @@
 #include "creaguide/marcatura.h"
 
+#include "core/tasti.h"
 #include "platform/base/errore.h"
 #include "platform/base/numerierrore.h"
 
@@ -84,7 +85,9 @@ private:
         if (Nome == u"pagina" && Resto.isEmpty())
             NuovaPagina = true;
         else if (Nome == u"tabella")
-            AccodaTabella(Tabelle(Resto), Resto.startsWith(u"tasti:"));
+            AccodaTabella(Resto);
+        else if (Nome == u"tasti" && Resto.isEmpty())
+            AltriTasti();
         else if (Nome == u"solo")
             Riserva(Resto);
         else if (Nome == u"capitoli" && Resto.isEmpty())
@@ -93,6 +96,24 @@ private:
             AggiungiProva(Resto);
         else
             Rifiuta(u"direttiva sconosciuta: "_s + Scritta);
+    }
+
+    void AccodaTabella(const QString& Nome)
+    {
+        AccodaTabella(Tabelle(Nome), Nome.startsWith(u"tasti:"));
+        Mostrate << Nome;
+    }
+
+    void AltriTasti()
+    {
+        for (const GruppoTasti& Gruppo : GruppiTasti()) {
+            const QString Nome =
+                u"tasti:"_s + (Gruppo.Finestra.isEmpty() ? u"ovunque"_s : Gruppo.Finestra.toString());
+            if (Mostrate.contains(Nome))
+                continue;
+            Accoda(Genere::Sezione, Semplici(Gruppo.Titolo.toString()));
+            AccodaTabella(Nome);
+        }
     }
 
     void Riserva(const QString& Per)
@@ -218,6 +239,7 @@ private:
 
     const FonteTabelle& Tabelle;
     TestoGuida Fatto;
+    QStringList Mostrate;  ///< tables of the program's data
     TabellaDati Aperta;
     QString Scritto;
     QString Segno;  ///< of the item that is open, empty for a paragraph

@@ -8,6 +8,7 @@
 //   |= 6 4> 4>          opens a table: widths in centimetres, ">" for columns flush right
 //   | a | b | c         a row of it, the first one its headings; a blank line ends the table
 //   %tabella nome       a table made from the data of the program
+//   %tasti              every part of the program's keys that no table above shows, with its title
 //   %pagina             what follows begins a page, on paper
 //   %solo carta         what follows is for the paper alone; "%solo schermo" for the screen alone, "%solo"
 //   ends it %prova a b => x; y  shown nowhere: a call of the command line whose answer holds x and y, which

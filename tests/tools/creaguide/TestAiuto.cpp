@@ -1,6 +1,8 @@
 #include "supporto/pagine.h"
 #include "supporto/prova.h"
 
+#include "core/comandi.h"
+#include "core/tasti.h"
 #include "creaguide/aiuto.h"
 #include "creaguide/creaguide.h"
 #include "creaguide/paginaaiuto.h"
@@ -28,6 +30,8 @@ private Q_SLOTS:
     void elenchi();
     void elenco();
     void capitoliDiUnaGuida();
+    void leCalcolatriciCheRestano();
+    void iTastiCheRestano();
     void rifiuti_data();
     void rifiuti();
     void pagineDiPrima();
@@ -181,6 +185,38 @@ void TestAiuto::capitoliDiUnaGuida()
     QVERIFY(Scritta(u"Legge-1.htm"_s).contains(u"<h2><a name=\"parte\"></a>Parte</h2>"));
     QVERIFY(Scritta(u"Legge-2.htm"_s).contains(u"<h1>Capitolo 2. Due</h1>"));
     QVERIFY(EsisteFile(Uscita + u"Legge.pdf"_s));
+}
+
+/// One line stands for the calculators that no line names, in the order of the desktop.
+void TestAiuto::leCalcolatriciCheRestano()
+{
+    QStringList Tutte;
+    for (const Comando* Riga : ComandiDellaScrivania())
+        if (!Riga->Finestra.isEmpty()) {
+            Tutte << Riga->Finestra.toString();
+            Scrivi(u"aiuto/%1.txt"_s.arg(Tutte.last()), "# " + Tutte.last().toUtf8() + "\n\nTesto.\n");
+        }
+    QVERIFY(Tutte.size() > 2);
+    Scrivi(u"aiuto/indice.txt"_s,
+           "# G\n\n## P\n\n- uno\n- calcolatrici\n- due\n- " + Tutte[1].toUtf8() + "\n");
+    QCOMPARE(Crea(), 0);
+    QStringList Pagine;
+    for (const QString& Riga : Scritta(u"elenco.txt"_s).split(u'\n'))
+        if (Riga.startsWith(u"P\t"))
+            Pagine << Riga.section(u'\t', 1, 1).chopped(4);
+    const QString Nominata = Tutte.takeAt(1);
+    QCOMPARE(Pagine.join(u' '), (u"uno "_s + Tutte.join(u' ') + u" due "_s + Nominata));
+}
+
+void TestAiuto::iTastiCheRestano()
+{
+    Scrivi(u"aiuto/uno.txt"_s, "# U\n\n## Proprio\n\n%tabella tasti:frmPrint\n\n%tasti\n\n## Poi\n\nFine.\n");
+    QCOMPARE(Crea(), 0);
+    QStringList Attesi{u"Proprio"_s};
+    for (const GruppoTasti& Gruppo : GruppiTasti())
+        if (Gruppo.Finestra != u"frmPrint")
+            Attesi << Gruppo.Titolo.toString().toHtmlEscaped();
+    QCOMPARE(Trovati(Scritta(u"uno.htm"_s), u"</a>([^<]*)</h2>"_s), Attesi + QStringList{u"Poi"_s});
 }
 
 void TestAiuto::rifiuti_data()
