@@ -34,25 +34,16 @@ QString CartellaDelProgramma()
 }
 
 /// Copies a file of the program beside the user's data, unless one of that name, in any case, is there.
-/// @return true when it was copied
-bool CopiaSeManca(const QString& Nome, const QString& Cartella)
+/// @param ConData the copy has the age of what it is made of, from the first moment on: nothing stands there
+/// without it
+void CopiaSeManca(const QString& Nome, const QString& Cartella, bool ConData)
 {
     const QString Origine = TrovaFile(CartellaDelProgramma() + Nome);
+    if (!EsisteFile(Origine) || EsisteFile(TrovaFile(Cartella + Nome)))
+        return;
     // Two programs may be started at once: of two copies the first one counts, it may be in use already.
-    return EsisteFile(Origine) && !EsisteFile(TrovaFile(Cartella + Nome)) &&
-           CreaFile(Cartella + Nome, LeggiFile(Origine), Lettori::Cartella);
-}
-
-/// Gives a copy the age of what it was made of.
-void CopiaLaData(const QString& Origine, const QString& Copia)
-{
-    try {
-        ImpostaDataFile(Copia, DataFile(Origine));
-    } catch (const Errore&) {
-        // The age of the rates is that of their archive: one that looks new would be asked for no update.
-        ScartaFile(Copia);
-        throw;
-    }
+    (void)CreaFile(Cartella + Nome, LeggiFile(Origine), Lettori::Cartella,
+                   ConData ? DataFile(Origine) : QDateTime());
 }
 
 void PreparaCartellaUtente()
@@ -117,7 +108,7 @@ void PreparaArchivio()
     if (HaRighe(TrovaFile(CartellaDelProgramma() + Nome)))
         return;
     CreaCartellaDiUtente(CartellaDelPrimoUso());
-    (void)CopiaSeManca(Nome, CartellaDelPrimoUso());
+    CopiaSeManca(Nome, CartellaDelPrimoUso(), false);
     SalvaImpostazione(chiavi::ArchivioCliCon.toString(), CartellaDelPrimoUso() + Nome);
 }
 
@@ -151,8 +142,8 @@ void PreparaTassi()
              {u"InteressiLegali"_s, u"InteressiMora"_s, u"IndiciIstat"_s, u"CoefficientiRaccordo"_s})
             (void)Tassi.OpenRecordset(Tabella);
     }
-    if (CopiaSeManca(Nome, Cartella))
-        CopiaLaData(Fornito, Cartella + Nome);
+    // The age of the rates is that of their archive: one that looks new would be asked for no update.
+    CopiaSeManca(Nome, Cartella, true);
 }
 
 void PrimoUso()

@@ -181,8 +181,10 @@ void EliminaFile(const QString& Percorso)
     const QString Nativo = PercorsoNativo(Percorso);
     if (!EsisteFile(Nativo))
         throw Errore(errori::FileMancante);
-    const bool Trattenuto =
-        !guasti::FileTrattenuti.isEmpty() && Nativo.startsWith(PercorsoNativo(guasti::FileTrattenuti));
+    const auto Sotto = [&](const QString& Cartella) {
+        return !Cartella.isEmpty() && Nativo.startsWith(PercorsoNativo(Cartella));
+    };
+    const bool Trattenuto = Sotto(guasti::FileTrattenuti) || Sotto(guasti::SupportoBloccato);
     if (Trattenuto || !CartellaScrivibile(CartellaFile(Nativo)) || !QFile::remove(Nativo))
         throw Errore(errori::Accesso);
 }

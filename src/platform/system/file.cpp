@@ -266,7 +266,7 @@ void ScriviAppoggio(const QString& Percorso, const QByteArray& Contenuto, Lettor
     }
 }
 
-bool CreaFile(const QString& Percorso, const QByteArray& Contenuto, Lettori Chi)
+bool CreaFile(const QString& Percorso, const QByteArray& Contenuto, Lettori Chi, const QDateTime& Data)
 {
     const QString Nativo = PercorsoNativo(Percorso);
     if (QFileInfo::exists(Nativo))
@@ -275,6 +275,8 @@ bool CreaFile(const QString& Percorso, const QByteArray& Contenuto, Lettori Chi)
         throw Errore(errori::DiscoPieno);
     FileAccanto Nuovo(Nativo, Chi);
     Nuovo.Scrivi(Contenuto);
+    if (Data.isValid())
+        Nuovo.ImpostaData(Data);
     return Nuovo.PosaSeLibero();
 }
 

@@ -78,8 +78,10 @@ void ScriviAppoggio(const QString& Percorso, const QByteArray& Contenuto, Lettor
 
 /// Writes a file that is not there yet. One that somebody else puts there meanwhile stays.
 /// @param Chi may read it
-/// @return false when something of this very name is there. @throws Errore as ScriviFile
-bool CreaFile(const QString& Percorso, const QByteArray& Contenuto, Lettori Chi = Lettori::Tutti);
+/// @param Data its last change, which it has from the moment on in which it is there; none: the present
+/// @return false when something of this very name is there. @throws Errore as ScriviFile and ImpostaDataFile
+bool CreaFile(const QString& Percorso, const QByteArray& Contenuto, Lettori Chi = Lettori::Tutti,
+              const QDateTime& Data = {});
 
 /// Keeps what a file has held beside it, its name followed by ".guasto", and by a number from the second text
 /// on: none of these copies takes the place of another. @throws Errore as ScriviFile

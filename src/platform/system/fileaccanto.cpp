@@ -15,6 +15,7 @@
 #include <QFileInfo>
 #include <QThread>
 
+#include <array>
 #include <cstdlib>
 #include <ctime>
 #include <mutex>
@@ -25,6 +26,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
@@ -52,6 +54,12 @@ void FileAccanto::Scrivi(QByteArrayView Byte)
 {
     if (Dati->File.write(Byte.data(), Byte.size()) != Byte.size() || !Dati->File.flush())
         throw Errore(errori::DiscoPieno);
+}
+
+void FileAccanto::ImpostaData(const QDateTime& Quando)
+{
+    if (guasti::DateRifiutate || !Dati->File.setFileTime(Quando, QFileDevice::FileModificationTime))
+        throw Errore(errori::Accesso);
 }
 
 void FileAccanto::Posa()
@@ -280,6 +288,18 @@ void FileAccanto::Scrivi(QByteArrayView Byte)
             throw ErroreDelSistema(errno);
         Byte = Byte.sliced(Scritti);
     }
+}
+
+void FileAccanto::ImpostaData(const QDateTime& Quando)
+{
+    constexpr qint64 MsNelSecondo = 1000;
+    constexpr long NanoNelMs = 1'000'000;
+    const int Ms = Quando.time().msec();
+    const std::array<timespec, 2> Date{
+        timespec{0, UTIME_OMIT},
+        timespec{time_t((Quando.toMSecsSinceEpoch() - Ms) / MsNelSecondo), Ms * NanoNelMs}};
+    if (guasti::DateRifiutate || ::futimens(Dati->File, Date.data()) != 0)
+        throw Errore(errori::Accesso);
 }
 
 void FileAccanto::Posa()

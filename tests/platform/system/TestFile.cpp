@@ -8,6 +8,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <array>
@@ -61,6 +62,7 @@ private Q_SLOTS:
     void quelCheUnaCadutaHaLasciato();
     void cioCheNonEUnFile();
     void creaSoloQuelCheManca();
+    void creaConLaSuaData();
     void creaUnoSoloFraMolti();
 };
 PROVA(TestFile);
@@ -491,6 +493,22 @@ void TestFile::creaSoloQuelCheManca()
     QVERIFY(QFile::link(Cartella + u"nulla"_s, Cartella + u"rimando"_s));
     QVERIFY(!CreaFile(Cartella + u"rimando"_s, "x"));
     QVERIFY(!EsisteFile(Cartella + u"nulla"_s));
+}
+
+/// A program that is killed behind its first moment has left it with its date.
+void TestFile::creaConLaSuaData()
+{
+    const QString Cartella = NuovaCartella();
+    const QString File = Cartella + u"Tassi.dat"_s;
+    for (const QDateTime& Quando : {QDateTime(QDate(2026, 8, 31), QTime(12, 0, 0, 250)),
+                                    QDateTime(QDate(1969, 7, 20), QTime(20, 17, 0, 500))}) {
+        QVERIFY(CreaFile(File, "x", Lettori::Cartella, Quando));
+        QCOMPARE(DataFile(File), Quando);
+        QVERIFY(QFile::remove(File));
+    }
+    const QScopedValueRollback Fissa(guasti::DateRifiutate, true);
+    QCOMPARE(NumeroErrore([&] { CreaFile(File, "x", Lettori::Cartella, QDateTime::currentDateTime()); }), 75);
+    QCOMPARE(ContenutoDi(Cartella), QStringList());
 }
 
 void TestFile::creaUnoSoloFraMolti()
