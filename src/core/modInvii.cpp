@@ -3,6 +3,7 @@
 #include "platform/base/errore.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
+#include "platform/system/fileaccanto.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
 
@@ -49,7 +50,9 @@ bool NientAltro(const QString& Cartella, const QString& Nome)
 /// A mark that has the name alone is that of a program which ended before the document was complete.
 void Svuota(const QString& Cartella)
 {
-    ScartaCartella(Cartella);  // a program that was killed has left it empty
+    // A program that was killed has left it empty, or with half a file in it.
+    TogliRestiAccanto(Cartella);
+    ScartaCartella(Cartella);
     if (!EsisteCartella(Cartella))
         return;
     const QList<QByteArray> Segno = LeggiFile(Cartella + NomeSegno, MassimoSegno).split('\n');

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void senzaCartella();
     void unCollegamentoResta();
     void maiFinito();
+    void maiFinitoAMeta();
     void cioCheEDellUtenteResta_data();
     void cioCheEDellUtenteResta();
     void laCartellaCollegataResta();
@@ -121,6 +122,24 @@ void TestInvii::maiFinito()
     Passano(10);
     SpazzaInvii();
     QVERIFY(!EsisteCartella(Invii() + u"20260101-120000-1"_s));
+}
+
+/// Half a document is a client's too.
+void TestInvii::maiFinitoAMeta()
+{
+    for (const QString& Mezzo : {u".~.inviato.tmp"_s, u".~Fattura.pdf.tmp"_s}) {
+        const QString Cartella = Invii() + u"20260101-120000-1/"_s;
+        CreaCartella(Cartella);
+        if (Mezzo != u".~.inviato.tmp")
+            ScriviFile(Cartella + u".inviato"_s, "Fattura.pdf");
+        ScriviFile(Cartella + Mezzo, "%P");
+        Passano(5);
+        SpazzaInvii();
+        QVERIFY2(EsisteFile(Cartella + Mezzo), "somebody may be writing it");
+        ImpostaDataFile(Cartella + Mezzo, QDateTime::currentDateTime().addSecs(-3600));
+        SpazzaInvii();
+        QVERIFY2(!EsisteCartella(Cartella), qPrintable(Mezzo));
+    }
 }
 
 void TestInvii::senzaCartella()
