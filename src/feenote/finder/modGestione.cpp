@@ -38,11 +38,16 @@ bool Concesso(const QString& File)
 }
 
 /// A template may go only without its attribute. Of a link the note that it leads to stays as it is.
+/// A template is let go as it is where the system does that: a program that is killed must not leave one that
+/// anybody writes over. Others ask for its attribute first.
 void TogliFile(const QString& File)
 {
-    if (QFileInfo(File).isSymLink()) {
+    try {
         EliminaFile(File);
         return;
+    } catch (const Errore& Guasto) {
+        if (QFileInfo(File).isSymLink() || Guasto.Numero != errori::Accesso)
+            throw;
     }
     const AttributoSospeso Attributo(File, [](const Errore& Guasto) { GestioneErrori(Guasto); });
     EliminaFile(File);

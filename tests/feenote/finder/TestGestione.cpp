@@ -12,6 +12,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <filesystem>
+
 using namespace Qt::StringLiterals;
 
 /// Deletion and another name, with what is asked before.
@@ -27,6 +29,7 @@ private Q_SLOTS:
     void ilCollegamentoSiCancella();
     void ilModelloChiede_data();
     void ilModelloChiede();
+    void ilModelloSeNeVaProtetto();
     void laParolaDOrdine_data();
     void laParolaDOrdine();
     void quelCheNonSiCancella_data();
@@ -176,6 +179,21 @@ void TestGestione::ilModelloChiede()
     QCOMPARE(Cancella(), Seconda == vbYes);
     QCOMPARE(EsisteFile(File), Seconda != vbYes);
     QVERIFY2(!EsisteFile(File) || SolaLettura(File), "what stays stays protected");
+}
+
+/// A program that is killed while it removes a template leaves none that anybody writes over.
+void TestGestione::ilModelloSeNeVaProtetto()
+{
+    const QString Altro = NuovaCartella() + u"altro.mdb"_s;
+    ImpostaSolaLettura(File, true);
+    std::filesystem::create_hard_link(QFile::encodeName(File).toStdString(),
+                                      QFile::encodeName(Altro).toStdString());
+    Box->Attendi(EModello, vbYes);
+    Box->Attendi(Conferma, vbYes);
+    Box->Attendi(Eliminata);
+    QVERIFY(Cancella());
+    QVERIFY(!EsisteFile(File));
+    QVERIFY2(SolaLettura(Altro), "its attribute was taken away");
 }
 
 void TestGestione::laParolaDOrdine_data()
