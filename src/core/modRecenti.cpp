@@ -2,6 +2,7 @@
 
 #include "core/modTesti.h"
 #include "core/parametri.h"
+#include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/system/percorsi.h"
 
@@ -91,15 +92,25 @@ QString Scritte(const QList<NotaRecente>& Note)
 /// Changes the list as it stands when the store's turn comes: two programs that remember a note at one moment
 /// would each take the other's away. A list that is as it should be is not written.
 /// @param Fai false: nothing is to be changed
-void Muta(const std::function<bool(QList<NotaRecente>& Note)>& Fai)
+/// @param Chiesto the user has asked for it: a damaged store, which looks empty, may hold what he wants
+/// gone
+void Muta(const std::function<bool(QList<NotaRecente>& Note)>& Fai, bool Chiesto = false)
 {
     const auto Dopo = [&Fai](const QString& Testo) {
         QList<NotaRecente> Note = Lette(Testo);
         return Fai(Note) ? Scritte(Note) : Testo;
     };
-    const QString Ora = Impostazione(ChiaveRecenti);
+    if (const QString Frase = Chiesto ? FraseImpostazioniGuaste() : QString(); !Frase.isEmpty())
+        throw Errore(errori::Accesso, Frase);
+    const QString Ora = Chiesto ? ImpostazioneSicura(ChiaveRecenti) : Impostazione(ChiaveRecenti);
     if (Dopo(Ora) != Ora)
-        RicordaMutata(ChiaveRecenti, Dopo);
+        (Chiesto ? MutaImpostazione : RicordaMutata)(ChiaveRecenti, Dopo);
+}
+
+/// A note goes out of the list.
+void Togli(const QString& Percorso, bool Chiesto)
+{
+    Muta([&Percorso](QList<NotaRecente>& Note) { return Note.removeIf(StessoFile(Percorso)) > 0; }, Chiesto);
 }
 
 }  // namespace
@@ -127,15 +138,22 @@ void RicordaRecente(const NotaRecente& Nota)
 
 void DimenticaRecente(const QString& Percorso)
 {
-    Muta([&Percorso](QList<NotaRecente>& Note) { return Note.removeIf(StessoFile(Percorso)) > 0; });
+    Togli(Percorso, true);
+}
+
+void DimenticaCancellata(const QString& Percorso)
+{
+    Togli(Percorso, false);
 }
 
 void SvuotaRecenti()
 {
-    Muta([](QList<NotaRecente>& Note) {
-        Note.clear();
-        return true;
-    });
+    Muta(
+        [](QList<NotaRecente>& Note) {
+            Note.clear();
+            return true;
+        },
+        true);
 }
 
 void SpostaRecente(const QString& Vecchio, const QString& Nuovo)

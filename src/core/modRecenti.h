@@ -32,11 +32,14 @@ inline constexpr int MassimoRecenti = 10;
 /// @throws Errore as RicordaImpostazioni
 void RicordaRecente(const NotaRecente& Nota);
 
-/// Takes a note out of the list. @throws Errore as RicordaImpostazioni
+/// Takes a note out of the list. @throws Errore as SalvaImpostazione, also of a damaged store: who
+/// wants a name gone is told each time that it stays
 void DimenticaRecente(const QString& Percorso);
-/// Takes all of them out. @throws Errore as RicordaImpostazioni
+/// Takes all of them out. @throws Errore as DimenticaRecente
 void SvuotaRecenti();
 
+/// A note's file is no more: its line goes too. @throws Errore as RicordaImpostazioni
+void DimenticaCancellata(const QString& Percorso);
 /// A note's file bears another name, or lies elsewhere: its line keeps its place.
 /// @throws Errore as RicordaImpostazioni
 void SpostaRecente(const QString& Vecchio, const QString& Nuovo);

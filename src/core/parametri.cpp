@@ -28,8 +28,12 @@ QString FraseImpostazioniGuaste()
 
 void SalvaImpostazione(const QString& Chiave, const QString& Valore)
 {
-    MutaSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave,
-                [&](const QString&) { return Valore; });
+    MutaImpostazione(Chiave, [&](const QString&) { return Valore; });
+}
+
+void MutaImpostazione(const QString& Chiave, const std::function<QString(const QString& Prima)>& Dopo)
+{
+    MutaSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave, Dopo);
 }
 
 void SalvaImpostazioni(const QList<std::pair<QString, QString>>& Valori,
@@ -71,8 +75,7 @@ void RicordaImpostazioni(const QList<std::pair<QString, QString>>& Valori)
 
 void RicordaMutata(const QString& Chiave, const std::function<QString(const QString& Prima)>& Dopo)
 {
-    DettoUnaVolta(
-        [&] { MutaSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave, Dopo); });
+    DettoUnaVolta([&] { MutaImpostazione(Chiave, Dopo); });
 }
 
 int MisuraTwip(const QString& Chiave, int Predefinita)

@@ -39,6 +39,11 @@ void SalvaImpostazione(const QString& Chiave, const QString& Valore);
 void SalvaImpostazioni(const QList<std::pair<QString, QString>>& Valori,
                        const std::function<bool(const QString& Chiave, const QString& Ora)>& SiScrive = {});
 
+/// Makes another text of a setting that the user has asked to change, in turn with other programs.
+/// @param Dopo is given the stored text, empty where none is; it touches no settings
+/// @throws Errore as SalvaImpostazione, each time
+void MutaImpostazione(const QString& Chiave, const std::function<QString(const QString& Prima)>& Dopo);
+
 /// Stores what the program remembers by itself: sizes, widths, places. A store that refuses is told once and
 /// not again before it has taken something, since nobody has asked for it. A damaged one refuses too, and
 /// stays as it is: one that was told at the start is not told again. @throws Errore 75 as above, the first

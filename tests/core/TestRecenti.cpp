@@ -6,8 +6,10 @@
 #include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/percorsi.h"
+#include "supporto/guasti.h"
 #include "supporto/prova.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTest>
 #include <QThread>
@@ -52,6 +54,8 @@ private Q_SLOTS:
     void segueIlNome();
     void dueProgrammi_data();
     void dueProgrammi();
+    void cioCheSiToglieNonTace();
+    void diUnDepositoIlleggibileSiDice();
     void cioCheNonSiCapisceResta();
     void soloLUtenteLaLegge();
     void unaRigaSola();
@@ -162,6 +166,45 @@ void TestRecenti::dueProgrammi()
     Turno.reset();
     QVERIFY(Questo->wait(10000));
     QCOMPARE(Nomi(), Restano);
+}
+
+/// A client's name that was to go and stays is told each time; what the program remembers by itself once.
+void TestRecenti::cioCheSiToglieNonTace()
+{
+    RicordaRecente(Nota(u"a"_s));
+    const QString File = PercorsoImpostazioni(NomeApplicazione.toString());
+    QVERIFY(QFile::setPermissions(File, QFile::ReadOwner));
+    QCOMPARE(NumeroErrore([] { RicordaRecente(Nota(u"b"_s)); }), 75);
+    QCOMPARE(NumeroErrore([] { RicordaRecente(Nota(u"b"_s)); }), 0);
+    for (int Volta = 0; Volta < 2; ++Volta) {
+        QCOMPARE(NumeroErrore([] { DimenticaRecente(Nota(u"a"_s).Percorso); }), 75);
+        QCOMPARE(NumeroErrore([] { SvuotaRecenti(); }), 75);
+    }
+    QCOMPARE(NumeroErrore([] { DimenticaCancellata(Nota(u"a"_s).Percorso); }), 0);
+    QCOMPARE(Nomi(), QStringList{u"a"_s});
+    QVERIFY(QFile::setPermissions(File, QFile::ReadOwner | QFile::WriteOwner));
+    RicordaRecente(Nota(u"b"_s));
+    DimenticaCancellata(Nota(u"a"_s).Percorso);
+    QCOMPARE(Nomi(), QStringList{u"b"_s});
+    SvuotaRecenti();
+    QCOMPARE(Nomi(), QStringList());
+}
+
+/// A list that cannot be read looks empty, and is not.
+void TestRecenti::diUnDepositoIlleggibileSiDice()
+{
+    RicordaRecente(Nota(u"a"_s));
+    const QString File = PercorsoImpostazioni(NomeApplicazione.toString());
+    const QByteArray Sano = LeggiFile(File);
+    QVERIFY(QFile::remove(File));
+    QVERIFY(QDir().mkpath(File));
+    const int Svuotata = NumeroErrore(SvuotaRecenti);
+    const int Dimenticata = NumeroErrore([] { DimenticaRecente(Nota(u"a"_s).Percorso); });
+    QVERIFY(QDir().rmdir(File));
+    ScriviFile(File, Sano, Lettori::SoloUtente);
+    QCOMPARE(Svuotata, 75);
+    QCOMPARE(Dimenticata, 75);
+    QCOMPARE(Nomi(), QStringList{u"a"_s});
 }
 
 /// A store of somebody else's is not cleaned by a note that it does not list.

@@ -172,7 +172,7 @@ void NotaRinominata(const QString& Vecchio, const QString& Nuovo)
 
 void NotaCancellata(const QString& Percorso)
 {
-    Protetta([&] { DimenticaRecente(Percorso); });
+    Protetta([&] { DimenticaCancellata(Percorso); });
     Ognuna([&](frmParcelle& Finestra) {
         if (!StessoPercorso(Finestra.Nota.Percorso, Percorso))
             return;
