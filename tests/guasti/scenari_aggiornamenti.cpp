@@ -1,9 +1,9 @@
 // Updates from a folder and from a server: what is announced, the archive of rates, the installer.
+#include "guasti/pubblicato.h"
 #include "guasti/scenari.h"
 
 #include "core/sessione.h"
 #include "platform/base/errore.h"
-#include "platform/database/database.h"
 #include "platform/network/firma.h"
 #include "platform/network/rete_qt.h"
 #include "platform/system/file.h"
@@ -11,7 +11,6 @@
 #include "supporto/prova.h"
 #include "update/scarico.h"
 
-#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 
@@ -20,48 +19,7 @@ using namespace registro;
 
 namespace {
 
-const QByteArray& Vecchi()
-{
-    static const QByteArray Byte = Contenuto(ProgrammaDiProva() + u"Tassi.dat"_s);
-    return Byte;
-}
-
-/// The delivered archive with one month more.
-const QByteArray& Nuovi()
-{
-    static const QByteArray Byte = [] {
-        const QString File = NuovaCartella() + u"Tassi.dat"_s;
-        Posa(File, Vecchi());
-        OpenDatabase(File).Execute(u"INSERT INTO IndiciIstat (Anno, Mese, Indice) VALUES (2030, 1, 130.5)"_s);
-        return Contenuto(File);
-    }();
-    return Byte;
-}
-
-const QByteArray Installatore = QByteArray(200'000, 'i') + "fine";
-
-/// A folder with a signed update, made once for everybody.
-const QString& Pubblicato()
-{
-    static const QString Cartella = [] {
-        const QString Dove = NuovaCartella();
-        const CoppiaChiavi Chiavi = NuoveChiavi();
-        QByteArray Elenco = "versione=[3.0.99]\n01/12/2026\nnota=Nuovi tassi";
-        const auto Aggiungi = [&](const QString& Nome, const QByteArray& Byte) {
-            Posa(Dove + Nome, Byte);
-            Elenco += '\n' + RigaElenco({Nome, Byte.size(),
-                                         QCryptographicHash::hash(Byte, QCryptographicHash::Sha256)})
-                                 .toLatin1();
-        };
-        Aggiungi(u"tassi.dat"_s, Nuovi());
-        Aggiungi(u"upgrade3.0.99.exe"_s, Installatore);
-        Posa(Dove + u"versioni.txt"_s, Elenco);
-        Posa(Dove + u"versioni.txt.sig"_s, FirmaByte(Elenco, Chiavi.Segreta));
-        Posa(Dove + u"calcanova.pub"_s, Chiavi.Pubblica);
-        return Dove;
-    }();
-    return Cartella;
-}
+using namespace pubblicato;
 
 /// The same folder behind a server of this machine, which no fault meets.
 Provenienza DaUnServer()

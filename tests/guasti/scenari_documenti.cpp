@@ -1,12 +1,11 @@
 // Exports, the PDF and the electronic invoice of a note.
+#include "guasti/fatturabile.h"
 #include "guasti/scenari.h"
 
 #include "core/sessione.h"
 #include "feenote/einvoice/controlli.h"
 #include "feenote/file/memorianota.h"
 #include "feenote/file/modPosaFile.h"
-#include "feenote/modInterruttori.h"
-#include "feenote/modNuovaParcella.h"
 #include "platform/base/errore.h"
 #include "platform/database/database.h"
 #include "platform/system/orologio.h"
@@ -83,72 +82,7 @@ Scenario Di(const QString& Fine, const QByteArray& Nota)
 
 // ---- the electronic invoice -------------------------------------------------------------------------
 
-constexpr auto DelloStudio = "[Parametri]\n"
-                             "progtrasm=0\n"
-                             "studiocap=00100\n"
-                             "studiocivico=1\n"
-                             "studiocodfisc=RSSMRA80A01H501U\n"
-                             "studiocomune=Roma\n"
-                             "studionome=Avv. Mario Rossi\n"
-                             "studiopiva=01234567897\n"
-                             "studioprov=RM\n"
-                             "studiotitolarecognome=Rossi\n"
-                             "studiotitolarenome=Mario\n"
-                             "studiovia=Via della Prova\n";
-
-/// The office's clients and a note that is ready to be invoiced, made once.
-struct Ufficio
-{
-    Ufficio()
-    {
-        AzzeraSessione();
-        sessione::PercorsoProg = ProgrammaDiProva();
-        const QString Cartella = NuovaCartella();
-        const QString File = Cartella + u"DatiStudio.mdb"_s;
-        Posa(File, Contenuto(ProgrammaDiProva() + u"DatiStudio.mdb"_s));
-        Parcella Sua;
-        NuovaParcella(Sua);
-        {
-            Recordset Righe = OpenDatabase(File).OpenRecordset(u"clienti"_s);
-            Righe.AddNew();
-            for (const auto& [Colonna, Valore] : {std::pair{u"Nominativo"_s, u"Alfa S.r.l."_s},
-                                                  {u"Indirizzo"_s, u"Via dell'Esempio 2"_s},
-                                                  {u"Cap"_s, u"20100"_s},
-                                                  {u"Citta"_s, u"Milano"_s},
-                                                  {u"Prov"_s, u"MI"_s},
-                                                  {u"PIva"_s, u"09876543217"_s},
-                                                  {u"CodDestinatario"_s, u"ABC1234"_s}})
-                Righe.ImpostaValue(Colonna, Valore);
-            Righe.Update();
-            Righe.MoveLast();
-            Sua.IDCli = Righe.Value(u"ID"_s).toInt();
-        }
-        Sua.txtCliente.Testo = u"Alfa S.r.l."_s;
-        Sua.cmbTipoStampa = StampaFatturaAnalitica;
-        Sua.txtDatiPar[DatoNumFatt] = u"7"_s;
-        Sua.txtDatiPar[DatoDataFatt] = u"15/01/2026"_s;
-        for (const auto& [Tick, Box, Percento] : {std::tuple{&Parcella::chkCP, &Parcella::txtCP, u"4"_s},
-                                                  {&Parcella::chkIva, &Parcella::txtIVA, u"22"_s},
-                                                  {&Parcella::chkRA, &Parcella::txtRA, u"20"_s}}) {
-            (Sua.*Tick).Attiva = true;
-            (Sua.*Box).Testo = Percento;
-        }
-        const int Riga = Sua.xOnorari.AggiungiRiga();
-        Sua.xOnorari(Riga, OnoDescr) = u"Fase di studio"_s;
-        Sua.xOnorari(Riga, OnoImporto) = 1000.0;
-        RicordaStampa(Sua);
-        ScriviNota(Cartella + u"nota.mdb"_s, Sua);
-        Nota = Contenuto(Cartella + u"nota.mdb"_s);
-        Archivio = Contenuto(File);
-    }
-    QByteArray Nota, Archivio;
-};
-
-const Ufficio& Studio()
-{
-    static const Ufficio Uno;
-    return Uno;
-}
+using namespace fatturabile;
 
 QString Nota(const Posto& Dove)
 {
@@ -179,7 +113,7 @@ QStringList Fattura(const Posto& Dove)
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(Dove.Cartella.chopped(1)));
     QFile::remove(Xml(Dove));
     if (Segnata(Dove).value_or(QString()) != QString())
-        Posa(Nota(Dove), Studio().Nota);
+        Posa(Nota(Dove), Fatturabile().Nota);
     return {ProgrammaDiProva() + u"calcanova-cli"_s,
             u"--programma"_s,
             ProgrammaDiProva(),
@@ -221,8 +155,8 @@ Scenario DellaFattura()
             .Attese = {Apri, Scrivi, Sincronizza, Rinomina, Chiudi},
             .Prepara =
                 [](const Posto& Dove) {
-                    Posa(Dove.Fuori + u"DatiStudio.mdb"_s, Studio().Archivio);
-                    Posa(Nota(Dove), Studio().Nota);
+                    Posa(Dove.Fuori + u"DatiStudio.mdb"_s, Fatturabile().Archivio);
+                    Posa(Nota(Dove), Fatturabile().Nota);
                     QDir().mkpath(Dove.Cartella + u"Calcanova"_s);
                     Posa(Dove.Cartella + u"Calcanova/KR5.ini"_s, DelloStudio);
                 },

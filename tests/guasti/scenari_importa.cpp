@@ -1,5 +1,6 @@
 // What comes from another program: an archive taken whole, old notes copied, a look at names, Access files;
 // the last calculations; the first use.
+#include "guasti/origine.h"
 #include "guasti/scenari.h"
 
 #include "addressbook/exchange/archiviointero.h"
@@ -14,7 +15,6 @@
 #include "platform/accesso/accesso.h"
 #include "platform/accesso/copie.h"
 #include "platform/base/errore.h"
-#include "platform/database/connessione.h"
 #include "platform/database/database.h"
 #include "platform/database/recordset.h"
 #include "platform/system/cartelle.h"
@@ -22,7 +22,6 @@
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "supporto/prova.h"
-#include "supporto/scrittoreaccess.h"
 
 #include <QDir>
 #include <QFile>
@@ -34,73 +33,7 @@ using namespace registro;
 namespace importati {
 namespace {
 
-constexpr int Nomi = 300;
-constexpr QFile::Permissions Altri =
-    QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
-
-/// Another program's archive, over which it was killed in the middle of a write: with the journal by which
-/// that is undone, and as an Access file.
-struct Origine
-{
-    QByteArray Byte;
-    QByteArray Giornale;
-    QByteArray DiAccess;
-};
-
-const Origine& Vecchio()
-{
-    static const Origine Uno = [] {
-        Origine Fatta;
-        const QString File = NuovaCartella() + u"vecchio.mdb"_s;
-        Posa(File, Contenuto(ProgrammaDiProva() + u"DatiStudio.mdb"_s));
-        {
-            const Database Db = OpenDatabase(File);
-            Transazione Insieme(Db);
-            for (int i = 1; i <= Nomi; ++i)
-                Db.Execute(u"INSERT INTO clienti (ID, Nominativo, Citta) VALUES (?,?,'Lucca')"_s,
-                           {i, u"Cliente numero %1"_s.arg(i)});
-            Insieme.Conferma();
-        }
-        Fatta.DiAccess = ScriviAccess(AccessDa(File));
-        Connessione Conn(File, Connessione::Modo::Scrittura);
-        Conn.Esegui(u"PRAGMA cache_size=2"_s);
-        Conn.Esegui(u"BEGIN IMMEDIATE"_s);
-        Conn.Esegui(u"UPDATE clienti SET Nominativo='x' || Nominativo, Citta='altrove'"_s);
-        Fatta.Byte = Contenuto(File);
-        Fatta.Giornale = Contenuto(File + u"-journal"_s);
-        Conn.Esegui(u"ROLLBACK"_s);
-        return Fatta;
-    }();
-    return Uno;
-}
-
-void PosaVecchio(const QString& File, bool DiAccess)
-{
-    QDir().mkpath(QFileInfo(File).path());
-    Posa(File, DiAccess ? Vecchio().DiAccess : Vecchio().Byte);
-    if (!DiAccess)
-        Posa(File + u"-journal"_s, Vecchio().Giornale);
-}
-
-bool Intatto(const QString& File, bool DiAccess)
-{
-    return Contenuto(File) == (DiAccess ? Vecchio().DiAccess : Vecchio().Byte) &&
-           (DiAccess || Contenuto(File + u"-journal"_s) == Vecchio().Giornale);
-}
-
-bool HaTutti(const QString& File)
-{
-    try {
-        const Database Db = OpenDatabase(File, true);
-        const Recordset Controllo = Db.OpenRecordset(u"SELECT * FROM pragma_integrity_check"_s);
-        return !Controllo.Eof() && Controllo.Value(u"integrity_check"_s).toString() == u"ok" &&
-               Db.OpenRecordset(u"SELECT ID FROM clienti WHERE Nominativo LIKE 'Cliente numero %' AND "
-                                "Citta='Lucca'"_s)
-                       .RecordCount() == Nomi;
-    } catch (const Errore&) {
-        return false;
-    }
-}
+using namespace origine;
 
 /// A copy is whole and nobody else's, or not there; what it was made of is as it was.
 Trovato GuardaCopia(const QString& Da, const QString& A, bool DiAccess)
@@ -196,7 +129,8 @@ Scenario Guardata(bool DiAccess)
                         return Trovato::Rotto;
                     if (!Vista.Detto.contains(u" nomi"))
                         return Trovato::Prima;
-                    return Vista.Detto.contains(u"%1 nomi"_s.arg(Nomi)) ? Trovato::Nuovo : Trovato::Rotto;
+                    return Vista.Detto.contains(u"%1 nomi"_s.arg(origine::Nomi)) ? Trovato::Nuovo
+                                                                                 : Trovato::Rotto;
                 },
             .Ammessi = {u"vecchio\\.mdb(-journal)?"_s, u"dati(/Calcanova(/importa)?)?"_s},
             .Spazza =
@@ -232,7 +166,8 @@ Scenario CopiaTenuta()
                     for (const QString& Nome : NomiDeiFile(Qui, u".mdb"_s))
                         if (!HaTutti(Qui + Nome) || (QFile::permissions(Qui + Nome) & Altri))
                             return Trovato::Rotto;
-                    return Vista.Detto.contains(u"%1 nomi"_s.arg(Nomi)) ? Trovato::Nuovo : Trovato::Prima;
+                    return Vista.Detto.contains(u"%1 nomi"_s.arg(origine::Nomi)) ? Trovato::Nuovo
+                                                                                 : Trovato::Prima;
                 },
             .Ammessi = {u"vecchio\\.mdb"_s, u"copie(/[0-9a-f]{64}\\.mdb)?"_s},
             .Spazza =

@@ -53,19 +53,6 @@ int Svolgi(const std::function<void()>& Fai, const QString& Risposta)
     return Rifiutato ? 1 : 0;
 }
 
-void Posa(const QString& File, const QByteArray& Contenuto)
-{
-    QFile Nuovo(File);
-    if (!Nuovo.open(QIODevice::WriteOnly) || Nuovo.write(Contenuto) != Contenuto.size())
-        qFatal("%s cannot be laid out", qPrintable(File));
-}
-
-QByteArray Contenuto(const QString& File)
-{
-    QFile Letto(File);
-    return Letto.open(QIODevice::ReadOnly) ? Letto.readAll() : QByteArray();
-}
-
 namespace {
 
 /// An office without an archive of its own, at work in a folder.

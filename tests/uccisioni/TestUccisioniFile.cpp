@@ -1,23 +1,18 @@
 // What writes a file is killed behind each of its calls, and at moments drawn at random: the former content
 // or the new one is there, whole, and the next save or start leaves nothing beside it and waits for nobody.
 #include "feenote/file/file_prova.h"
+#include "uccisioni/imprese.h"
 #include "vittima.h"
 
-#include "addressbook/exchange/annullo.h"
-#include "addressbook/exchange/colonneimporta.h"
-#include "addressbook/exchange/importa.h"
 #include "feenote/file/modRecupero.h"
-#include "platform/base/errore.h"
 #include "platform/system/file.h"
-#include "platform/system/impostazioni.h"
-#include "platform/system/percorsi.h"
-#include "platform/system/profilo.h"
 
 #include <QCoreApplication>
 #include <QDir>
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -26,314 +21,10 @@ namespace {
 constexpr auto VariabileParte = "CALCANOVA_PROVA_PARTE";
 constexpr auto VariabileCartella = "CALCANOVA_PROVA_CARTELLA";
 
-/// Rows of a note, so that half of them would show.
-constexpr int Linee = 60;
-
-Parcella NotaDetta(const QString& Detta)
-{
-    Parcella Nota = NotaPiena();
-    Nota.txtOggetto.Testo = Detta;
-    while (Nota.xDiritti.Righe() < Linee)
-        Nota.xDiritti.AggiungiRiga();
-    for (int i = 0; i < Nota.xDiritti.Righe(); ++i)
-        Nota.xDiritti(i, 1) = Detta;
-    return Nota;
-}
-
-/// What a note says, if it says it in every row; otherwise what is wrong with it.
-QString DettoDa(const QString& File)
-{
-    if (!EsisteFile(File))
-        return {};
-    try {
-        const Database Nota = OpenDatabase(File, true);
-        const QString Detta = Nota.OpenRecordset(u"ParcellaParam"_s).Value(u"Oggetto"_s).toString();
-        int Quante = 0;
-        for (Recordset Righe = Nota.OpenRecordset(u"ParcellaRighe"_s); !Righe.Eof(); Righe.MoveNext())
-            if (Righe.Value(u"OnoDir"_s).toString() == u"D") {
-                ++Quante;
-                if (Righe.Value(u"Descr"_s).toString() != Detta)
-                    return u"mista"_s;
-            }
-        return Quante == Linee ? Detta : u"con %1 righe"_s.arg(Quante);
-    } catch (const Errore& Guasto) {
-        return u"illeggibile: "_s + Guasto.Descrizione;
-    }
-}
-
-/// One thing that is written, and what may be there behind a kill.
-struct Impresa
-{
-    QString Nome;
-    /// Lays out what is there before.
-    void (*Prepara)(const QString& Cartella);
-    /// What the victim does.
-    void (*Fa)(const QString& Cartella);
-    /// Empty for what was there before or what the victim makes of it; a sentence for anything else.
-    QString (*Difetto)(const QString& Cartella);
-    /// What a later run of the program leaves in the folder, and nothing else.
-    QStringList Rimane;
-    /// What calcanova-cli is called with where it is the victim; "%1" stands for the folder.
-    QStringList Riga = {};
-};
-
-QString NonUna(const QString& Trovata, const QStringList& Ammesse)
-{
-    return Ammesse.contains(Trovata) ? QString() : u"trovato «%1»"_s.arg(Trovata);
-}
-
-QByteArray Descrizione(const QString& Oggetto)
-{
-    return R"({"categoria":"CIV","autorita":"Tribunale ordinario","valore":"30.000,00","precarica":true,"oggetto":")" +
-           Oggetto.toUtf8() + "\"}";
-}
-
-/// What a note of the command line says, where all that it is made of is there.
-QString DettoPrecaricata(const QString& File)
-{
-    try {
-        const Database Nota = OpenDatabase(File, true);
-        return Nota.OpenRecordset(u"ParcellaRighe"_s).RecordCount() < 4
-                   ? u"senza righe"_s
-                   : Nota.OpenRecordset(u"ParcellaParam"_s).Value(u"Oggetto"_s).toString();
-    } catch (const Errore& Guasto) {
-        return u"illeggibile: "_s + Guasto.Descrizione;
-    }
-}
-
-/// Leaves a file as a write that was cut off leaves it: half of it changed, its journal beside it.
-void LasciaAMeta(const QString& File)
-{
-    const QString Giornale = u"-journal"_s;
-    const QString Copia = File + u".a-meta"_s;
-    {
-        const Database Nota = OpenDatabase(File);
-        const Transazione Aperta(Nota);
-        Nota.Execute(u"PRAGMA cache_size=1"_s);
-        Nota.Execute(u"UPDATE ParcellaRighe SET Descr=printf('%.4000c', 'x')"_s);
-        QFile::copy(File, Copia);
-        QFile::copy(File + Giornale, Copia + Giornale);
-    }
-    QFile::remove(File);
-    QFile::rename(Copia, File);
-    QFile::rename(Copia + Giornale, File + Giornale);
-}
-
-void PreparaArchivio(const QString& Cartella)
-{
-    QFile::copy(ProgrammaDiProva() + u"DatiStudio.mdb"_s, Cartella + u"DatiStudio.mdb"_s);
-    QFile::setPermissions(Cartella + u"DatiStudio.mdb"_s, QFile::ReadOwner | QFile::WriteOwner);
-    Recordset Righe = OpenDatabase(Cartella + u"DatiStudio.mdb"_s).OpenRecordset(u"clienti"_s);
-    Righe.AddNew();
-    Righe.ImpostaValue(u"Nominativo"_s, u"prima"_s);
-    Righe.ImpostaValue(u"Indirizzo"_s, u"prima"_s);
-    Righe.Update();
-}
-
-QString DifettoArchivio(const QString& Cartella)
-{
-    Recordset Righe = OpenDatabase(Cartella + u"DatiStudio.mdb"_s).OpenRecordset(u"clienti"_s);
-    if (Righe.RecordCount() != 1)
-        return u"%1 clienti"_s.arg(Righe.RecordCount());
-    return NonUna(Righe.Value(u"Nominativo"_s).toString() + u'/' + Righe.Value(u"Indirizzo"_s).toString(),
-                  {u"prima/prima"_s, u"dopo/dopo"_s});
-}
-
-QString ImpostazioniTrovate()
-{
-    return GetSetting(u"Uccise"_s, u"Parametri"_s, u"uno"_s) + u'/' +
-           GetSetting(u"Uccise"_s, u"Parametri"_s, u"due"_s) + u'/' +
-           GetSetting(u"Uccise"_s, u"Parametri"_s, u"lunga"_s).left(5);
-}
-
-void SalvaImpostazioni(const QString& Valore)
-{
-    SaveSettings(u"Uccise"_s, u"Parametri"_s,
-                 {{u"uno"_s, Valore}, {u"due"_s, Valore}, {u"lunga"_s, Valore.repeated(2000)}});
-}
-
-/// The store stands in the folder of the user's settings, which is that of the row here.
-void ConImpostazioniIn(const QString& Cartella)
-{
-    qputenv("XDG_CONFIG_HOME", QFile::encodeName(Cartella.chopped(1)));
-}
-
-QString DifettoCopia(const QString& Cartella)
-{
-    sessione::UserFolder = Cartella;
-    for (const CopiaRecupero& Copia : NoteDaRecuperare())
-        if (const QString Difetto = NonUna(DettoDa(Copia.File), {u"prima"_s, u"dopo"_s}); !Difetto.isEmpty())
-            return Difetto;
-    return {};
-}
-
-/// What names come into the archive.
-TabellaEstranea DaImportare()
-{
-    TabellaEstranea Tabella;
-    Tabella.Titoli = {u"Nominativo"_s, u"Indirizzo"_s};
-    for (int i = 0; i < Linee; ++i) {
-        Tabella.Righe.push_back({u"dopo %1"_s.arg(i), u"dopo"_s.repeated(50)});
-        Tabella.Numeri.push_back(i + 1);
-    }
-    return Tabella;
-}
-
-void ImportaNomi(const QString& Cartella)
-{
-    const Database Db = OpenDatabase(Cartella + u"DatiStudio.mdb"_s);
-    const TabellaEstranea Da = DaImportare();
-    ImportaNominativi Opera(Db, u"clienti"_s, Da, AbbinaColonne(Da.Titoli, Db.Campi(u"clienti"_s)),
-                            Doppioni::Salta);
-    if (!Opera.Prepara() || !Opera.Scrivi(u"nomi.csv"_s))
-        throw Errore(errori::Imprevisto);
-}
-
-/// All names or none, and where they are there the way back too.
-QString DifettoImportati(const QString& Cartella)
-{
-    const QString File = Cartella + u"DatiStudio.mdb"_s;
-    const int Quanti = OpenDatabase(File).OpenRecordset(u"clienti"_s).RecordCount();
-    if (Quanti != 1 && Quanti != 1 + Linee)
-        return u"%1 clienti"_s.arg(Quanti);
-    if (UltimaImportazione(File).has_value() != (Quanti > 1))
-        return Quanti > 1 ? u"senza ritorno"_s : u"un'importazione che non c'è stata"_s;
-    if (Quanti == 1)
-        return {};
-    const QString Prova = NuovaCartella();
-    for (const QString& Nome : ContenutoDi(Cartella))
-        QFile::copy(Cartella + Nome, Prova + Nome);
-    AnnullaImportazione(Prova + u"DatiStudio.mdb"_s);
-    return DifettoArchivio(Prova);
-}
-
 const QList<Impresa>& Imprese()
 {
-    static const QList<Impresa> Tutte{
-        {u"nota nuova"_s,
-         [](const QString&) {},
-         [](const QString& In) { ScriviNota(In + u"n.mdb"_s, NotaDetta(u"dopo"_s)); },
-         [](const QString& In) {
-             return NonUna(DettoDa(In + u"n.mdb"_s), {u""_s, u"dopo"_s});
-         },
-         {u"n.mdb"_s}},
-        {u"nota cambiata"_s,
-         [](const QString& In) { ScriviNota(In + u"n.mdb"_s, NotaDetta(u"prima"_s)); },
-         [](const QString& In) { ScriviNota(In + u"n.mdb"_s, NotaDetta(u"dopo"_s)); },
-         [](const QString& In) {
-             return NonUna(DettoDa(In + u"n.mdb"_s), {u"prima"_s, u"dopo"_s});
-         },
-         {u"n.mdb"_s}},
-        {u"modello di ieri"_s,
-         [](const QString& In) {
-             ScriviNota(In + u"n.mdb"_s, NotaDetta(u"prima"_s));
-             EseguiSu(In + u"n.mdb"_s, u"ALTER TABLE ParcellaParam DROP COLUMN SpeseGen"_s);
-             ImpostaSolaLettura(In + u"n.mdb"_s, true);
-         },
-         [](const QString& In) {
-             TogliRestiDiNote(In);  // a completed one is not written again, so that the start has to
-             Parcella Letta;
-             CaricaDati(Letta, In + u"n.mdb"_s);
-         },
-         [](const QString& In) {
-             if (!SolaLettura(In + u"n.mdb"_s))
-                 return u"senza il suo attributo"_s;
-             return NonUna(DettoDa(In + u"n.mdb"_s), {u"prima"_s});
-         },
-         {u"n.mdb"_s}},
-        {u"modello scritto a meta'"_s,
-         [](const QString& In) {
-             ScriviNota(In + u"n.mdb"_s, NotaDetta(u"prima"_s));
-             LasciaAMeta(In + u"n.mdb"_s);
-             ImpostaSolaLettura(In + u"n.mdb"_s, true);
-         },
-         [](const QString& In) {
-             TogliRestiDiNote(In);  // a mended one is not written again
-             Parcella Letta;
-             CaricaDati(Letta, In + u"n.mdb"_s);
-         },
-         [](const QString& In) {
-             if (!SolaLettura(In + u"n.mdb"_s))
-                 return u"senza il suo attributo"_s;
-             return NonUna(DettoDa(In + u"n.mdb"_s), {u"prima"_s});
-         },
-         {u"n.mdb"_s}},
-        {u"archivio"_s,
-         PreparaArchivio,
-         [](const QString& In) {
-             Recordset Righe = OpenDatabase(In + u"DatiStudio.mdb"_s).OpenRecordset(u"clienti"_s);
-             Righe.Edit();
-             Righe.ImpostaValue(u"Nominativo"_s, u"dopo"_s);
-             Righe.ImpostaValue(u"Indirizzo"_s, u"dopo"_s);
-             Righe.Update();
-         },
-         DifettoArchivio,
-         {u"DatiStudio.mdb"_s}},
-        {u"importazione"_s,
-         PreparaArchivio,
-         ImportaNomi,
-         DifettoImportati,
-         {u"DatiStudio.mdb"_s, u"DatiStudio.mdb.prima"_s, u"DatiStudio.mdb.prima.json"_s}},
-        {u"impostazioni"_s,
-         [](const QString& In) {
-             ConImpostazioniIn(In);
-             SalvaImpostazioni(u"prima"_s);
-         },
-         [](const QString&) { SalvaImpostazioni(u"dopo"_s); },
-         [](const QString& In) {
-             ConImpostazioniIn(In);
-             return NonUna(ImpostazioniTrovate(), {u"prima/prima/prima"_s, u"dopo/dopo/dopod"_s});
-         },
-         {u"Calcanova"_s, u"Calcanova/Uccise.ini"_s}},
-        {u"kr5.ini"_s,
-         [](const QString& In) {
-             (void)WritePrivateProfileString(u"desktop"_s, u"L1"_s, u"prima"_s, In + u"kr5.ini"_s);
-         },
-         [](const QString& In) {
-             (void)WritePrivateProfileString(u"desktop"_s, u"L1"_s, u"dopo"_s, In + u"kr5.ini"_s);
-         },
-         [](const QString& In) {
-             return NonUna(GetPrivateProfileString(u"desktop"_s, u"L1"_s, {}, 100, In + u"kr5.ini"_s),
-                           {u"prima"_s, u"dopo"_s});
-         },
-         {u"kr5.ini"_s}},
-        {u"copia di recupero"_s,
-         [](const QString& In) {
-             sessione::UserFolder = In;
-             AggiornaCopia(NotaDetta(u"prima"_s), 1);
-         },
-         [](const QString& In) {
-             sessione::UserFolder = In;
-             AggiornaCopia(NotaDetta(u"prima"_s), 2);
-             AggiornaCopia(NotaDetta(u"dopo"_s), 2);
-         },
-         DifettoCopia,
-         {}},
-        {u"calcanova-cli crea"_s,
-         [](const QString& In) {
-             ScriviNota(In + u"n.mdb"_s, NotaDetta(u"prima"_s));
-             ScriviFile(In + u"d.json"_s, Descrizione(u"dopo"_s));
-         },
-         {},
-         [](const QString& In) {
-             return NonUna(DettoPrecaricata(In + u"n.mdb"_s), {u"prima"_s, u"dopo"_s});
-         },
-         {u"d.json"_s, u"n.mdb"_s},
-         {u"crea"_s, u"%1d.json"_s, u"%1n.mdb"_s}},
-        {u"calcanova-cli stampa"_s,
-         [](const QString& In) {
-             ScriviNota(In + u"n.mdb"_s, NotaDetta(u"prima"_s));
-             ScriviFile(In + u"n.doc"_s, "prima");
-         },
-         {},
-         [](const QString& In) {
-             const QByteArray Trovato = LeggiFile(In + u"n.doc"_s);
-             const bool Intero = Trovato.startsWith("{\\rtf") && Trovato.trimmed().endsWith('}');
-             return Trovato == "prima" || Intero ? QString() : u"documento a meta'"_s;
-         },
-         {u"n.doc"_s, u"n.mdb"_s},
-         {u"stampa"_s, u"%1n.mdb"_s, u"0"_s, u"%1n.doc"_s}},
-    };
+    static const QList<Impresa> Tutte =
+        ImpreseNote() + ImpreseArchivi() + ImpreseUscite() + ImpreseProgramma();
     return Tutte;
 }
 
@@ -361,6 +52,7 @@ private Q_SLOTS:
     void dietroOgniChiamata();
     void inUnMomentoQualunque_data();
     void inUnMomentoQualunque();
+    void cleanup() { CasaDiPrima(); }
 
 private:
     void Prepara(const Impresa& Una, const QString& Cartella) const;
@@ -382,7 +74,7 @@ void TestUccisioniFile::laVittima()
     const Studio Ufficio;
     Registratore Messaggi;
     Messaggi.Tollera();
-    ConImpostazioniIn(Cartella);
+    ConCasaIn(Cartella);
     Imprese()[Quale].Fa(Cartella);
 }
 
@@ -391,6 +83,7 @@ void TestUccisioniFile::Prepara(const Impresa& Una, const QString& Cartella) con
     const Studio Ufficio;
     Registratore Messaggi;
     Messaggi.Tollera();
+    ConCasaIn(Cartella);
     Una.Prepara(Cartella);
     LasciaRecupero();
 }
@@ -401,6 +94,8 @@ void TestUccisioniFile::Avvia(Vittima& Chi, const Impresa& Una, const QString& C
     Chi.Con(QString::fromLatin1(VariabileParte), QString::number(Quale + 1));
     Chi.Con(QString::fromLatin1(VariabileCartella), Cartella);
     Chi.Con(u"TMPDIR"_s, CartellaDiProva());
+    Chi.Con(u"XDG_CONFIG_HOME"_s, Cartella.chopped(1));
+    Chi.Con(u"XDG_DATA_HOME"_s, Cartella + u"dati"_s);
     if (!Una.Riga.isEmpty()) {
         QStringList Argomenti = Una.Riga;
         for (QString& Argomento : Argomenti)
@@ -415,6 +110,8 @@ void TestUccisioniFile::VivaPulisce(const Impresa& Una, const QString& Cartella)
 {
     // A signature that was never written leaves an empty lock, which counts for a second.
     QElapsedTimer Orologio;
+    if (Una.Poi)
+        Una.Poi(Cartella);
     Orologio.start();
     Vittima Viva;
     Avvia(Viva, Una, Cartella);
@@ -425,9 +122,15 @@ void TestUccisioniFile::VivaPulisce(const Impresa& Una, const QString& Cartella)
     Registratore Messaggi;
     Messaggi.Tollera();
     QCOMPARE(Una.Difetto(Cartella), QString());
-    if (!Una.Rimane.isEmpty())
-        QCOMPARE(ContenutoIntero(Cartella), Una.Rimane);
-    else {
+    if (Una.Infine)
+        QCOMPARE(Una.Infine(Cartella), QString());
+    if (Una.Infine || !Una.Rimane.isEmpty()) {
+        QStringList Rimasti = ContenutoIntero(Cartella);
+        QStringList Attesi = Una.Rimane;
+        Rimasti.sort();
+        Attesi.sort();
+        QCOMPARE(Rimasti.join(u'\n'), Attesi.join(u'\n'));
+    } else {
         // Recovery copies: none once they are dealt with. An empty lock may be somebody's who is about to
         // sign it, for a second, and the copies behind it are not offered so long.
         const auto Rimasto = [&] {
@@ -443,7 +146,8 @@ void TestUccisioniFile::dietroOgniChiamata_data()
 {
     QTest::addColumn<int>("Quale");
     for (int i = 0; i < Imprese().size(); ++i)
-        QTest::newRow(qPrintable(Imprese()[i].Nome)) << i;
+        if (UccisioniChieste() > 0 || !Imprese()[i].SoloChieste)
+            QTest::newRow(qPrintable(Imprese()[i].Nome)) << i;
 }
 
 void TestUccisioniFile::dietroOgniChiamata()
@@ -460,7 +164,7 @@ void TestUccisioniFile::dietroOgniChiamata()
         QVERIFY(Intera.AspettaLaFine());
         QVERIFY2(Intera.Riuscita(), Intera.Detto().constData());
         Tutte = LeggiFile(Conto).toInt();
-        QVERIFY2(Tutte > 3, "calls that nobody counts");
+        QVERIFY2(Tutte > 0, "calls that nobody counts");
     }
     // Each of them where kills are asked for, otherwise a few spread over all.
     constexpr int Poche = 2;
@@ -515,11 +219,19 @@ void TestUccisioniFile::inUnMomentoQualunque()
     const QString Cartella = NuovaCartella();
     Prepara(Una, Cartella);
     int Uccise = 0;
+    bool Cominciata = false;
     {
         const Studio Ufficio;
         Registratore Messaggi;
         Messaggi.Tollera();
         const auto Mano = [&]() -> std::unique_ptr<Uccidibile> {
+            if (Una.DaCapo && std::exchange(Cominciata, true)) {
+                QDir(Cartella).removeRecursively();
+                QDir().mkpath(Cartella);
+                Una.Prepara(Cartella);
+            } else if (Una.Poi) {
+                Una.Poi(Cartella);
+            }
             if (!Programma)
                 return std::make_unique<Figlio>([&] { Una.Fa(Cartella); });
             auto Chi = std::make_unique<Vittima>();
@@ -527,9 +239,10 @@ void TestUccisioniFile::inUnMomentoQualunque()
             return Chi;
         };
         // How long one takes on this machine, so that the moments fall into its work.
+        const auto Prima = Mano();
         QElapsedTimer Orologio;
         Orologio.start();
-        QVERIFY(Mano()->AspettaLaFine());
+        QVERIFY(Prima->AspettaLaFine());
         qint64 Durata = Orologio.nsecsElapsed() / 1000 + 1;
         for (int Volta = 0; Uccise < Volte && Volta < 4 * Volte + 20; ++Volta) {
             const auto Chi = Mano();
