@@ -65,7 +65,8 @@ int main(int argc, char** argv)
         Argomenti.removeAt(Dove);
     }
     const QList<Scenario> Tutti = ScenariNote() + ScenariDocumenti() + ScenariImpostazioni() +
-                                  ScenariArchivi() + ScenariAggiornamenti() + ScenariImporta();
+                                  ScenariArchivi() + ScenariAggiornamenti() + ScenariImporta() +
+                                  ScenariNellaNota() + ScenariUscite();
     for (const QString& Nome : std::as_const(Argomenti)) {
         const bool Noto = std::ranges::any_of(Tutti, [&](const Scenario& Uno) { return Uno.Nome == Nome; });
         if (!Noto) {
