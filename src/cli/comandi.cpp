@@ -1,6 +1,7 @@
 #include "cli/comandi.h"
 
 #include "cli/letture.h"
+#include "cli/righecomandi.h"
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
 #include "core/rapportiunici.h"
@@ -221,32 +222,6 @@ private:
 
 // ---- rows of the table ------------------------------------------------------------------------------
 
-template <Risposta (*Comando)(const QStringList&)>
-Risposta DaSolo(const QStringList& Valori, const RigaComando&)
-{
-    return Comando(Valori);
-}
-
-NotaMultipla MultiplaDi(const RigaComando& Chiamata)
-{
-    return {Chiamata.Di(Opzione::Multipla), Chiamata.Ha(Opzione::Prima)};
-}
-
-template <Risposta (*Comando)(const QStringList&, const NotaMultipla&)>
-Risposta ConMultipla(const QStringList& Valori, const RigaComando& Chiamata)
-{
-    return Comando(Valori, MultiplaDi(Chiamata));
-}
-
-template <Risposta (*Comando)(const QStringList&, const NormeChieste&)>
-Risposta PerNorme(const QStringList& Valori, const RigaComando& Chiamata)
-{
-    return Comando(
-        Valori, {Chiamata.Di(Opzione::Norme) == u"vigenti" ? InsiemeNorme::Vigenti : InsiemeNorme::Programma,
-                 Chiamata.Ha(Opzione::Spiega), Chiamata.Di(Opzione::Ics),
-                 !Chiamata.Ha(Opzione::Json) && !Chiamata.Ha(Opzione::Spiega)});
-}
-
 Risposta Fattura(const QStringList& Valori, const RigaComando& Chiamata)
 {
     return Chiamata.Ha(Opzione::Controlla) ? ComandoControllaFattura(Valori)
@@ -278,17 +253,6 @@ Risposta Voci(const QStringList& Valori, const RigaComando& Chiamata)
 {
     const Decreto* Legge = DecretoDi(Chiamata.Di(Opzione::Tariffa));
     return ComandoVoci(Valori, Legge ? *Legge : *Decreti.front());
-}
-
-Risposta CodFis(const QStringList& Valori, const RigaComando& Chiamata)
-{
-    return Chiamata.Ha(Opzione::Leggi) ? ComandoLeggiCodFis(Valori) : ComandoCodFis(Valori);
-}
-
-void SoloNormeVigenti(const RigaComando& Chiamata)
-{
-    if (Chiamata.Di(Opzione::Norme) == u"programma")
-        throw ErroreUso{u"Il comando %1 segue soltanto le norme vigenti"_s.arg(Chiamata.Comando)};
 }
 
 /// A copy has nothing to do with the office's archive.
@@ -354,9 +318,8 @@ int EseguiTutti(const ComandoCli& Comando, const RigaComando& Chiamata,
     return 0;
 }
 
-}  // namespace
-
-std::span<const ComandoCli> ComandiCli()
+/// Those that are no calculators.
+std::span<const ComandoCli> ComandiDiBase()
 {
     using enum Opzione;
     static const std::array Tabella{
@@ -409,42 +372,22 @@ std::span<const ComandoCli> ComandiCli()
                    .Opzioni = {Archivio, In, Prova},
                    .Rifiuta = ArchivioSoloConIn},
         ComandoCli{u"voci", u"CATEGORIA AUTORITA VALORE", 3, 3, Voci, {Tariffa}},
-        ComandoCli{u"termini",
-                   u"DECORRENZA NUMERO TIPO [SOSPENSIONE [LIBERO [SABATO [VERSO [MATERIA]]]]]",
-                   3,
-                   8,
-                   PerNorme<ComandoTermini>,
-                   {Norme, Spiega, Ics}},
-        ComandoCli{u"sequenziali",
-                   u"UDIENZA ARTICOLO [SOSPENSIONE [SABATO]]",
-                   2,
-                   4,
-                   PerNorme<ComandoSequenziali>,
-                   {Norme, Spiega, Ics}},
-        ComandoCli{u"ricorrenti", u"[TESTO]", 0, 1, DaSolo<ComandoRicorrenti>},
-        ComandoCli{.Nome = u"scadenza",
-                   .Valori = u"CODICE EVENTO [MATERIA [INIZIO]]",
-                   .Minimo = 2,
-                   .Massimo = 4,
-                   .Esegui = PerNorme<ComandoScadenza>,
-                   .Opzioni = {Norme, Spiega, Ics},
-                   .Rifiuta = SoloNormeVigenti},
-        ComandoCli{u"codfis", u"COGNOME NOME NASCITA SESSO COMUNE | --leggi CODICE", 5, 5, CodFis, {Leggi}},
-        ComandoCli{u"contributo",
-                   u"VALORE [TABELLA [DEPOSITO [GRADO [VARIANTI [RICORRENTI]]]]]",
-                   1,
-                   6,
-                   PerNorme<ComandoContributo>,
-                   {Norme, Spiega}},
-        ComandoCli{u"interessi",
-                   u"TIPO CAPITALE VALUTA AUMENTO DAL AL [DOPO2012]",
-                   6,
-                   7,
-                   PerNorme<ComandoInteressi>,
-                   {Righe, Norme}},
-        ComandoCli{u"istat", u"IMPORTO VALUTA DAL AL", 4, 4, DaSolo<ComandoIstat>},
     };
     return Tabella;
+}
+
+}  // namespace
+
+std::span<const ComandoCli> ComandiCli()
+{
+    static const QList<ComandoCli> Tutti = [] {
+        QList<ComandoCli> Uniti;
+        for (const std::span<const ComandoCli> Parte : {ComandiDiBase(), ComandiTermini(), ComandiCalcoli()})
+            for (const ComandoCli& Uno : Parte)
+                Uniti.append(Uno);
+        return Uniti;
+    }();
+    return Tutti;
 }
 
 Risposta RispostaRiepilogo(const Catena& Conti)

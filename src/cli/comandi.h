@@ -54,8 +54,12 @@ struct ComandoCli
     void (*Rifiuta)(const RigaComando& Chiamata) = {};  ///< what no other command refuses. @throws ErroreUso
 };
 
-/// The table of commands, in the order of the help.
+/// The table of commands, in the order of the help: those beside the calculators, then these two parts.
 [[nodiscard]] std::span<const ComandoCli> ComandiCli();
+/// Terms and their catalogue.
+[[nodiscard]] std::span<const ComandoCli> ComandiTermini();
+/// The other calculators. A new one is a function beside its row.
+[[nodiscard]] std::span<const ComandoCli> ComandiCalcoli();
 
 /// A saved note, with another one joined to it as the window's panel does.
 [[nodiscard]] Parcella LeggiNota(const QString& Percorso, const NotaMultipla& Altra = {});
@@ -95,19 +99,8 @@ struct ComandoCli
 /// A file of Access as a native one.
 [[nodiscard]] Risposta ComandoImporta(const QStringList& Valori);
 
-/// The calculators.
-[[nodiscard]] Risposta ComandoTermini(const QStringList& Valori, const NormeChieste& Scelta = {});
-[[nodiscard]] Risposta ComandoSequenziali(const QStringList& Valori, const NormeChieste& Scelta = {});
-[[nodiscard]] Risposta ComandoCodFis(const QStringList& Valori);
-[[nodiscard]] Risposta ComandoLeggiCodFis(const QStringList& Valori);
+/// The filing fee, which stands with the law in force.
 [[nodiscard]] Risposta ComandoContributo(const QStringList& Valori, const NormeChieste& Scelta = {});
-[[nodiscard]] Risposta ComandoInteressi(const QStringList& Valori, const NormeChieste& Scelta = {});
-[[nodiscard]] Risposta ComandoIstat(const QStringList& Valori);
-
-/// The catalogue of recurring terms and of their chains: all rows, or those with the words of a text.
-[[nodiscard]] Risposta ComandoRicorrenti(const QStringList& Valori);
-/// A term of the catalogue or a chain of them, from the day of its event; always by the law in force.
-[[nodiscard]] Risposta ComandoScadenza(const QStringList& Valori, const NormeChieste& Scelta);
 
 /// The rows of a summary as text and record.
 [[nodiscard]] Risposta RispostaRiepilogo(const Catena& Conti);

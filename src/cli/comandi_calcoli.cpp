@@ -2,6 +2,7 @@
 // comandi_norme.cpp.
 #include "cli/comandi.h"
 #include "cli/letture.h"
+#include "cli/righecomandi.h"
 
 #include "calculators/modCodFis.h"
 #include "calculators/modComuni.h"
@@ -144,8 +145,6 @@ QString LeggiComune(const QString& Valore)
     return Trovato->Codice;
 }
 
-}  // namespace
-
 Risposta ComandoCodFis(const QStringList& Valori)
 {
     const auto Nascita = LeggiData(Valori[2]);
@@ -183,6 +182,11 @@ Risposta ComandoLeggiCodFis(const QStringList& Valori)
          {u"omocodo"_s, Lettura.Omocodo},
          {u"base"_s, Lettura.Base}},
         !Lettura.Torna};
+}
+
+Risposta CodFis(const QStringList& Valori, const RigaComando& Chiamata)
+{
+    return Chiamata.Ha(Opzione::Leggi) ? ComandoLeggiCodFis(Valori) : ComandoCodFis(Valori);
 }
 
 Risposta ComandoInteressi(const QStringList& Valori, const NormeChieste& Scelta)
@@ -227,4 +231,28 @@ Risposta ComandoIstat(const QStringList& Valori)
              {u"indiceFinale"_s, Etichette.lblIndFin.section(u'\n', 0, 0)},
              {u"raccordo"_s, Etichette.lblCoeffRacc}},
             false};
+}
+
+}  // namespace
+
+std::span<const ComandoCli> ComandiCalcoli()
+{
+    using enum Opzione;
+    static const std::array Tabella{
+        ComandoCli{u"codfis", u"COGNOME NOME NASCITA SESSO COMUNE | --leggi CODICE", 5, 5, CodFis, {Leggi}},
+        ComandoCli{u"contributo",
+                   u"VALORE [TABELLA [DEPOSITO [GRADO [VARIANTI [RICORRENTI]]]]]",
+                   1,
+                   6,
+                   PerNorme<ComandoContributo>,
+                   {Norme, Spiega}},
+        ComandoCli{u"interessi",
+                   u"TIPO CAPITALE VALUTA AUMENTO DAL AL [DOPO2012]",
+                   6,
+                   7,
+                   PerNorme<ComandoInteressi>,
+                   {Righe, Norme}},
+        ComandoCli{u"istat", u"IMPORTO VALUTA DAL AL", 4, 4, DaSolo<ComandoIstat>},
+    };
+    return Tabella;
 }

@@ -1,6 +1,7 @@
 // The commands of calcanova-cli that follow norms: those that the program was built on, or the law in force.
 #include "cli/comandi.h"
 #include "cli/letture.h"
+#include "cli/righecomandi.h"
 
 #include "calculators/modContributo.h"
 #include "calculators/modTerminiSeq.h"
@@ -302,7 +303,7 @@ Risposta ContributoDiLegge(const QStringList& Valori, const NormeChieste& Scelta
     return {(Righe + Esito.Note).join(u'\n'), Record, false};
 }
 
-}  // namespace
+// ---- commands ---------------------------------------------------------------------------------------
 
 Risposta ComandoTermini(const QStringList& Valori, const NormeChieste& Scelta)
 {
@@ -347,6 +348,7 @@ Risposta ComandoSequenziali(const QStringList& Valori, const NormeChieste& Scelt
                         Scelta);
 }
 
+/// The catalogue of recurring terms and of their chains: all rows, or those with the words of a text.
 Risposta ComandoRicorrenti(const QStringList& Valori)
 {
     const auto Insieme = NormeVigenti();
@@ -385,6 +387,7 @@ Risposta ComandoRicorrenti(const QStringList& Valori)
     return {Righe.join(u'\n'), {{u"termini"_s, Termini}, {u"catene"_s, Catene}}, false};
 }
 
+/// A term of the catalogue or a chain of them, from the day of its event; always by the law in force.
 Risposta ComandoScadenza(const QStringList& Valori, const NormeChieste& Scelta)
 {
     const auto Insieme = NormeVigenti();
@@ -406,6 +409,14 @@ Risposta ComandoScadenza(const QStringList& Valori, const NormeChieste& Scelta)
     return RispostaDate({{Termine->Codice, Trovato}}, u"Spostata"_s, DiLegge);
 }
 
+void SoloNormeVigenti(const RigaComando& Chiamata)
+{
+    if (Chiamata.Di(Opzione::Norme) == u"programma")
+        throw ErroreUso{u"Il comando %1 segue soltanto le norme vigenti"_s.arg(Chiamata.Comando)};
+}
+
+}  // namespace
+
 Risposta ComandoContributo(const QStringList& Valori, const NormeChieste& Scelta)
 {
     if (Scelta.Insieme == InsiemeNorme::Vigenti)
@@ -420,4 +431,32 @@ Risposta ComandoContributo(const QStringList& Valori, const NormeChieste& Scelta
                                     {u"ordinario"_s, u"ridotto"_s, u"tributario"_s});
     const double Dovuto = Contributo(Valore, Tabelle[size_t(Tabella)]);
     return {Format(Dovuto, ModelloImporto), {{u"contributo"_s, Dovuto}}, false};
+}
+
+std::span<const ComandoCli> ComandiTermini()
+{
+    using enum Opzione;
+    static const std::array Tabella{
+        ComandoCli{u"termini",
+                   u"DECORRENZA NUMERO TIPO [SOSPENSIONE [LIBERO [SABATO [VERSO [MATERIA]]]]]",
+                   3,
+                   8,
+                   PerNorme<ComandoTermini>,
+                   {Norme, Spiega, Ics}},
+        ComandoCli{u"sequenziali",
+                   u"UDIENZA ARTICOLO [SOSPENSIONE [SABATO]]",
+                   2,
+                   4,
+                   PerNorme<ComandoSequenziali>,
+                   {Norme, Spiega, Ics}},
+        ComandoCli{u"ricorrenti", u"[TESTO]", 0, 1, DaSolo<ComandoRicorrenti>},
+        ComandoCli{.Nome = u"scadenza",
+                   .Valori = u"CODICE EVENTO [MATERIA [INIZIO]]",
+                   .Minimo = 2,
+                   .Massimo = 4,
+                   .Esegui = PerNorme<ComandoScadenza>,
+                   .Opzioni = {Norme, Spiega, Ics},
+                   .Rifiuta = SoloNormeVigenti},
+    };
+    return Tabella;
 }
