@@ -111,8 +111,12 @@ void RaccoltaRilievi::Righe(const TabellaRighe& Tabella, GenereRilievo Genere, L
 
 void RaccoltaRilievi::Parti()
 {
-    const bool Scritto = !Nota.txtCliente.Testo.trimmed().isEmpty();
-    const bool Stampato = !Documento.Parti || !Nota.txtDatiStaCli.Testo.trimmed().isEmpty();
+    const bool Blocco = !Nota.txtDatiStaCli.Testo.trimmed().isEmpty();
+    // The name of a linked client comes with his archive; the page may bear him in the user's own words
+    // before.
+    const bool Scritto =
+        !Nota.txtCliente.Testo.trimmed().isEmpty() || (Nota.IDCli > 0 && Documento.Parti && Blocco);
+    const bool Stampato = !Documento.Parti || Blocco;
     if (!Scritto || !Stampato) {
         const LuogoRilievo Luogo = Scritto ? LuogoRilievo::BloccoCliente : LuogoRilievo::Cliente;
         if (Documento.EFattura)

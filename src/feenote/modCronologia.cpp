@@ -66,7 +66,9 @@ bool ComeInFile(const Parcella& Nota, const std::optional<Parcella>& InFile)
     if (!Nota.Percorso.isEmpty())
         Copia.Percorso = Nota.Percorso;
     RiportaSocio(Copia, Nota);
-    Copia.ArchivioNonLetto = Nota.ArchivioNonLetto;  // told otherwise it is still the same note
+    // Told otherwise it is still the same note.
+    Copia.ArchivioNonLetto = Nota.ArchivioNonLetto;
+    Copia.NomiAttesi = Nota.NomiAttesi;
     return Copia == Nota;
 }
 
@@ -266,7 +268,7 @@ void Cronologia::SegueDocumento(const Parcella& Nota)
 {
     if (!InFile || Nota.Modificata)
         return;
-    const bool Riletta = InFile->ArchivioNonLetto && !Nota.ArchivioNonLetto;
+    const bool Riletta = AspettaArchivio(*InFile) && !AspettaArchivio(Nota);
     if (Riletta || AltroDocumento(*InFile, Nota))
         InFile = Nota;
 }
@@ -327,10 +329,10 @@ bool Cronologia::Passa(Parcella& Nota, QList<Passo>& Da, QList<Passo>& A)
     Passo Preso = Da.takeLast();
     A.append({Preso.Nome, Nota, Preso.Rimessa});
     Riporta(Preso.Nota, Nota);
-    const bool SiLegge = !Nota.ArchivioNonLetto;
+    const bool SiLegge = !AspettaArchivio(Nota);
     Nota = std::move(Preso.Nota);
     // No step leads back to a client without his address, once the archive has given it.
-    if (SiLegge && Nota.ArchivioNonLetto && RiprovaTenuta(Nota) && InFile)
+    if (SiLegge && AspettaArchivio(Nota) && RiprovaTenuta(Nota) && InFile)
         (void)RiprovaTenuta(*InFile);
     ::SetModificata(Nota, !ComeInFile(Nota, InFile));
     Allinea(Nota);

@@ -134,12 +134,21 @@ bool SenzaNome(const Parcella& Nota, ParteNota Parte)
     return LegameParte(Nota, Parte) > 0 && ParteScritta(Nota, Parte).Testo.isEmpty();
 }
 
+/// The archive has not named a party that the note is linked to.
+bool MancaUnNome(const Parcella& Nota)
+{
+    return std::ranges::any_of(std::array{ParteNota::Cliente, ParteNota::Controparte}, [&](ParteNota Parte) {
+        return LegameParte(Nota, Parte) > 0 && NomeLegato(Nota, Parte).isEmpty();
+    });
+}
+
 /// What prints comes from the archive: a name, the wording of the client, or who he is to an agreement. A
 /// client whom the user has worded needs no name.
 bool ServeArchivio(const Parcella& Nota)
 {
     const FormaBlocco Forma = FormaDelBlocco(Nota);
-    const bool Scritto = BloccoScritto(Nota, Forma).has_value();
+    const bool Digitato = Nota.ArchivioNonLetto && !Nota.ArchivioNonLetto->DaComporre;
+    const bool Scritto = Digitato || BloccoScritto(Nota, Forma).has_value();
     if ((SenzaNome(Nota, ParteNota::Cliente) && !Scritto) || SenzaNome(Nota, ParteNota::Controparte))
         return true;
     if (Nota.IDCli <= 0 || Forma == FormaBlocco::Nessuna)
@@ -148,20 +157,12 @@ bool ServeArchivio(const Parcella& Nota)
     return (Incarico && Nota.ContrTipoDi != Nota.IDCli) || !Scritto;
 }
 
-/// What the user has written himself waits for no archive.
-void NonAspetta(Parcella& Nota)
-{
-    if (Nota.ArchivioNonLetto && !ServeArchivio(Nota))
-        Nota.ArchivioNonLetto.reset();
-}
-
 /// The archive was read in vain: what the parties were called then is what the user may have changed since.
-void TieniGuasto(Parcella& Nota, const Errore& Guasto)
+void TieniGuasto(Parcella& Nota, const Errore& Guasto, bool DaComporre)
 {
-    const bool Prima = Nota.ArchivioNonLetto.has_value();
-    Nota.ArchivioNonLetto = {Guasto.Numero, Guasto.Descrizione,
-                             Prima ? Nota.ArchivioNonLetto->Cliente : Nota.txtCliente.Testo,
-                             Prima ? Nota.ArchivioNonLetto->Controparte : Nota.txtControp.Testo};
+    Nota.ArchivioNonLetto = {Guasto.Numero, Guasto.Descrizione, DaComporre};
+    if (!Nota.NomiAttesi && MancaUnNome(Nota))
+        Nota.NomiAttesi = {Nota.txtCliente.Testo, Nota.txtControp.Testo};
 }
 
 /// The name comes later than it would have at the opening, and marks nothing. What the user has written
@@ -178,33 +179,46 @@ void RiceviNome(Parcella& Nota, ParteNota Parte, const QString& Nome, const QStr
     Scritta = Nome;
 }
 
+/// A note that is new prints the counterparty as its row is headed, one with a file as the row has it for
+/// notes. One that was saved before it had the name has none of its own either.
+/// @throws ArchivioIlleggibile
+std::optional<QString> RileggiControparte(const Parcella& Nota, int Chiave)
+{
+    const bool Nuova = Nota.Percorso.isEmpty();
+    const auto Nome = CercaControparte(Chiave, Nuova ? u"Nominativo"_s : u"Controp"_s);
+    return Nome && Nome->isEmpty() && Nota.txtControp.Testo.isEmpty()
+               ? CercaControparte(Chiave, u"Nominativo"_s)
+               : Nome;
+}
+
 /// The names that could not be read when the note was opened or made.
-/// @param Dillo of a party that the archive lacks the user is told
+/// @param Dillo of a party that the archive lacks the user is told, as the opening would have told him: of a
+/// counterparty where the note has a file
 /// @return false where it lacks the client
 /// @throws ArchivioIlleggibile
 bool RileggiNomi(Parcella& Nota, bool Dillo)
 {
-    const bool Nuova = Nota.Percorso.isEmpty();
     const int Cliente = LegameParte(Nota, ParteNota::Cliente);
     const int Controparte = LegameParte(Nota, ParteNota::Controparte);
     const auto NomeCliente = Cliente > 0 ? CercaCliente(Cliente) : std::nullopt;
-    const auto NomeControparte = Controparte > 0
-                                     ? CercaControparte(Controparte, Nuova ? u"Nominativo"_s : u"Controp"_s)
-                                     : std::nullopt;
-    const GuastoTenuto Prima = Nota.ArchivioNonLetto.value_or(GuastoTenuto());
+    const auto NomeControparte = Controparte > 0 ? RileggiControparte(Nota, Controparte) : std::nullopt;
+    const NomiTenuti Prima =
+        Nota.NomiAttesi.value_or(NomiTenuti{Nota.txtCliente.Testo, Nota.txtControp.Testo});
     if (NomeCliente && Nota.NomeCli.isEmpty())
         RiceviNome(Nota, ParteNota::Cliente, *NomeCliente, Prima.Cliente);
     if (NomeControparte && Nota.NomeCon.isEmpty())
         RiceviNome(Nota, ParteNota::Controparte, *NomeControparte, Prima.Controparte);
     if (Dillo && Cliente > 0 && !NomeCliente)
         MsgErrore(u"Il cliente associato alla parcella non è stato trovato!"_s);
+    if (Dillo && Controparte > 0 && !NomeControparte && !Nota.Percorso.isEmpty())
+        MsgErrore(u"La controparte associata alla parcella non è stata trovata!"_s);
     return Cliente <= 0 || NomeCliente;
 }
 
+/// Words the client as the document in view wants him, or as the user has written him for it.
 /// @throws ArchivioIlleggibile
-void Componi(Parcella& Nota)
+void ComponiBlocco(Parcella& Nota)
 {
-    ProponiContrTipo(Nota);
     const FormaBlocco Forma = FormaDelBlocco(Nota);
     if (Forma == FormaBlocco::Nessuna)
         return;
@@ -214,23 +228,40 @@ void Componi(Parcella& Nota)
         GetDatiStaCli(Nota, Forma);
 }
 
-/// @param Dillo of a client that the archive lacks the user is told, who was told of the archive before
-/// @return false where the archive cannot be read
-bool ComponiSeSiLegge(Parcella& Nota, bool Dillo = true)
+/// @param DaComporre the client's block too
+/// @param Dillo of a party that the archive lacks the user is told, who was told of the archive before
+/// @return false where a document waits for the archive, which cannot be read
+bool ComponiSeSiLegge(Parcella& Nota, bool DaComporre, bool Dillo = true)
 {
     try {
-        const bool Aspettava = Nota.ArchivioNonLetto.has_value();
+        const bool Aspettava = AspettaArchivio(Nota);
         // A client whom the user has worded for one document has no name for the next.
         const bool Rileggi = Aspettava || (SenzaNome(Nota, ParteNota::Cliente) && ServeArchivio(Nota));
         const bool Trovato = !Rileggi || RileggiNomi(Nota, Dillo && Aspettava);
-        if (Trovato || BloccoScritto(Nota, FormaDelBlocco(Nota)))
-            Componi(Nota);
+        if (Trovato || BloccoScritto(Nota, FormaDelBlocco(Nota))) {
+            ProponiContrTipo(Nota);
+            if (DaComporre)
+                ComponiBlocco(Nota);
+        }
         Nota.ArchivioNonLetto.reset();
+        Nota.NomiAttesi.reset();
         return true;
     } catch (const ArchivioIlleggibile& Guasto) {
-        TieniGuasto(Nota, Guasto);
-        return false;
+        TieniGuasto(Nota, Guasto, DaComporre);
+        NonAspetta(Nota);
+        if (Nota.ArchivioNonLetto)
+            return false;
+        if (DaComporre)
+            ComponiBlocco(Nota);  // in the user's own words
+        return true;
     }
+}
+
+/// As far as it is due.
+bool Riprova(Parcella& Nota, bool Dillo)
+{
+    return !AspettaArchivio(Nota) ||
+           ComponiSeSiLegge(Nota, Nota.ArchivioNonLetto && Nota.ArchivioNonLetto->DaComporre, Dillo);
 }
 
 }  // namespace
@@ -264,8 +295,11 @@ void CambiaParte(Parcella& Nota, ParteNota Parte, const QString& Testo)
 {
     (Nota.*Voce(Parte).Scritta).Testo = Testo;
     ScriviStampata(Nota, Parte, Testo);
-    if (Parte == ParteNota::Cliente)
+    if (Parte == ParteNota::Cliente) {
         Nota.BlocchiScritti.clear();
+        if (Nota.ArchivioNonLetto)
+            Nota.ArchivioNonLetto->DaComporre = false;
+    }
     SetModificata(Nota, true);
     if (Testo.isEmpty() && Voce(Parte).Legame && Nota.*Voce(Parte).Legame > 0)
         Dissocia(Nota, Parte);
@@ -312,24 +346,39 @@ FormaBlocco FormaDelBlocco(const Parcella& Nota)
 
 void RicomponiBlocco(Parcella& Nota)
 {
-    if (!ComponiSeSiLegge(Nota))
+    if (!ComponiSeSiLegge(Nota, true))
         GestioneErrori(Errore(Nota.ArchivioNonLetto->Numero, Nota.ArchivioNonLetto->Descrizione));
 }
 
 void SegnaNonLetto(Parcella& Nota, const Errore& Guasto)
 {
-    TieniGuasto(Nota, Guasto);
+    TieniGuasto(Nota, Guasto, true);
     NonAspetta(Nota);
+    if (!Nota.ArchivioNonLetto)
+        ComponiBlocco(Nota);
+}
+
+bool AspettaArchivio(const Parcella& Nota)
+{
+    return Nota.ArchivioNonLetto || Nota.NomiAttesi;
+}
+
+void NonAspetta(Parcella& Nota)
+{
+    if (Nota.ArchivioNonLetto && !ServeArchivio(Nota))
+        Nota.ArchivioNonLetto.reset();
+    if (Nota.NomiAttesi && !MancaUnNome(Nota))
+        Nota.NomiAttesi.reset();
 }
 
 bool RiprovaArchivio(Parcella& Nota)
 {
-    return !Nota.ArchivioNonLetto || ComponiSeSiLegge(Nota);
+    return Riprova(Nota, true);
 }
 
 bool RiprovaTenuta(Parcella& Tenuta)
 {
-    return !Tenuta.ArchivioNonLetto || ComponiSeSiLegge(Tenuta, false);
+    return Riprova(Tenuta, false);
 }
 
 void RiceviDaRubrica(Parcella& Nota, const QString& Parola, int Chiave, const QString& Nome)

@@ -41,14 +41,20 @@ void LasciaParteStampata(Parcella& Nota, ParteNota Parte);
 /// a document without the client's address and codes is none.
 void RicomponiBlocco(Parcella& Nota);
 /// The archive of clients could not be read for one of the note's links. Nothing is left to wait for where
-/// what prints does not come from there.
+/// what prints does not come from there; the client stands then as the user has written him.
 void SegnaNonLetto(Parcella& Nota, const Errore& Guasto);
+/// The archive has still to give something: the names, or what a document waits for.
+[[nodiscard]] bool AspettaArchivio(const Parcella& Nota);
+/// Waits no more for what the note does without: what the user has written himself comes from no archive, and
+/// a party that is not linked has no name there.
+void NonAspetta(Parcella& Nota);
 /// Reads once more what the archive has not given, the names as at the opening and the client's wording, and
 /// tells nobody where it still does not; nothing while it has given all. What the user has written meanwhile
-/// stays, and the note is not marked as changed.
-/// @return false while something is missing
+/// stays, and the note is not marked as changed. The user is told of a party that the archive turns out to
+/// lack.
+/// @return false while a document has to wait; names may be missing still
 bool RiprovaArchivio(Parcella& Nota);
-/// The same for a record that is kept of a note: of a client that the archive lacks nothing is said, since
+/// The same for a record that is kept of a note: of a party that the archive lacks nothing is said, since
 /// the note in view has said it.
 bool RiprovaTenuta(Parcella& Tenuta);
 

@@ -146,14 +146,22 @@ struct AumentoSalvato
     friend bool operator==(const AumentoSalvato&, const AumentoSalvato&) = default;
 };
 
-/// What kept the archive of clients from being read, as Errore has it, and what the parties were called then.
+/// What kept the archive of clients from being read, as Errore has it.
 struct GuastoTenuto
 {
     int Numero = 0;
     QString Descrizione;
-    QString Cliente, Controparte;
+    bool DaComporre = true;  ///< the client's block is to be worded; not once he was typed on the first tab
 
     friend bool operator==(const GuastoTenuto&, const GuastoTenuto&) = default;
+};
+
+/// What the parties were called when the archive could not give their names.
+struct NomiTenuti
+{
+    QString Cliente, Controparte;
+
+    friend bool operator==(const NomiTenuti&, const NomiTenuti&) = default;
 };
 
 struct Parcella
@@ -166,6 +174,8 @@ struct Parcella
     /// Why a document has to wait: the archive of clients could not be read when it was to name or to word
     /// the parties. See RicomponiBlocco.
     std::optional<GuastoTenuto> ArchivioNonLetto;
+    /// The archive has still to give the name of a linked party, whether a document waits for it or not.
+    std::optional<NomiTenuti> NomiAttesi;
     Casella txtCliente, txtControp, txtOggetto;
     Casella txtDatiStaCli, txtDatiStaControp, txtDatiStaOgg;  ///< the same as they will print
     /// The user has emptied the box of the print: a record that no window has filled has it empty too.

@@ -131,18 +131,24 @@ void TestControlliDocumento::senzaCliente_data()
     QTest::addColumn<int>("Tipo");
     QTest::addColumn<QString>("Cliente");
     QTest::addColumn<QString>("Blocco");
+    QTest::addColumn<bool>("Legato");
     QTest::addColumn<QString>("Frase");
     QTest::addColumn<int>("Luogo");
     const QString Rossi = u"Rossi Mario"_s;
-    QTest::newRow("fattura") << int(StampaFatturaAnalitica) << QString() << QString()
+    QTest::newRow("fattura") << int(StampaFatturaAnalitica) << QString() << QString() << false
                              << u"La fattura è senza cliente"_s << int(LuogoRilievo::Cliente);
-    QTest::newRow("prenotula") << int(StampaPrenotula) << u" "_s << QString() << u"Manca il cliente"_s
-                               << int(LuogoRilievo::Cliente);
-    QTest::newRow("tolto dalla stampa") << int(StampaPrenotula) << Rossi << QString() << u"Manca il cliente"_s
-                                        << int(LuogoRilievo::BloccoCliente);
-    QTest::newRow("c'è") << int(StampaPrenotula) << Rossi << Rossi << QString() << 0;
+    QTest::newRow("prenotula") << int(StampaPrenotula) << u" "_s << QString() << false
+                               << u"Manca il cliente"_s << int(LuogoRilievo::Cliente);
+    QTest::newRow("tolto dalla stampa") << int(StampaPrenotula) << Rossi << QString() << false
+                                        << u"Manca il cliente"_s << int(LuogoRilievo::BloccoCliente);
+    QTest::newRow("c'è") << int(StampaPrenotula) << Rossi << Rossi << false << QString() << 0;
+    QTest::newRow("legato, con le parole dell'utente")
+        << int(StampaFatturaAnalitica) << QString() << Rossi << true
+        << u"Il cliente collegato non si trova nell'archivio"_s << int(LuogoRilievo::Cliente);
+    QTest::newRow("legato, senza nulla") << int(StampaFatturaAnalitica) << QString() << QString() << true
+                                         << u"La fattura è senza cliente"_s << int(LuogoRilievo::Cliente);
     QTest::newRow("la parte contabile non nomina nessuno")
-        << int(StampaSoloContabile) << Rossi << QString() << QString() << 0;
+        << int(StampaSoloContabile) << Rossi << QString() << false << QString() << 0;
 }
 
 void TestControlliDocumento::senzaCliente()
@@ -150,11 +156,12 @@ void TestControlliDocumento::senzaCliente()
     QFETCH(const int, Tipo);
     QFETCH(const QString, Cliente);
     QFETCH(const QString, Blocco);
+    QFETCH(const bool, Legato);
     QFETCH(const QString, Frase);
     QFETCH(const int, Luogo);
     Parcella Nota = FatturaInRegola();
     ScegliTipoStampa(Nota, Tipo);
-    Nota.IDCli = 0;
+    Nota.IDCli = Legato ? 7 : 0;
     Nota.txtCliente.Testo = Cliente;
     Nota.txtDatiStaCli.Testo = Blocco;
     const Guardata Esito = Guarda(Nota, std::nullopt);

@@ -265,7 +265,7 @@ bool CaricaTutto(Parcella& Nota, const QString& Percorso, const std::function<vo
     // wrote for him stays.
     if (Nomi.Guasto)
         SegnaNonLetto(Nota, *Nomi.Guasto);
-    if (!Nota.ArchivioNonLetto && (Nomi.Cliente || BloccoScritto(Nota, FormaDelBlocco(Nota))))
+    else if (Nomi.Cliente || BloccoScritto(Nota, FormaDelBlocco(Nota)))
         RicomponiBlocco(Nota);
     return Illeggibili > 0;
 }

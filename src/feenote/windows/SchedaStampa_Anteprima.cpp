@@ -95,7 +95,7 @@ void SchedaStampa::Entra()
 
 bool SchedaStampa::RileggiArchivio()
 {
-    if (!Nota.ArchivioNonLetto)
+    if (!AspettaArchivio(Nota))
         return true;
     const bool Letto = RiprovaArchivio(Nota);
     Cornice.Riordinata();  // what the archive has given is no step of the user's
@@ -105,7 +105,7 @@ bool SchedaStampa::RileggiArchivio()
 
 bool SchedaStampa::SiCompone()
 {
-    if (!Nota.ArchivioNonLetto)
+    if (!AspettaArchivio(Nota))
         return true;
     if (!RileggiArchivio()) {
         GestioneErrori(Errore(Nota.ArchivioNonLetto->Numero, Nota.ArchivioNonLetto->Descrizione));

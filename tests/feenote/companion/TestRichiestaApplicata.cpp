@@ -316,7 +316,8 @@ void TestRichiestaApplicata::ilBloccoScrittoResta()
         QCOMPARE(Nota.txtDatiStaCli.Testo, u"Verdi Anna, Lucca"_s);
         QVERIFY(!Nota.Modificata);
         QCOMPARE(Nota.txtControp.Testo, Controparte ? u"Neri Carlo"_s : QString());
-        QCOMPARE(Nota.txtCliente.Testo, Controparte ? u"Verdi Anna"_s : QString());
+        QCOMPARE(Nota.txtCliente.Testo, u"Verdi Anna"_s);
+        QCOMPARE(Nota.NomeCli, u"Verdi Anna"_s);
 
         // Another form has no text of the user's: the archive words the client.
         ScegliDocumento(Nota, StampaNotaGiudiziale);

@@ -5,6 +5,7 @@
 #include "supporto/danni.h"
 
 #include "feenote/modDatiStampa.h"
+#include "feenote/modParti.h"
 #include "platform/database/connessione.h"
 #include "platform/system/attese.h"
 #include "platform/system/impostazioni.h"
@@ -36,6 +37,10 @@ private Q_SLOTS:
     void laCompagnaNonAspettaInSilenzio();
     void ilRitornoDaINomi();
     void ilBloccoScrittoEsce();
+    void iNomiArrivanoAncheSeNienteAspetta_data();
+    void iNomiArrivanoAncheSeNienteAspetta();
+    void ilClienteDigitatoSiStampa();
+    void nessunaControparteSiPerde();
     void laFatturaElettronicaLoDice();
 
 private:
@@ -204,7 +209,7 @@ void TestArchivioChiuso::laCompagnaNonAspettaInSilenzio()
     Voce.Tollera();
     F = T->Apri(Nota);
     QVERIFY(F);
-    F->Nota.DatiPar(DatoNumFatt) = u"8"_s;
+    F->Nota.txtDatiPar[DatoNumFatt] = u"8"_s;
     F->SetModificata(true);
     sessione::RichiestaPV2.ID = F->Nota.NsRif = u"P12"_s;
     sessione::ArchivioPrat = T->Ufficio.File(u"pratiche.mdb"_s);
@@ -284,6 +289,132 @@ void TestArchivioChiuso::ilBloccoScrittoEsce()
     QVERIFY2(Pagine().contains(u"Verdi Anna, Lucca"_s), qPrintable(Pagine()));
     QCOMPARE(vp->Avviso(), QString());
     QCOMPARE(T->Voce.Mostrati().size(), 1);
+}
+
+void TestArchivioChiuso::iNomiArrivanoAncheSeNienteAspetta_data()
+{
+    QTest::addColumn<int>("Tipo");
+
+    QTest::newRow("no document") << int(NessunaVoce);
+    QTest::newRow("figures alone") << int(StampaSoloContabile);
+    QTest::newRow("a client in the user's words") << int(StampaPrenotula);
+}
+
+/// No document waits, but the names are the old ones: the page chosen later would bear one of each.
+void TestArchivioChiuso::iNomiArrivanoAncheSeNienteAspetta()
+{
+    QFETCH(int, Tipo);
+    Scrivi(Tipo);
+    if (Tipo == StampaPrenotula) {
+        Parcella Scritta = NotaPiena();
+        CaricaDati(Scritta, Nota);
+        CambiaParteStampata(Scritta, ParteNota::Cliente, u"Verdi Anna, Lucca"_s);
+        ScriviNota(Nota, Scritta);
+    }
+    {
+        const Database Archivio = OpenDatabase(sessione::ArchivioCliCon);
+        Archivio.Execute(u"UPDATE Clienti SET Nominativo='Verdi Anna Maria'"_s);
+        Archivio.Execute(u"UPDATE Controparti SET Controp='Neri Carlo e figli'"_s);
+    }
+    Sano = LeggiFile(sessione::ArchivioCliCon);
+    Chiudi(Svuotato);
+    T->Voce.Tollera();
+    F = T->Apri(Nota);
+    QVERIFY(F);
+    vp = Controllo<VistaStampa>(F, "vp");
+    QVERIFY(!F->Nota.ArchivioNonLetto);
+    ClicScheda(F, SchedaDiStampa);
+    QCOMPARE(vp->Avviso(), QString());
+    QCOMPARE(T->Voce.Mostrati().size(), 1);
+    if (Tipo == StampaPrenotula) {
+        QVERIFY2(Pagine().contains(u"Verdi Anna, Lucca"_s), qPrintable(Pagine()));
+        Documento(StampaPreventivo);  // worded alike
+        QVERIFY2(Pagine().contains(u"Verdi Anna, Lucca"_s), qPrintable(Pagine()));
+        QCOMPARE(T->Voce.Mostrati().size(), 1);
+    }
+    Riapri();
+    Documento(StampaFatturaAnalitica);
+    QCOMPARE(F->Nota.txtCliente.Testo, u"Verdi Anna Maria"_s);
+    QCOMPARE(F->Nota.NomeCli, u"Verdi Anna Maria"_s);
+    QCOMPARE(Controllo<QLineEdit>(F, "txtCliente")->text(), u"Verdi Anna Maria"_s);
+    QCOMPARE(Controllo<QLineEdit>(F, "txtControp")->text(), u"Neri Carlo e figli"_s);
+    QCOMPARE(F->Nota.txtDatiStaControp.Testo, u"Neri Carlo e figli"_s);
+    QVERIFY2(Pagine().contains(Tipo == StampaPrenotula ? u"Verdi Anna, Lucca"_s : u"Via Larga 3"_s),
+             qPrintable(Pagine()));
+    QVERIFY(!F->Nota.Modificata);
+    QVERIFY(!AspettaArchivio(F->Nota));
+    QCOMPARE(T->Voce.Mostrati().size(), 1);
+}
+
+/// As with an archive that can be read: what is typed on the first tab prints, until another document words
+/// the row.
+void TestArchivioChiuso::ilClienteDigitatoSiStampa()
+{
+    Scrivi(StampaFatturaAnalitica);
+    Chiudi(Svuotato);
+    T->Voce.Tollera();
+    F = T->Apri(Nota);
+    QVERIFY(F);
+    vp = Controllo<VistaStampa>(F, "vp");
+    const QString Digitato = u"Esposito"_s;
+    ::Scrivi(Controllo<QLineEdit>(F, "txtCliente"), Digitato);
+    for (const bool Aperto : {false, true}) {
+        if (Aperto)
+            Riapri();
+        ClicScheda(F, SchedaBase);
+        ClicScheda(F, SchedaDiStampa);
+        QCOMPARE(F->Nota.txtCliente.Testo, Digitato);
+        QCOMPARE(F->Nota.txtDatiStaCli.Testo, Digitato);
+        QVERIFY2(Pagine().contains(Digitato), qPrintable(Pagine()));
+        QVERIFY2(!Pagine().contains(u"Via Larga 3"_s), qPrintable(Pagine()));
+        QCOMPARE(F->Nota.NomeCli, Aperto ? u"Verdi Anna"_s : QString());
+        QCOMPARE(T->Voce.Mostrati().size(), 1);
+    }
+    Clic(Controllo(F, "cmdAnnulla"));
+    Respiro();
+    QCOMPARE(F->Nota.txtCliente.Testo, u"Verdi Anna"_s);
+    QCOMPARE(F->Nota.NomeCli, u"Verdi Anna"_s);
+    QVERIFY(!F->Nota.Modificata);
+    Clic(Controllo(F, "cmdRipeti"));
+    Respiro();
+    Documento(StampaPrenotula);
+    QCOMPARE(F->Nota.txtCliente.Testo, Digitato);
+    QVERIFY2(Pagine().contains(u"Via Larga 3"_s), qPrintable(Pagine()));
+    QCOMPARE(T->Voce.Mostrati().size(), 1);
+}
+
+/// One that the note has from nowhere is named as his row is headed; one whose row is gone is told.
+void TestArchivioChiuso::nessunaControparteSiPerde()
+{
+    for (const bool Sparita : {false, true}) {
+        Scrivi(StampaFatturaAnalitica);
+        {
+            Parcella Scritta = NotaPiena();
+            CaricaDati(Scritta, Nota);
+            Scritta.txtControp.Testo.clear();
+            Scritta.txtDatiStaControp.Testo.clear();
+            ScriviNota(Nota, Scritta);
+            OpenDatabase(sessione::ArchivioCliCon)
+                .Execute(Sparita ? u"DELETE FROM Controparti"_s : u"UPDATE Controparti SET Controp=''"_s);
+        }
+        Sano = LeggiFile(sessione::ArchivioCliCon);
+        Chiudi(Svuotato);
+        T->Voce.Tollera();
+        F = T->Apri(Nota);
+        QVERIFY(F);
+        QCOMPARE(F->Nota.txtControp.Testo, QString());
+        T->Voce.Sparecchia();
+        Riapri();
+        ClicScheda(F, SchedaDiStampa);
+        QCOMPARE(F->Nota.txtControp.Testo, Sparita ? QString() : u"Neri Carlo"_s);
+        QCOMPARE(F->Nota.txtDatiStaControp.Testo, F->Nota.txtControp.Testo);
+        QCOMPARE(T->Voce.Mostrati().size(), Sparita ? 1 : 0);
+        if (Sparita)
+            QCOMPARE(T->Voce.UltimoTesto(), u"La controparte associata alla parcella non è stata trovata!"_s);
+        QVERIFY(!F->Nota.Modificata);
+        F->close();
+        Respiro();
+    }
 }
 
 /// The panel lists it, and says nothing of a client who is not linked.
