@@ -1,5 +1,7 @@
 #include "feenote/modDuplica.h"
 
+#include "feenote/modParti.h"
+
 namespace {
 
 void TogliCliente(Parcella& Nota)
@@ -36,7 +38,9 @@ Parcella Duplicata(const Parcella& Nota, bool ConCliente)
     Copia.IDMultipla = 0;
     Copia.AvvisoNotaGiudiziale = false;
     Copia.Fuoco = CampoNota::Nessuno;
-    if (!ConCliente)
+    if (!ConCliente) {
         TogliCliente(Copia);
+        NonAspetta(Copia);
+    }
     return Copia;
 }

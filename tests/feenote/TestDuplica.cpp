@@ -2,6 +2,8 @@
 #include "nota_prova.h"
 
 #include "feenote/modDuplica.h"
+#include "feenote/modParti.h"
+#include "platform/base/errore.h"
 
 using namespace Qt::StringLiterals;
 
@@ -64,6 +66,7 @@ class TestDuplica : public QObject
 private Q_SLOTS:
     void colCliente();
     void senzaCliente();
+    void senzaClienteNessunoAspetta();
     void lOriginaleResta();
 };
 PROVA(TestDuplica);
@@ -108,6 +111,26 @@ void TestDuplica::senzaCliente()
     QVERIFY(Copia == Attesa);
     QCOMPARE(Copia.IDCon, 8);
     QCOMPARE(Copia.txtControp.Testo, u"Bianchi"_s);
+}
+
+/// A client who stays behind is waited for by the original alone.
+void TestDuplica::senzaClienteNessunoAspetta()
+{
+    for (const bool Controparte : {false, true}) {
+        Parcella Nota = Piena();
+        Nota.NomeCli.clear();
+        Nota.NomeCon.clear();
+        if (!Controparte)
+            Nota.IDCon = 0;
+        Nota.BlocchiScritti.clear();
+        Nota.cmbTipoStampa = StampaPrenotula;
+        SegnaNonLetto(Nota, Errore(errori::Accesso));
+        QVERIFY(Nota.ArchivioNonLetto.has_value());
+        QVERIFY(Duplicata(Nota, true).ArchivioNonLetto.has_value());
+        const Parcella Copia = Duplicata(Nota, false);
+        QVERIFY(!Copia.ArchivioNonLetto);
+        QCOMPARE(AspettaArchivio(Copia), Controparte);  // his name may be another by now
+    }
 }
 
 void TestDuplica::lOriginaleResta()
