@@ -114,7 +114,7 @@ QString Aiuto()
     QString Testo = u"Uso: calcanova-cli"_s;
     for (const RigaOpzione& Una : Opzioni())
         if (Una.Codice != Opzione::Aiuto)
-            Testo += u" [%1]"_s.arg(u"%1 %2"_s.arg(Una.Parola, Una.Valore).trimmed());
+            Testo += u" [%1]"_s.arg(u"%1 %2"_s.arg(Una.Parola, ValoreNellAiuto(Una)).trimmed());
     Testo += u" COMANDO VALORI...\n\n"_s;
     for (const ComandoCli& Comando : ComandiCli())
         Testo += u"  "_s + Comando.Nome.toString().leftJustified(12) + Comando.Valori.toString() + u'\n';

@@ -25,6 +25,9 @@ QStringList InsiemiNorme()
     return {u"programma"_s, u"vigenti"_s};
 }
 
+/// In the place of a name.
+constexpr QStringView LeSueParole = u"|";
+
 constexpr std::array TabellaOpzioni{
     RigaOpzione{Opzione::Programma, u"--programma", u"DIR", u"una cartella", true},
     RigaOpzione{Opzione::Utente, u"--utente", u"DIR", u"una cartella", true},
@@ -40,9 +43,9 @@ constexpr std::array TabellaOpzioni{
     RigaOpzione{Opzione::Vcard, u"--vcard", u"FILE", u"una destinazione", false, true},
     RigaOpzione{Opzione::Stato, u"--stato", u"STATO", u"una parola", false, false, ParoleFiltroStato,
                 u"Stato sconosciuto: %1. Gli stati sono "},
-    RigaOpzione{Opzione::Tariffa, u"--tariffa", u"140|55", u"una sigla", false, false, Sigle,
+    RigaOpzione{Opzione::Tariffa, u"--tariffa", LeSueParole, u"una sigla", false, false, Sigle,
                 u"Tariffa sconosciuta: %1. Le tariffe sono "},
-    RigaOpzione{Opzione::Norme, u"--norme", u"programma|vigenti", u"una scelta", false, false, InsiemiNorme,
+    RigaOpzione{Opzione::Norme, u"--norme", LeSueParole, u"una scelta", false, false, InsiemiNorme,
                 u"Norme sconosciute: %1. Le norme sono "},
     RigaOpzione{Opzione::Spiega, u"--spiega"},
     RigaOpzione{Opzione::Ics, u"--ics", u"FILE", u"una destinazione", false, true},
@@ -110,6 +113,11 @@ void ControllaInsieme(const RigaComando& Riga)
 std::span<const RigaOpzione> Opzioni()
 {
     return TabellaOpzioni;
+}
+
+QString ValoreNellAiuto(const RigaOpzione& Una)
+{
+    return Una.Valore == LeSueParole ? Una.Parole().join(LeSueParole) : Una.Valore.toString();
 }
 
 QString ParolaDi(Opzione Codice)

@@ -35,7 +35,7 @@ struct RigaOpzione
 {
     Opzione Codice;
     QStringView Parola;            ///< "--csv"
-    QStringView Valore{};          ///< what follows, as the help calls it; empty: a switch
+    QStringView Valore{};          ///< what follows, as the help calls it; empty: a switch; "|": its words
     QStringView Manca{};           ///< what is missing where nothing follows, with its article
     bool Ovunque = false;          ///< any command takes it
     bool Percorso = false;         ///< what follows is a file, in the system's own writing
@@ -45,6 +45,8 @@ struct RigaOpzione
 
 /// The table of options, in the order of the help.
 [[nodiscard]] std::span<const RigaOpzione> Opzioni();
+/// What follows an option in the help: its name, or the words that it knows, "140|55".
+[[nodiscard]] QString ValoreNellAiuto(const RigaOpzione& Una);
 /// As it is written, "--csv".
 [[nodiscard]] QString ParolaDi(Opzione Codice);
 

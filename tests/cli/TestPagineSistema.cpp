@@ -4,6 +4,7 @@
 #include "platform/system/file.h"
 #include "tariffs/decreto.h"
 
+#include <QProcess>
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
@@ -14,6 +15,7 @@ class TestPagineSistema : public QObject
 private Q_SLOTS:
     void paginaDelManuale();
     void completamento();
+    void valoriOfferti();
     void opzioni();
     void decreti_data();
     void decreti();
@@ -27,19 +29,29 @@ QString Pagina()
     return QString::fromUtf8(LeggiFile(SorgenteDiProva(u"pacchetto/calcanova-cli.1"_s)));
 }
 
-QString Completamento()
+/// What the shell offers for the last of the words behind the program's name, sorted.
+QStringList Offerte(const QStringList& Parole)
 {
-    return QString::fromUtf8(LeggiFile(SorgenteDiProva(u"pacchetto/calcanova-cli.completamento"_s)));
-}
-
-/// The words of a variable of the completion, sorted.
-QStringList Parole(const QString& Variabile)
-{
-    const QRegularExpression Riga(Variabile + u"=\"([^\"]*)\""_s);
-    QStringList Trovate =
-        Riga.match(Completamento()).captured(1).split(QRegularExpression(u"\\s+"_s), Qt::SkipEmptyParts);
+    QStringList Righe{u"source \"$1\"; shift"_s, u"COMP_WORDS=(\"$@\"); COMP_CWORD=$(($# - 1))"_s,
+                      u"_calcanova_cli \"$1\" \"${COMP_WORDS[COMP_CWORD]}\""_s,
+                      u"printf '%s\\n' \"${COMPREPLY[@]}\""_s};
+    QProcess Guscio;
+    Guscio.start(u"bash"_s, QStringList{u"-c"_s, Righe.join(u'\n'), u"bash"_s,
+                                        SorgenteDiProva(u"pacchetto/calcanova-cli.completamento"_s),
+                                        ProgrammaDiProva() + u"calcanova-cli"_s} +
+                                Parole);
+    if (!Guscio.waitForFinished())
+        return {u"bash: "_s + Guscio.errorString()};
+    QStringList Trovate = QString::fromUtf8(Guscio.readAllStandardOutput() + Guscio.readAllStandardError())
+                              .split(u'\n', Qt::SkipEmptyParts);
     Trovate.sort();
     return Trovate;
+}
+
+QStringList Ordinate(QStringList Parole)
+{
+    Parole.sort();
+    return Parole;
 }
 
 /// The options that the command line takes: those of its help, and the help's own.
@@ -74,14 +86,33 @@ void TestPagineSistema::completamento()
     for (const ComandoCli& Comando : ComandiCli())
         Attese << Comando.Nome.toString();
     Attese.sort();
-    QCOMPARE(Parole(u"comandi"_s), Attese);
+    QVERIFY(Attese.size() > 10);
+    QCOMPARE(Offerte({QString()}), Attese);
+    QCOMPARE(Offerte({u"--json"_s, Attese.last().left(2)}), QStringList{Attese.last()});
+    QCOMPARE(Offerte({u"--"_s}), OpzioniDelProgramma());
+}
+
+/// Behind an option that has a few words the shell offers these; what follows one that takes any text is no
+/// command.
+void TestPagineSistema::valoriOfferti()
+{
+    const QStringList Mora{u"legali"_s, u"mora"_s};
+    for (const RigaOpzione& Una : Opzioni()) {
+        const QString Parola = Una.Parola.toString();
+        if (Una.Parole)
+            QCOMPARE(Offerte({Parola, QString()}), Ordinate(Una.Parole()));
+        const QStringList Prima =
+            Una.Valore.isEmpty() ? QStringList{Parola} : QStringList{Parola, u"istat"_s};
+        QCOMPARE(Offerte(Prima + QStringList{u"interessi"_s, QString()}), Mora);
+    }
+    // What is no option is no pattern either.
+    QCOMPARE(Offerte({u"interessi"_s, u"--[a/b"_s, QString()}), Mora);
 }
 
 void TestPagineSistema::opzioni()
 {
     const QStringList Attese = OpzioniDelProgramma();
     QVERIFY(Attese.size() >= 9);
-    QCOMPARE(Parole(u"opzioni"_s), Attese);
     const QString Sezione = Pagina().section(u".SH OPZIONI"_s, 1).section(u".SH"_s, 0, 0).remove(u'\\');
     for (const QString& Opzione : Attese)
         QVERIFY2(Sezione.contains(Opzione), qPrintable(Opzione));

@@ -13,7 +13,6 @@
 #include <QAction>
 #include <QFile>
 #include <QLineEdit>
-#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -137,9 +136,6 @@ void TestCalcolatrici::ognunaHaTuttoIlSuo()
     Chiede(!Testo(Guida + Classe + u".txt"_s).isEmpty(), Guida + Classe + u".txt: its page"_s);
     Chiede(Testo(u"pacchetto/calcanova.1"_s).contains(u"\n.B %1\n"_s.arg(Comando)),
            u"pacchetto/calcanova.1: its word"_s);
-    const QRegularExpression InCompletamento(u"comandi=\"[^\"]*\\b%1\\b"_s.arg(DaRiga));
-    Chiede(Testo(u"pacchetto/calcanova-cli.completamento"_s).contains(InCompletamento),
-           u"pacchetto/calcanova-cli.completamento: its command"_s);
     Chiede(Testo(u"pacchetto/calcanova-cli.1"_s).contains(u"\n.BI \"%1 "_s.arg(DaRiga)),
            u"pacchetto/calcanova-cli.1: its command"_s);
     Chiede(Testo(u"docs/cli.md"_s).contains(u"\n| `%1 "_s.arg(DaRiga)), u"docs/cli.md: its command"_s);
