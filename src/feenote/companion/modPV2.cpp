@@ -108,33 +108,36 @@ int ContatoreDi(const Parcella& Nota)
     return Nota.NsRif == sessione::RichiestaPV2.ID ? Nota.Scelta : 0;
 }
 
-void ConsegnaFattura(const Parcella& Nota)
+bool ConsegnaFattura(const Parcella& Nota)
 {
     if (!TipoDi(Nota.cmbTipoStampa).EFattura)
-        return;
+        return true;
     if (NumeroFattura().isEmpty()) {
         MsgErrore(u"I dati della fattura non possono essere inviati a Praxivo\n"
                   "in quanto non è stato specificato il numero della fattura!"_s);
-        return;
+        return true;
     }
     if (MsgBox(u"E' stata salvata la parcella come fattura.\n"
                "Trasferisco i dati della fattura anche all'applicazione Praxivo?"_s,
                vbYesNo + vbQuestion, TitoloDomanda.toString()) != vbYes)
-        return;
-    SalvaFatturaPV2(ContatoreDi(Nota));
+        return true;
+    const bool Scritta = SalvaFatturaPV2(ContatoreDi(Nota));
     InvioMsgPV2();
+    return Scritta;
 }
 
-void SalvaFatturaPV2(int IDContab)
+bool SalvaFatturaPV2(int IDContab)
 {
     if (sessione::ArchivioPrat.isEmpty())
-        return;
+        return true;
     try {
         const ClessidraAccesa Occupato;  // an archive in use by somebody else is waited for
         ScriviFattura(PercorsoNativo(sessione::ArchivioPrat), IDContab);
+        return true;
     } catch (const std::exception&) {
         MsgBox(u"Si è verificato un errore nel salvataggio dei dati fattura su PV"_s, vbCritical,
                u"Errore!"_s);
+        return false;
     }
 }
 

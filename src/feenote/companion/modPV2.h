@@ -28,7 +28,8 @@ void MemorizzaUltimaStampa(const Parcella& Nota);
 /// The hand-over behind a save, once the document was composed for the companion application. An invoice
 /// without a number is told, one with a number is offered to the user, and on his yes transferred and
 /// signalled. Documents that are no invoice hand nothing over.
-void ConsegnaFattura(const Parcella& Nota);
+/// @return false where the transfer that the user wanted has failed
+[[nodiscard]] bool ConsegnaFattura(const Parcella& Nota);
 
 /// The accounting counter that goes with the note's invoice: that of its own request, 0 while the session
 /// runs for another matter than the note's.
@@ -38,7 +39,8 @@ void ConsegnaFattura(const Parcella& Nota);
 /// matter and number is changed (date and amount alone), or added where there is none. Case plays no part in
 /// the two. Nothing without an archive in the companion's settings; a failure is told and changes nothing.
 /// @param IDContab the accounting counter of a row that is added; one that stands already keeps its own
-void SalvaFatturaPV2(int IDContab);
+/// @return false after a failure
+bool SalvaFatturaPV2(int IDContab);
 
 /// Tells the companion application that data have changed. Whether it runs is nobody's concern.
 void InvioMsgPV2();

@@ -49,6 +49,9 @@ public:
     void ConcludiInvii();
     /// What follows a save: the document, seen or not, and the companion application.
     void DopoSalvataggio();
+    /// The last save could not hand the invoice to the companion: the next one tries again, though the note
+    /// was not changed since.
+    [[nodiscard]] bool DaConsegnare() const { return NonConsegnata; }
     /// The panel of the electronic invoice in the place of the page, or the page again. Nothing for a
     /// document that is no invoice.
     void MostraFattura(bool Si);
@@ -94,9 +97,9 @@ private:
     void MostraAnteprima();
     void AbilitaBarra();
     void EsportaDocumento();
-    /// The document for the companion, and its invoice. One that could not be composed is told, and leaves
-    /// the note to be saved once more.
-    void Consegna();
+    void ApriNellEditor();
+    /// The invoice for the companion. What kept the document from being composed is told, once.
+    void Consegna(const std::optional<Errore>& Guasto);
     void SalvaPdf();
     /// The file of the document's clauses, and when it was last written; empty for a document without any.
     [[nodiscard]] QString StatoClausole() const;
@@ -108,6 +111,8 @@ private:
     /// @param Invio for the companion application
     /// @return what kept the document's file from being written
     std::optional<Errore> Componi(bool Invio = false);
+    /// @return what kept it from being composed
+    std::optional<Errore> Composta(bool Invio);
     /// Reads the client once more where his row could not be read. @return false while it cannot
     bool RileggiArchivio();
     /// The same for a document that is to go out, which waits for that: the user is told why.
@@ -125,4 +130,5 @@ private:
     QString Avviso;            ///< for the preview's margin
     QString ClausoleComposte;  ///< StatoClausole when the document on view was composed
     QList<InvioChiesto> Attesi;
+    bool NonConsegnata = false;
 };

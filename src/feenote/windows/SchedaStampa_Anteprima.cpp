@@ -61,10 +61,7 @@ void SchedaStampa::CollegaAnteprima()
     Barra->Aggiungi(u"pdf"_s, u"Salva in PDF"_s, [this] { SalvaPdf(); });
     Barra->Aggiungi(u"invia"_s, u"Invia per posta"_s, [this] { Invia(); });
     Barra->Aggiungi(u"word"_s, u"Esporta in Word"_s, [this] { EsportaDocumento(); });
-    cmdEditor = Barra->Aggiungi(u"wp"_s, u"Avvia editor alternativo"_s, [this] {
-        if (SiCompone())  // the file would be another composition's
-            AvviaEditor(Cornice.Indice());
-    });
+    cmdEditor = Barra->Aggiungi(u"wp"_s, u"Avvia editor alternativo"_s, [this] { ApriNellEditor(); });
     Barra->addSeparator();
     cmdGuida = Barra->Aggiungi(u"help"_s, u"Guida contestuale"_s,
                                [this] { EseguiComando(u"guida"_s, Cornice.Indice(), {}); });
@@ -80,6 +77,7 @@ void SchedaStampa::NuovaNota()
     ui->vp->Svuota();
     ui->lblUnaPagina->hide();
     ClausoleComposte.clear();
+    NonConsegnata = false;
     ui->cmdFatturaXml->setChecked(false);
     Elettronica->NuovaNota();
 }
@@ -169,37 +167,45 @@ std::optional<Errore> SchedaStampa::Componi(bool Invio)
 
 void SchedaStampa::DopoSalvataggio()
 {
+    NonConsegnata = false;
     if (Nota.cmbTipoStampa != NessunaVoce) {
         const bool Compagna = !sessione::RichiestaPV2.ID.isEmpty();
         if (Compagna)
             (void)RileggiArchivio();
-        Protetta([this] { (void)Componi(); }, GiaDetto(Nota));
+        std::optional<Errore> Guasto = Composta(false);
+        if (!Guasto && Compagna)
+            Guasto = Composta(true);
         if (Compagna)
-            Consegna();
+            Consegna(Guasto);
+        else if (Guasto && Guasto->Numero != GiaDetto(Nota))
+            GestioneErrori(*Guasto);
     }
     InvioMsgPV2();
 }
 
-void SchedaStampa::Consegna()
+std::optional<Errore> SchedaStampa::Composta(bool Invio)
 {
     try {
-        (void)Componi(true);
+        (void)Componi(Invio);
+        return std::nullopt;
     } catch (...) {
-        // What could not be composed leaves nothing to hand over: the last figures are another document's. An
-        // unchanged note would not be saved again, and its invoice not be handed over.
-        const Errore Guasto = ErroreCorrente();
-        if (!TipoDi(Nota.cmbTipoStampa).EFattura) {
-            GestioneErrori(Guasto);
-            return;
-        }
-        GestioneErrori(Errore(
-            Guasto.Numero, Guasto.Descrizione + u";\nla fattura non è stata consegnata a Praxivo: salvare di "
-                                                u"nuovo la parcella"_s));
-        SetModificata(Nota, true);
-        Cornice.Cambiata();
+        return ErroreCorrente();
+    }
+}
+
+void SchedaStampa::Consegna(const std::optional<Errore>& Guasto)
+{
+    if (!Guasto) {
+        NonConsegnata = !ConsegnaFattura(Nota);
         return;
     }
-    ConsegnaFattura(Nota);
+    // What could not be composed leaves nothing to hand over: the last figures are another document's.
+    NonConsegnata = TipoDi(Nota.cmbTipoStampa).EFattura;
+    GestioneErrori(NonConsegnata ? Errore(Guasto->Numero,
+                                          Guasto->Descrizione +
+                                              u";\nla fattura non è stata consegnata a Praxivo: salvare di "
+                                              u"nuovo la parcella"_s)
+                                 : *Guasto);
 }
 
 void SchedaStampa::StampaParcella()
@@ -224,6 +230,16 @@ void SchedaStampa::EsportaDocumento()
         return;
     if (EsportaInWord(Cornice.Indice(), [&] { return Componi(); }))
         Cornice.DocumentoUscito(Nota.cmbTipoStampa);
+}
+
+/// The file would be another composition's where this one does not get there.
+void SchedaStampa::ApriNellEditor()
+{
+    if (Cornice.InDomanda())
+        return;
+    Cornice.ComponiInAttesa();
+    if (SiCompone() && AggiornaDocumento(Cornice.Indice(), [&] { return Componi(); }))
+        AvviaEditor(Cornice.Indice());
 }
 
 void SchedaStampa::SalvaPdf()

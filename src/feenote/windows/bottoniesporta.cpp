@@ -38,7 +38,7 @@ void MostraInWord(int Indice)
 
 }  // namespace
 
-bool EsportaInWord(int Indice, const std::function<std::optional<Errore>()>& Ricomponi)
+bool AggiornaDocumento(int Indice, const std::function<std::optional<Errore>()>& Ricomponi)
 {
     const QString File = FileDocumento(Indice);
     const QString Nome = SteloDocumento(Indice) + u".doc"_s;
@@ -59,8 +59,16 @@ bool EsportaInWord(int Indice, const std::function<std::optional<Errore>()>& Ric
     else if (Esito)
         GestioneErrori(*Esito);
     else
-        return MostraInWord(Indice), true;
+        return true;
     return false;
+}
+
+bool EsportaInWord(int Indice, const std::function<std::optional<Errore>()>& Ricomponi)
+{
+    if (!AggiornaDocumento(Indice, Ricomponi))
+        return false;
+    MostraInWord(Indice);
+    return true;
 }
 
 void AvviaEditor(int Indice)

@@ -285,7 +285,7 @@ bool frmParcelle::SalvaConNome()
 
 bool frmParcelle::DettoSalvata()
 {
-    if (Nota.Modificata)
+    if (Nota.Modificata || Stampa->DaConsegnare())
         return false;
     QString Detto = u"Niente da salvare"_s;
     if (!Nota.Percorso.isEmpty() && !NellaCartellaModelli(Nota.Percorso)) {

@@ -407,7 +407,7 @@ void TestPV2::consegnaSoloLeFatture()
     Registratore Voce;
     if (Fattura)
         Voce.Attendi(Domanda, vbYes, u"Domanda:"_s);
-    ConsegnaFattura(DellaPratica(Tipo));
+    QVERIFY(ConsegnaFattura(DellaPratica(Tipo)));
     QCOMPARE(Voce.Mostrati().size(), Fattura ? 1 : 0);
     QCOMPARE(Aggiunte().size(), Fattura ? 1 : 0);
     QCOMPARE(Segnali.size(), Fattura ? 1 : 0);
@@ -426,7 +426,7 @@ void TestPV2::consegnaSenzaNumero()
     MemorizzaUltimaStampa({100.0, Numero, u"21/11/2026"_s, false});
     Registratore Voce;
     Voce.Attendi(SenzaNumero, vbOK, u"Errore:"_s);
-    ConsegnaFattura(DellaPratica(StampaFatturaAnalitica));
+    QVERIFY(ConsegnaFattura(DellaPratica(StampaFatturaAnalitica)));
     QVERIFY(Aggiunte().isEmpty());
     QCOMPARE(Segnali, QStringList());
 }
@@ -435,7 +435,7 @@ void TestPV2::consegnaRifiutata()
 {
     Registratore Voce;
     Voce.Attendi(Domanda, vbNo, u"Domanda:"_s);
-    ConsegnaFattura(DellaPratica(StampaFatturaSintetica));
+    QVERIFY(ConsegnaFattura(DellaPratica(StampaFatturaSintetica)));
     QCOMPARE(Voce.Mostrato(0).Bandiere, vbYesNo + vbQuestion);
     QVERIFY(Aggiunte().isEmpty());
     QCOMPARE(Segnali, QStringList());
@@ -445,7 +445,7 @@ void TestPV2::consegnaAccettata()
 {
     Registratore Voce;
     Voce.Attendi(Domanda, vbYes);
-    ConsegnaFattura(DellaPratica(StampaFatturaSintetica));
+    QVERIFY(ConsegnaFattura(DellaPratica(StampaFatturaSintetica)));
     QCOMPARE(Aggiunte().size(), 1);
     QCOMPARE(Segnali, QStringList{u"Praxivo - Gestione pratiche<refresh"_s});
 }
@@ -456,7 +456,7 @@ void TestPV2::consegnaConArchivioGuasto()
     Registratore Voce;
     Voce.Attendi(Domanda, vbYes);
     Voce.Attendi(Guasto, vbOK, u"Errore!"_s);
-    ConsegnaFattura(DellaPratica(StampaFatturaSintetica));
+    QVERIFY(!ConsegnaFattura(DellaPratica(StampaFatturaSintetica)));
     QCOMPARE(Segnali.size(), 1);  // the document in its folder is new all the same
 }
 
@@ -466,7 +466,7 @@ void TestPV2::consegnaSenzaArchivio()
     sessione::ArchivioPrat.clear();
     Registratore Voce;
     Voce.Attendi(Domanda, vbYes);
-    ConsegnaFattura(DellaPratica(StampaFatturaSintetica));
+    QVERIFY(ConsegnaFattura(DellaPratica(StampaFatturaSintetica)));
     QVERIFY(Aggiunte().isEmpty());
     QCOMPARE(Segnali.size(), 1);
 }
@@ -505,7 +505,7 @@ void TestPV2::ilContatoreEDellaNota()
     sessione::RichiestaPV2 = {Sessione, 0, 0, 0.0, 0, 0, 7};
     Registratore Voce;
     Voce.Attendi(Domanda, vbYes);
-    ConsegnaFattura(Nota);
+    QVERIFY(ConsegnaFattura(Nota));
     QCOMPARE(Aggiunte().size(), 1);
     QCOMPARE(Aggiunte().first()[0].toString(), Sessione);
     QTEST(Aggiunte().first()[6].toInt(), "Atteso");

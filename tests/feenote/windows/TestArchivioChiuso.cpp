@@ -209,8 +209,8 @@ void TestArchivioChiuso::laCompagnaNonAspettaInSilenzio()
     Voce.Tollera();
     F = T->Apri(Nota);
     QVERIFY(F);
-    F->Nota.txtDatiPar[DatoNumFatt] = u"8"_s;
-    F->SetModificata(true);
+    ClicScheda(F, SchedaDiStampa);
+    ::Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_11"), u"8"_s);
     sessione::RichiestaPV2.ID = F->Nota.NsRif = u"P12"_s;
     sessione::ArchivioPrat = T->Ufficio.File(u"pratiche.mdb"_s);
     CreaArchivioPratiche(sessione::ArchivioPrat);
@@ -228,7 +228,7 @@ void TestArchivioChiuso::laCompagnaNonAspettaInSilenzio()
     QVERIFY2(Voce.UltimoTesto().contains(u"la fattura non è stata consegnata"_s),
              qPrintable(Voce.UltimoTesto()));
     QCOMPARE(Fatture(), 0);
-    QVERIFY(F->Nota.Modificata);
+    QVERIFY2(!F->Nota.Modificata, "it is saved");
 
     Riapri();
     Voce.Sparecchia();

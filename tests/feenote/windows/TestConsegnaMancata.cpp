@@ -1,0 +1,129 @@
+// An invoice that a save could not hand to the companion, and a document that could not be brought up to date
+// for the editor.
+#include "compagna/archivio.h"
+#include "stampa.h"
+#include "supporto/guasti.h"
+
+#include "platform/system/impostazioni.h"
+
+#include <QScopedValueRollback>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString Trasferisco = u"E' stata salvata la parcella come fattura.\n"
+                            u"Trasferisco i dati della fattura anche all'applicazione Praxivo?"_s;
+const QString GuastoPV2 = u"Si è verificato un errore nel salvataggio dei dati fattura su PV"_s;
+
+}  // namespace
+
+class TestConsegnaMancata : public QObject, private BancoStampa
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { Prepara(); }
+    void cleanup();
+    void vaColSalvataggioSeguente_data();
+    void vaColSalvataggioSeguente();
+    void lEditorNonApreIlDocumentoDiPrima();
+
+private:
+    /// Saves in place; whether the user was asked for the transfer.
+    bool SalvaChiesto(int Risposta);
+};
+PROVA(TestConsegnaMancata);
+
+void TestConsegnaMancata::cleanup()
+{
+    sessione::RichiestaPV2 = {};
+    SaveSetting(u"Praxivo"_s, u"Parametri"_s, u"PreviewParcPath"_s, {});
+    Sgombra();
+}
+
+bool TestConsegnaMancata::SalvaChiesto(int Risposta)
+{
+    T->Voce.Sparecchia();
+    T->Voce.Attendi(Trasferisco, Risposta);
+    const bool Salvata = F->SalvaSulPosto();
+    const bool Chiesto = !T->Voce.Mostrati().isEmpty();
+    return Salvata && Chiesto;
+}
+
+void TestConsegnaMancata::vaColSalvataggioSeguente_data()
+{
+    QTest::addColumn<bool>("ConUnPasso");
+
+    QTest::newRow("at once") << false;
+    QTest::newRow("with a step back and again in between") << true;
+}
+
+/// The note is saved and unmarked, though the companion's archive has no row of it.
+void TestConsegnaMancata::vaColSalvataggioSeguente()
+{
+    QFETCH(bool, ConUnPasso);
+    sessione::RichiestaPV2.ID = F->Nota.NsRif = u"P12"_s;
+    sessione::ArchivioPrat = T->Ufficio.File(u"pratiche.mdb"_s);
+    CreaArchivioPratiche(sessione::ArchivioPrat);
+    const QByteArray Sano = LeggiFile(sessione::ArchivioPrat);
+    SaveSetting(u"Praxivo"_s, u"Parametri"_s, u"PreviewParcPath"_s, T->Ufficio.File(u"anteprima.htm"_s));
+    Documento(StampaFatturaSintetica);
+    T->Voce.AttendiSalva(sessione::ParcellePath + u"P12-uno.mdb"_s);
+    T->Voce.Tollera();
+    QVERIFY(F->SalvaParcella(false));
+    ::Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_11"), u"8"_s);
+    ScriviFile(sessione::ArchivioPrat, "rumore");
+    T->Voce.Sparecchia();
+    T->Voce.Attendi(Trasferisco, vbYes);
+    T->Voce.Attendi(GuastoPV2, vbOK, u"Errore!"_s);
+    QVERIFY(F->SalvaSulPosto());
+    QCOMPARE(T->Voce.Mostrati().size(), 2);
+    QVERIFY(!F->Nota.Modificata);
+
+    ScriviFile(sessione::ArchivioPrat, Sano);
+    if (ConUnPasso) {
+        Clic(Controllo(F, "cmdAnnulla"));
+        Clic(Controllo(F, "cmdRipeti"));
+        Respiro();
+        QVERIFY(!F->Nota.Modificata);
+    }
+    QVERIFY(SalvaChiesto(vbYes));
+    QCOMPARE(OpenDatabase(sessione::ArchivioPrat, true)
+                 .OpenRecordset(u"SELECT COUNT(*) AS N FROM Fatture WHERE Rif='P12' AND NumF='8'"_s)
+                 .Value(u"N"_s)
+                 .toInt(),
+             1);
+    // What has been handed over, and what the user has declined, is not asked again.
+    T->Voce.Sparecchia();
+    QVERIFY(F->SalvaSulPosto());
+    QCOMPARE(T->Voce.Mostrati().size(), 0);
+    ::Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_11"), u"9"_s);
+    QVERIFY(SalvaChiesto(vbNo));
+    T->Voce.Sparecchia();
+    QVERIFY(F->SalvaSulPosto());
+    QCOMPARE(T->Voce.Mostrati().size(), 0);
+}
+
+void TestConsegnaMancata::lEditorNonApreIlDocumentoDiPrima()
+{
+    const QScopedValueRollback Rimetti(sessione::WP, u"/opt/manca/editor"_s);
+    Documento(StampaPrenotula);
+    ClicScheda(F, SchedaBase);
+    ClicScheda(F, SchedaDiStampa);
+    QVERIFY(!Esportato().isEmpty());
+    F->Nota.txtOggetto.Testo = F->Nota.txtDatiStaOgg.Testo = u"Altro oggetto"_s;
+    T->Voce.Tollera();
+    const QString NonParte = u"Si è verificato un errore nell'apertura"_s;
+    {
+        const LimiteDiScrittura Pieno{16};
+        Premuto("barPrint_wp");
+    }
+    QCOMPARE(T->Voce.Mostrati().size(), 1);
+    QVERIFY2(T->Voce.UltimoTesto() != NonParte, "the editor was started on the former document");
+    T->Voce.Sparecchia();
+    Premuto("barPrint_wp");
+    QCOMPARE(T->Voce.UltimoTesto(), NonParte);
+    QVERIFY(Esportato().contains("Altro oggetto"));
+}
+
+#include "TestConsegnaMancata.moc"
