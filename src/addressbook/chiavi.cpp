@@ -37,6 +37,9 @@ std::optional<qint64> UltimaDelMotore(const Database& Db, const QString& Tabella
 
 constexpr qint64 MassimoAccanto = 64 << 10;
 
+/// Numbers of such a file are whole up to here.
+constexpr qint64 MassimaChiave = qint64(1) << 53;
+
 QString FileAccantoA(const QString& Archivio)
 {
     return FileVero(Archivio) + u".chiavi"_s;
@@ -65,9 +68,14 @@ QJsonObject TenuteAccanto(const QString& Archivio)
         NonSiLeggono(File, Guasto.Numero);
     }
     const QJsonDocument Letto = QJsonDocument::fromJson(Byte);
-    if (!Letto.isObject())
+    QJsonObject Tenute = Letto.object();
+    // A key that no row has is as damaged as half a text.
+    const bool Buone = std::all_of(Tenute.begin(), Tenute.end(), [](const auto& Chiave) {
+        return Chiave.toInteger(-1) >= 0 && Chiave.toInteger(-1) <= MassimaChiave;
+    });
+    if (!Letto.isObject() || !Buone)
         NonSiLeggono(File, errori::Accesso);
-    return Letto.object();
+    return Tenute;
 }
 
 /// The last key that the archive itself keeps.
@@ -124,5 +132,8 @@ std::optional<qint64> PrimaChiaveLibera(const Database& Db, const QString& Tabel
         UltimaDelMotore(Db, Tabella).value_or(0) >=
             std::max(UltimaTrattenuta(Db, Tabella), UltimaAccanto(Db, Tabella)))
         return std::nullopt;
-    return UltimaChiaveData(Db, Tabella) + 1;
+    const qint64 Ultima = UltimaChiaveData(Db, Tabella);
+    if (Ultima >= MassimaChiave)
+        throw Errore(errori::Eccedenza);  // there is no next one that could be kept
+    return Ultima + 1;
 }

@@ -23,5 +23,5 @@ void TrattieniChiavi(const Database& Db, const QString& Tabella, qint64 Fino);
 void TrattieniAccanto(const QString& Archivio, const QString& Tabella, qint64 Fino);
 
 /// The key for a new row of a table; none where the engine gives it, or where there is no key.
-/// @throws Errore as UltimaChiaveData
+/// @throws Errore as UltimaChiaveData; 6 when the last key is the highest there can be
 [[nodiscard]] std::optional<qint64> PrimaChiaveLibera(const Database& Db, const QString& Tabella);

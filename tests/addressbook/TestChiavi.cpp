@@ -61,6 +61,9 @@ void TestChiavi::chiNonLeLegge_data()
     QTest::newRow("refused") << QByteArray("{\"clienti\": 7}") << false;
     QTest::newRow("cut off") << QByteArray("{\"clienti\": ") << true;
     QTest::newRow("empty") << QByteArray() << true;
+    QTest::newRow("a word for a key") << QByteArray("{\"clienti\": \"sette\"}") << true;
+    QTest::newRow("below all keys") << QByteArray("{\"controparti\": -3}") << true;
+    QTest::newRow("beyond all keys") << QByteArray("{\"clienti\": 9223372036854775807}") << true;
     QTest::newRow("a folder") << QByteArray("cartella") << true;
 }
 
