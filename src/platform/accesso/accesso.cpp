@@ -88,7 +88,9 @@ RapportoAccess LeggiRapporto(const QJsonObject& Risposta)
 
 [[noreturn]] void LanciaErrore(const QJsonObject& Risposta)
 {
-    const int Numero = Risposta[u"errore"_s].toInt(errori::FormatoDatabase);
+    // Whatever the answer says, it is an error of a number that there is.
+    const int Detto = Risposta[u"errore"_s].toInt(errori::FormatoDatabase);
+    const int Numero = Detto > 0 ? Detto : int(errori::FormatoDatabase);
     const QString Descrizione = TestoDi(Risposta[u"descrizione"_s]);
     if (Descrizione.isEmpty())
         throw Errore(Numero);
