@@ -43,7 +43,9 @@ std::optional<Posto> LeggiPosto(const QString& Nome)
     for (qsizetype i = 0; i < Numeri; ++i) {
         bool Buono = false;
         Valori[i] = Parti[i].toInt(&Buono);
-        if (!Buono)
+        // No screen lies farther, and sums of larger numbers are none.
+        constexpr int Massimo = 1'000'000;
+        if (!Buono || Valori[i] < -Massimo || Valori[i] > Massimo)
             return std::nullopt;
     }
     if (Valori[2] <= 0 || Valori[3] <= 0)
