@@ -393,20 +393,24 @@ std::function<double()> NellaFinestra(const QString& Quale)
 const RegistraMisura RegistrataScheda(u"change of tab, the slowest"_s, 50.0, NellaFinestra(u"scheda"_s));
 const RegistraMisura RegistrataMemoria(u"memory with one note open"_s, 80.0, NellaFinestra(u"memoria"_s),
                                        u"MB"_s);
-const RegistraMisura RegistrataInserisci(u"10,000 lines: insert one"_s, 100.0, NellaFinestra(u"inserisci"_s));
-const RegistraMisura RegistrataScrivi(u"10,000 lines: type an amount"_s, 100.0, NellaFinestra(u"scrivi"_s));
-const RegistraMisura RegistrataTaglia(u"10,000 lines: cut half of them"_s, 200.0, NellaFinestra(u"taglia"_s));
+const RegistraMisura RegistrataInserisci(u"10,000 lines: insert one"_s, 100.0, NellaFinestra(u"inserisci"_s),
+                                         60.0);
+const RegistraMisura RegistrataScrivi(u"10,000 lines: type an amount"_s, 100.0, NellaFinestra(u"scrivi"_s),
+                                      55.0);
+const RegistraMisura RegistrataTaglia(u"10,000 lines: cut half of them"_s, 200.0, NellaFinestra(u"taglia"_s),
+                                      90.0);
 const RegistraMisura RegistrataIncolla(u"10,000 lines: paste half of them"_s, 200.0,
-                                       NellaFinestra(u"incolla"_s));
-const RegistraMisura RegistrataAnnulla(u"10,000 lines: undo that cut"_s, 200.0, NellaFinestra(u"annulla"_s));
-const RegistraMisura RegistrataSposta(u"10,000 lines: drag half of them"_s, 200.0,
-                                      NellaFinestra(u"sposta"_s));
+                                       NellaFinestra(u"incolla"_s), 90.0);
+const RegistraMisura RegistrataAnnulla(u"10,000 lines: undo that cut"_s, 200.0, NellaFinestra(u"annulla"_s),
+                                       90.0);
+const RegistraMisura RegistrataSposta(u"10,000 lines: drag half of them"_s, 200.0, NellaFinestra(u"sposta"_s),
+                                      85.0);
 const RegistraMisura RegistrataRicalcola(u"10,000 lines: recompute all"_s, 200.0,
-                                         NellaFinestra(u"ricalcola"_s));
+                                         NellaFinestra(u"ricalcola"_s), 65.0);
 const RegistraMisura RegistrataControlla(u"1,000 lines: a key with the list of checks in view"_s, 16.0,
                                          NellaFinestra(u"controlla1000"_s));
 const RegistraMisura RegistrataControllaLunga(u"10,000 lines: a key with the list of checks in view"_s, 100.0,
-                                              NellaFinestra(u"controlla10000"_s));
-const RegistraMisura RegistrataSomma(u"10,000 lines: sums"_s, 100.0, NellaFinestra(u"somma"_s));
+                                              NellaFinestra(u"controlla10000"_s), 160.0);
+const RegistraMisura RegistrataSomma(u"10,000 lines: sums"_s, 100.0, NellaFinestra(u"somma"_s), 55.0);
 
 }  // namespace

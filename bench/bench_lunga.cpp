@@ -187,13 +187,13 @@ std::function<double()> DellaLunga(const QString& Quale)
     };
 }
 
-const RegistraMisura LungaApri(u"10,000 lines: open the note"_s, 1000.0, DellaLunga(u"apri"_s));
-const RegistraMisura LungaSalva(u"10,000 lines: save it, with its document"_s, 2000.0,
-                                DellaLunga(u"salva"_s));
-const RegistraMisura LungaComponi(u"10,000 lines: the print tab"_s, 1000.0, DellaLunga(u"componi"_s));
-const RegistraMisura LungaTesto(u"10,000 lines: compose as text"_s, 300.0, DellaLunga(u"testo"_s));
+const RegistraMisura LungaApri(u"10,000 lines: open the note"_s, 1000.0, DellaLunga(u"apri"_s), 55.0);
+const RegistraMisura LungaSalva(u"10,000 lines: save it, with its document"_s, 2000.0, DellaLunga(u"salva"_s),
+                                215.0);
+const RegistraMisura LungaComponi(u"10,000 lines: the print tab"_s, 1000.0, DellaLunga(u"componi"_s), 230.0);
+const RegistraMisura LungaTesto(u"10,000 lines: compose as text"_s, 300.0, DellaLunga(u"testo"_s), 80.0);
 const RegistraMisura LungaPdf(u"10,000 lines: compose, lay out and write as PDF"_s, 2000.0,
-                              DellaLunga(u"pdf"_s));
-const RegistraMisura LungaScorri(u"10,000 lines: scroll by a page"_s, 20.0, DellaLunga(u"scorri"_s));
+                              DellaLunga(u"pdf"_s), 230.0);
+const RegistraMisura LungaScorri(u"10,000 lines: scroll by a page"_s, 20.0, DellaLunga(u"scorri"_s), 55.0);
 
 }  // namespace

@@ -50,11 +50,13 @@ const RegistraMisura OrdinatiPiccolo(u"search: 100,000 sorted names, none found"
                                      [] { return SenzaEsito(100'000, Ordinati, false); });
 const RegistraMisura AncoraPiccolo(u"search: 100,000 sorted names, again"_s, 50.0,
                                    [] { return SenzaEsito(100'000, Ordinati, true); });
-const RegistraMisura PrimaGrande(u"search: 1,000,000 names, none found"_s, 300.0,
-                                 [] { return SenzaEsito(1'000'000, {}, false); });
-const RegistraMisura OrdinatiGrande(u"search: 1,000,000 sorted names, none found"_s, 300.0,
-                                    [] { return SenzaEsito(1'000'000, Ordinati, false); });
-const RegistraMisura AncoraGrande(u"search: 1,000,000 sorted names, again"_s, 300.0,
-                                  [] { return SenzaEsito(1'000'000, Ordinati, true); });
+const RegistraMisura PrimaGrande(
+    u"search: 1,000,000 names, none found"_s, 300.0, [] { return SenzaEsito(1'000'000, {}, false); }, 60.0);
+const RegistraMisura OrdinatiGrande(
+    u"search: 1,000,000 sorted names, none found"_s, 300.0,
+    [] { return SenzaEsito(1'000'000, Ordinati, false); }, 90.0);
+const RegistraMisura AncoraGrande(
+    u"search: 1,000,000 sorted names, again"_s, 300.0, [] { return SenzaEsito(1'000'000, Ordinati, true); },
+    80.0);
 
 }  // namespace

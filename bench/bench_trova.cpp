@@ -121,7 +121,7 @@ double PrimaVolta()
     }
     return Mediana(std::move(Durate));
 }
-const RegistraMisura RegistrataPrima(u"finder: 10,000 notes, first time"_s, 2000.0, PrimaVolta);
+const RegistraMisura RegistrataPrima(u"finder: 10,000 notes, first time"_s, 2000.0, PrimaVolta, 50.0);
 
 double Ancora()
 {
@@ -131,7 +131,7 @@ double Ancora()
         Durate.append(Elenca([](const ElencoTrova&) { return false; }));
     return Mediana(std::move(Durate));
 }
-const RegistraMisura RegistrataAncora(u"finder: the same 10,000 again"_s, 200.0, Ancora);
+const RegistraMisura RegistrataAncora(u"finder: the same 10,000 again"_s, 200.0, Ancora, 40.0);
 
 double Interrompi()
 {
@@ -190,6 +190,6 @@ double Aperto()
     Consuma(Somma);
     return Durata;
 }
-const RegistraMisura RegistrataAperto(u"finder: what is open of 10,000 invoices"_s, 50.0, Aperto);
+const RegistraMisura RegistrataAperto(u"finder: what is open of 10,000 invoices"_s, 50.0, Aperto, 20.0);
 
 }  // namespace

@@ -91,18 +91,29 @@ QString Quantita(double Valore, const QString& Unita)
     return QString::number(Valore, 'f', Valore < 10.0 ? 2 : 0) + u' ' + Unita;
 }
 
-QString Esito(const Misura& M, double Valore)
+QString Esito(const Misura& M, double Valore, double Mega)
 {
     if (std::isnan(Valore))
         return u"not measurable here"_s;
+    if (M.MassimiMega > 0.0 && Mega > M.MassimiMega)
+        return u"over in memory"_s;
     return Valore <= M.Obiettivo ? u"PASS"_s : u"over"_s;
+}
+
+/// "37 of 50 MB".
+QString Memoria(const Misura& M, double Mega)
+{
+    const QString Avuta = Quantita(Mega, u"MB"_s);
+    return M.MassimiMega > 0.0 && !std::isnan(Mega)
+               ? QString::number(Mega, 'f', 0) + u" of "_s + Quantita(M.MassimiMega, u"MB"_s)
+               : Avuta;
 }
 
 void ScriviRiga(const QString& Cosa, const QString& Obiettivo, const QString& Misurato,
                 const QString& Memoria, const QString& Esito)
 {
     const QString Riga = Cosa.leftJustified(60) + Obiettivo.rightJustified(12) + Misurato.rightJustified(12) +
-                         Memoria.rightJustified(12) + u"  "_s + Esito + u'\n';
+                         Memoria.rightJustified(15) + u"  "_s + Esito + u'\n';
     std::fputs(Riga.toUtf8().constData(), stdout);
     std::fflush(stdout);  // the row is seen when it is known, also through a pipe
 }
@@ -127,21 +138,26 @@ void Tabella(const QString& Filtro)
         if (!M.Cosa.contains(Filtro, Qt::CaseInsensitive))
             continue;
         MassimoDeiRuoli = 0.0;
-        const Crescita Memoria;
+        const Crescita Cresciuta;
         const double Valore = M.Esegui();
-        const double Mega = std::max(Memoria.Megabyte(), MassimoDeiRuoli);
-        ScriviRiga(M.Cosa, Quantita(M.Obiettivo, M.Unita), Quantita(Valore, M.Unita), Quantita(Mega, u"MB"_s),
-                   Esito(M, Valore));
+        const double Mega = std::max(Cresciuta.Megabyte(), MassimoDeiRuoli);
+        ScriviRiga(M.Cosa, Quantita(M.Obiettivo, M.Unita), Quantita(Valore, M.Unita), Memoria(M, Mega),
+                   Esito(M, Valore, Mega));
     }
 }
 
 }  // namespace
 
 RegistraMisura::RegistraMisura(const QString& Cosa, double Obiettivo, std::function<double()> Esegui,
-                               const QString& Unita)
+                               const QString& Unita, double MassimiMega)
 {
-    Misure().append({Cosa, Obiettivo, std::move(Esegui), Unita});
+    Misure().append({Cosa, Obiettivo, std::move(Esegui), Unita, MassimiMega});
 }
+
+RegistraMisura::RegistraMisura(const QString& Cosa, double Obiettivo, std::function<double()> Esegui,
+                               double MassimiMega)
+    : RegistraMisura(Cosa, Obiettivo, std::move(Esegui), QStringLiteral("ms"), MassimiMega)
+{}
 
 RegistraRuolo::RegistraRuolo(const QString& Nome, std::function<int(int&, char**)> Esegui)
 {

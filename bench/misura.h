@@ -20,13 +20,17 @@ struct Misura
     std::function<double()>
         Esegui;  ///< the quantity, not a number where the machine does not let it be measured
     QString Unita;
+    double MassimiMega = 0.0;  ///< of memory; 0: no limit
 };
 
 /// Adds a measure to the table; stands as a static object below its function.
 struct RegistraMisura
 {
+    /// @param MassimiMega what it may hold of memory at most, in MB; 0: no limit
     RegistraMisura(const QString& Cosa, double Obiettivo, std::function<double()> Esegui,
-                   const QString& Unita = QStringLiteral("ms"));
+                   const QString& Unita = QStringLiteral("ms"), double MassimiMega = 0.0);
+    /// The same of a time.
+    RegistraMisura(const QString& Cosa, double Obiettivo, std::function<double()> Esegui, double MassimiMega);
 };
 
 /// A role that the benchmark plays as a process of its own, named by the first argument of its command line.
