@@ -3,6 +3,7 @@
 #include "fonte.h"
 
 #include "core/impostazioni.h"
+#include "core/modAvvio.h"
 #include "core/parametri.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
@@ -10,6 +11,8 @@
 
 #include <QFile>
 #include <QMap>
+
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -36,6 +39,15 @@ void Prova(const QByteArray& Dati)
     (void)Posa(u"config/Calcanova/KR5.ini"_s, Dati);
 
     const QMap<QString, QString> Prima = Tutte();
+    // The start reads every key into the session, whatever it says, and stays within what the program reckons
+    // with.
+    ImpostaVariabili();
+    Pretendi(std::isfinite(sessione::CP) && std::isfinite(sessione::IVA) && std::isfinite(sessione::RA));
+    for (const QString& Cartella : {sessione::UserFolder, sessione::PercorsoProg})
+        Pretendi(!Cartella.contains(QChar(0)));
+    (void)AvvisaImpostazioniGuaste();
+    AzzeraSessione();
+    sessione::PercorsoProg = CartellaCostruita();
     Pretendi(Contenuto(File) == Dati);
     const QString Valore = u"à, \"due\"; @Variant(tre) \\ =%"_s;
     if (!Riesce([&] { SaveSetting(u"KR5"_s, u"Parametri"_s, u"StudioNome"_s, Valore); }))

@@ -5,8 +5,13 @@
 #include "feenote/file/colonne.h"
 #include "feenote/file/modDescrizione.h"
 #include "feenote/file/modLettura.h"
+#include "feenote/file/modMultipla.h"
 #include "feenote/file/modPosaFile.h"
+#include "feenote/file/modRecupero.h"
+#include "feenote/file/modSalvataggio.h"
 #include "platform/database/primariga.h"
+
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -44,6 +49,24 @@ void Prova(const QByteArray& Dati)
     Pretendi(Nota.Percorso.isEmpty() != Letta);
     Pretendi(Letta || (Nota.xOnorari.Vuota() && Nota.xDiritti.Vuota() && Nota.xAcconti.Vuota()));
     Pretendi(!Nota.Modificata && !Nota.RicalcoloNecessario);
+
+    // The other roads to the same file: as the second of two notes, as what a lost session has left, as what
+    // it keeps of its invoice by now.
+    Riesce([&] {
+        const NotaAssociata Altra = LeggiMulti(File);
+        Pretendi(std::isfinite(Altra.TotOnorariMulti) && Altra.Illeggibili >= 0);
+    });
+    Parcella Persa;
+    CopiaRecupero Copia;
+    Copia.File = File;
+    Copia.Percorso = u"/note/causa.mdb"_s;
+    Copia.Nome = u"causa"_s;
+    if (Riesce([&] { RecuperaNota(Persa, Copia); }))
+        Pretendi(Persa.Modificata && Persa.Percorso == Copia.Percorso && Persa.Nome == Copia.Nome);
+    else
+        Pretendi(Persa.Percorso.isEmpty());
+    Persa.Percorso = File;
+    Riesce([&] { (void)FatturaNelFile(Persa); });
 
     // A password that cannot be decoded comes as it stands, however long.
     Riesce([&] { (void)LeggiPsw(File); });

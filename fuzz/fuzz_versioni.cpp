@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool NomePiano(const QString& Nome)
+bool NomeSemplice(const QString& Nome)
 {
     return !Nome.contains(u'/') && !Nome.contains(u'\\') && !Nome.startsWith(u'.') && Nome.size() <= 100;
 }
@@ -25,7 +25,7 @@ void Prova(const QByteArray& Dati)
     for (const QChar Segno : Lette.Nota)
         Pretendi(Segno.category() != QChar::Other_Control);
     for (const FileElencato& File : Lette.File) {
-        Pretendi(NomePiano(File.Nome) && File.Byte >= 0 && File.Sha256.size() == 32);
+        Pretendi(NomeSemplice(File.Nome) && File.Byte >= 0 && File.Sha256.size() == 32);
         Pretendi(Lette.Elencato(File.Nome) != nullptr);
         // The line is written as it is read.
         const Versioni Ancora = LeggiVersioni("\n\n\n" + RigaElenco(File).toLatin1());
