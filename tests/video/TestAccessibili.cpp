@@ -211,7 +211,7 @@ void TestAccessibili::sulBus_data()
     Riga("controllo di una fattura",
          u"fattura;clic cmdControllaXml;aperta Controlla;digita $CASA/guasta.xml;premi Return"_s,
          u"frmControlloFattura"_s);
-    for (const Modulo& Calcolo : Calcolatrici)
+    for (const Modulo& Calcolo : Calcolatrici())
         Riga(Calcolo.Nome, u"nota;premi "_s + QString::fromUtf8(Calcolo.Tasti), {});
     const QString Termini = u"nota;premi ctrl+shift+t;finestra frmTermini;digita 01072026;premi Return;"
                             "digita 60;premi Return Return Return Return Return Return;vede cmdStrada;"_s;
@@ -240,8 +240,7 @@ void TestAccessibili::sulBus_data()
     Riga("documenti", u"nota;premi ctrl+shift+d"_s, u"frmDocumenti"_s);
     Riga("guida", u"nota;premi F1"_s, u"frmWeb"_s);
     Riga("ricerca nella guida", u"nota;premi F1;finestra frmWeb;premi ctrl+f"_s, u"frmWeb"_s);
-    Riga("aggiornamento", u"scrivania;clic %1"_s.arg(QString::fromLatin1(IconaAggiornamento)),
-         u"frmUpgrade"_s);
+    Riga("aggiornamento", u"scrivania;clic %1"_s.arg(IconaAggiornamento()), u"frmUpgrade"_s);
     Riga("domanda", u"nota;digita Rossi;premi ctrl+w"_s, {});
 }
 

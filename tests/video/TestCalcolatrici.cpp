@@ -52,7 +52,7 @@ void TestCalcolatrici::Apri(const Modulo& Quale)
 
 void TestCalcolatrici::termini()
 {
-    Apri(Calcolatrici[0]);
+    Apri(Calcolatrici()[0]);
     ATTENDI(u"fuoco"_s, "mskDecorr");
     P->Digita(u"01072026"_s);
     P->Premi(u"Return"_s);
@@ -70,7 +70,7 @@ void TestCalcolatrici::termini()
 
 void TestCalcolatrici::sequenziali()
 {
-    Apri(Calcolatrici[1]);
+    Apri(Calcolatrici()[1]);
     ATTENDI(u"fuoco"_s, "cmbArticolo");
     P->Premi(u"Return"_s);
     P->Digita(u"01072026"_s);
@@ -82,7 +82,7 @@ void TestCalcolatrici::sequenziali()
 
 void TestCalcolatrici::interessi()
 {
-    Apri(Calcolatrici[2]);
+    Apri(Calcolatrici()[2]);
     ATTENDI(u"fuoco"_s, "cmbInteressi");
     P->Premi(u"Return"_s);
     P->Digita(u"1000"_s);
@@ -99,7 +99,7 @@ void TestCalcolatrici::interessi()
 
 void TestCalcolatrici::istat()
 {
-    Apri(Calcolatrici[3]);
+    Apri(Calcolatrici()[3]);
     ATTENDI(u"fuoco"_s, "mskDataIni");
     P->Digita(u"010112"_s);
     P->Premi(u"Return"_s);
@@ -128,13 +128,13 @@ void TestCalcolatrici::istat()
     ATTENDI(u"messaggio"_s, "");
     P->Fotografa(u"istat_aggiornamento"_s);
     P->Premi(u"Escape"_s);
-    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[3].Titolo)), qPrintable(P->Stato()));
+    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici()[3].Titolo)), qPrintable(P->Stato()));
     ATTENDI(u"messaggio"_s, "");
 }
 
 void TestCalcolatrici::codiceFiscale()
 {
-    Apri(Calcolatrici[4]);
+    Apri(Calcolatrici()[4]);
     ATTENDI(u"fuoco"_s, "txtCognome");
     P->Digita(u"Rossi"_s);
     P->Premi(u"Return"_s);
@@ -154,7 +154,7 @@ void TestCalcolatrici::codiceFiscale()
 // The message takes the focus and gives it back; the list comes with it, and its row can be taken.
 void TestCalcolatrici::comuneSenzaAccento()
 {
-    Apri(Calcolatrici[4]);
+    Apri(Calcolatrici()[4]);
     P->Premi(QStringList(4, u"Tab"_s));
     ATTENDI(u"fuoco"_s, "txtComune");
     P->Digita(u"cantu"_s);
@@ -169,7 +169,7 @@ void TestCalcolatrici::comuneSenzaAccento()
 
 void TestCalcolatrici::comuneSegnatoELasciato()
 {
-    Apri(Calcolatrici[4]);
+    Apri(Calcolatrici()[4]);
     P->Premi(QStringList(4, u"Tab"_s));
     P->Digita(u"reggio"_s);
     ATTENDI(u"popup"_s, "lstComuni");
@@ -179,7 +179,7 @@ void TestCalcolatrici::comuneSegnatoELasciato()
 
 void TestCalcolatrici::contributo()
 {
-    Apri(Calcolatrici[5]);
+    Apri(Calcolatrici()[5]);
     ATTENDI(u"fuoco"_s, "txtValore_0");
     P->Digita(u"1100,005"_s);
     P->Premi(u"Return"_s);
@@ -211,7 +211,7 @@ void TestCalcolatrici::elencoSchedaTabella_data()
     QTest::addColumn<QString>("Stampa");
     const auto Riga = [](int Indice, const char* Gesti, const char* Risultato, const char* Contiene,
                          const char* Copia, const char* Stampa = "ctrl+p") {
-        QTest::newRow(Calcolatrici[Indice].Nome)
+        QTest::newRow(Calcolatrici()[Indice].Nome)
             << Indice << QString::fromUtf8(Gesti) << QString::fromUtf8(Risultato)
             << QString::fromUtf8(Contiene) << QString::fromUtf8(Copia) << QString::fromUtf8(Stampa);
     };
@@ -237,9 +237,9 @@ void TestCalcolatrici::elencoSchedaTabella()
     QFETCH(QString, Contiene);
     QFETCH(QString, Copia);
     QFETCH(QString, Stampa);
-    const QString Titolo = QString::fromUtf8(Calcolatrici[Indice].Titolo);
+    const QString Titolo = QString::fromUtf8(Calcolatrici()[Indice].Titolo);
     const auto Calcolato = [&] { return P->Testo(Risultato).contains(Contiene); };
-    Apri(Calcolatrici[Indice]);
+    Apri(Calcolatrici()[Indice]);
     Compi(Gesti);
     ATTENDI_CHE(Calcolato());
     for (const bool ColMouse : {false, true}) {
@@ -250,7 +250,7 @@ void TestCalcolatrici::elencoSchedaTabella()
         ATTENDI(u"fuoco"_s, "tdbCalcoli");
         ATTENDI_CHE(!P->TestoCella(u"tdbCalcoli"_s, 0, 0).isEmpty());
         QVERIFY2(P->TestoCella(u"tdbCalcoli"_s, 1, 0).isEmpty(), "il calcolo è in elenco una volta");
-        P->Fotografa(u"ultimi_"_s + QString::fromUtf8(Calcolatrici[Indice].Nome));
+        P->Fotografa(u"ultimi_"_s + QString::fromUtf8(Calcolatrici()[Indice].Nome));
         if (ColMouse)
             P->Clic(P->Cella(u"tdbCalcoli"_s, 0, 0), 2);
         else
@@ -267,7 +267,7 @@ void TestCalcolatrici::elencoSchedaTabella()
     // The sheet.
     P->Premi(Stampa);
     ATTENDI(u"finestra"_s, "frmPrint");
-    P->Fotografa(u"scheda_"_s + QString::fromUtf8(Calcolatrici[Indice].Nome));
+    P->Fotografa(u"scheda_"_s + QString::fromUtf8(Calcolatrici()[Indice].Nome));
     P->Premi(u"Escape"_s);
     QVERIFY2(P->Aperta(Titolo), qPrintable(P->Stato()));
     // A name, and out of the list.

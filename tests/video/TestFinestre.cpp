@@ -80,9 +80,10 @@ void TestFinestre::dallaScrivania_data()
 {
     QTest::addColumn<QString>("Icona");
     QTest::addColumn<QString>("Titolo");
-    for (const auto& [Icona, Quale] : {std::pair{3, 0}, {4, 1}, {5, 2}, {6, 3}, {7, 4}, {8, 5}})
-        QTest::newRow(Calcolatrici[Quale].Nome)
-            << u"imgMenu_%1"_s.arg(Icona) << QString::fromUtf8(Calcolatrici[Quale].Titolo);
+    for (const NomiCalcolatrice& Una : TabellaCalcolatrici) {
+        const Modulo& Sua = Calcolatrici()[size_t(Una.Quale)];
+        QTest::newRow(Sua.Nome) << IconaDi(Una.Comando) << QString::fromUtf8(Sua.Titolo);
+    }
 }
 
 void TestFinestre::dallaScrivania()
@@ -164,8 +165,8 @@ void TestFinestre::pannelloRiaperto()
 void TestFinestre::stampaDiUnCalcolo()
 {
     QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
-    P->Premi(QString::fromLatin1(Calcolatrici[0].Tasti));
-    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[0].Titolo)), qPrintable(P->Stato()));
+    P->Premi(QString::fromLatin1(Calcolatrici()[0].Tasti));
+    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici()[0].Titolo)), qPrintable(P->Stato()));
     P->Digita(u"01072026"_s);
     P->Premi(u"Return"_s);
     P->Digita(u"60"_s);
@@ -176,7 +177,7 @@ void TestFinestre::stampaDiUnCalcolo()
     QVERIFY2(P->Aperta(u"Stampa documento"_s), qPrintable(P->Stato()));
     ATTENDI(u"fuoco"_s, "fogliStampa");
     P->Premi(u"Escape"_s);
-    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[0].Titolo)), qPrintable(P->Stato()));
+    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici()[0].Titolo)), qPrintable(P->Stato()));
     QTRY_COMPARE(P->Fuoco(), Prima);
     QVERIFY(!P->Testo(u"lblRisult"_s).isEmpty());
 }

@@ -132,9 +132,8 @@ void TestInvio::faQuelCheDiceIlBottone_data()
          u"dice Inserire il testo da cercare!"_s);
     Riga("documenti", u"nota;premi ctrl+shift+d;finestra frmDocumenti"_s, {},
          u"dice Nessun programma di questo computer apre"_s);
-    Riga("aggiornamento",
-         u"scrivania;clic %1;finestra frmUpgrade"_s.arg(QString::fromLatin1(IconaAggiornamento)),
-         u"cmdFile"_s, u"aperta Scegli l'elenco delle versioni"_s);
+    Riga("aggiornamento", u"scrivania;clic %1;finestra frmUpgrade"_s.arg(IconaAggiornamento()), u"cmdFile"_s,
+         u"aperta Scegli l'elenco delle versioni"_s);
     Riga("vecchie tariffe", u"scrivania;clic imgMenu_1;davanti 1"_s, u"OK"_s, u"finestra frmStudio"_s);
 }
 

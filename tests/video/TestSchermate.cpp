@@ -112,15 +112,15 @@ void TestSchermate::moduloPieno()
     QFETCH(QStringList, Scritti);
     P = std::make_unique<Programma>();
     QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
-    P->Premi(QString::fromUtf8(Calcolatrici[Quale].Tasti));
-    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[Quale].Titolo)), qPrintable(P->Stato()));
+    P->Premi(QString::fromUtf8(Calcolatrici()[Quale].Tasti));
+    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici()[Quale].Titolo)), qPrintable(P->Stato()));
     for (const QString& Scritto : Scritti) {
         if (!Scritto.isEmpty())
             P->Digita(Scritto);
         P->Premi(u"Return"_s);
     }
     QCOMPARE(P->Messaggio(), QString());
-    Guarda(QString::fromUtf8(Calcolatrici[Quale].Nome) + u"_calcolato"_s);
+    Guarda(QString::fromUtf8(Calcolatrici()[Quale].Nome) + u"_calcolato"_s);
 }
 
 void TestSchermate::scrivania()
@@ -236,8 +236,8 @@ void TestSchermate::stampaDiUnCalcolo()
 {
     P = std::make_unique<Programma>();
     QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
-    P->Premi(QString::fromUtf8(Calcolatrici[0].Tasti));
-    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[0].Titolo)), qPrintable(P->Stato()));
+    P->Premi(QString::fromUtf8(Calcolatrici()[0].Tasti));
+    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici()[0].Titolo)), qPrintable(P->Stato()));
     P->Digita(u"01072026"_s);
     P->Premi(u"Return"_s);
     P->Digita(u"60"_s);
@@ -277,7 +277,7 @@ void TestSchermate::aggiornamento()
 {
     P = std::make_unique<Programma>();
     QVERIFY2(P->AllaScrivania(), qPrintable(P->Stato()));
-    P->Clic(QString::fromLatin1(IconaAggiornamento));
+    P->Clic(IconaAggiornamento());
     QVERIFY2(P->Aperta(QString::fromUtf8(Aggiornamento.Titolo)), qPrintable(P->Stato()));
     Guarda(QString::fromUtf8(Aggiornamento.Nome));
 }
@@ -419,7 +419,7 @@ void TestSchermate::normeVigenti_data()
 {
     QTest::addColumn<int>("Quale");
     for (const int Quale : {0, 1, 2, 5})
-        QTest::newRow(Calcolatrici[Quale].Nome) << Quale;
+        QTest::newRow(Calcolatrici()[Quale].Nome) << Quale;
 }
 
 /// The calculators that have a choice, with the norms in force.
@@ -428,9 +428,9 @@ void TestSchermate::normeVigenti()
     QFETCH(int, Quale);
     P = std::make_unique<Programma>(QStringList{}, u"norme=vigenti\n"_s);
     QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
-    P->Premi(QString::fromUtf8(Calcolatrici[Quale].Tasti));
-    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[Quale].Titolo)), qPrintable(P->Stato()));
-    Guarda(QString::fromUtf8(Calcolatrici[Quale].Nome) + u"_vigenti"_s);
+    P->Premi(QString::fromUtf8(Calcolatrici()[Quale].Tasti));
+    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici()[Quale].Titolo)), qPrintable(P->Stato()));
+    Guarda(QString::fromUtf8(Calcolatrici()[Quale].Nome) + u"_vigenti"_s);
 }
 
 /// The catalogue, a term of it and a chain, the road, the entry for a calendar.
@@ -438,8 +438,8 @@ void TestSchermate::termineESuaStrada()
 {
     P = std::make_unique<Programma>(QStringList{}, u"norme=vigenti\n"_s);
     QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
-    P->Premi(QString::fromUtf8(Calcolatrici[0].Tasti));
-    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[0].Titolo)), qPrintable(P->Stato()));
+    P->Premi(QString::fromUtf8(Calcolatrici()[0].Tasti));
+    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici()[0].Titolo)), qPrintable(P->Stato()));
     P->Digita(u"20072026"_s);
     const std::pair<QString, QString> Scelti[] = {{u"termine"_s, u"325 appello"_s}, {u"catena"_s, {}}};
     for (const auto& [Nome, Cercato] : Scelti) {
@@ -449,7 +449,7 @@ void TestSchermate::termineESuaStrada()
             P->Digita(Cercato);
         Guarda(u"ricorrenti_"_s + Nome);
         P->Premi(u"Return"_s);
-        QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[0].Titolo)), qPrintable(P->Stato()));
+        QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici()[0].Titolo)), qPrintable(P->Stato()));
         ATTENDI_CHE(!P->Testo(u"lblRisult"_s).isEmpty());
         Guarda(u"termini_"_s + Nome);
         P->Premi(u"ctrl+d"_s);
@@ -457,12 +457,12 @@ void TestSchermate::termineESuaStrada()
         ATTENDI(u"fuoco"_s, "tdbStrada");
         Guarda(u"strada_"_s + Nome);
         P->Premi(u"Escape"_s);
-        QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[0].Titolo)), qPrintable(P->Stato()));
+        QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici()[0].Titolo)), qPrintable(P->Stato()));
         P->Premi(u"ctrl+g"_s);
         ATTENDI(u"finestra"_s, "frmAgenda");
         Guarda(u"agenda_"_s + Nome);
         P->Premi(u"Escape"_s);
-        QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[0].Titolo)), qPrintable(P->Stato()));
+        QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici()[0].Titolo)), qPrintable(P->Stato()));
     }
 }
 

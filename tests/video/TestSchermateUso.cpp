@@ -52,8 +52,8 @@ void TestSchermateUso::ApriCalcolatrice(int Quale, const QString& Righe)
 {
     P = std::make_unique<Programma>(QStringList{}, Righe);
     QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
-    P->Premi(QString::fromLatin1(Calcolatrici[Quale].Tasti));
-    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[Quale].Titolo)), qPrintable(P->Stato()));
+    P->Premi(QString::fromLatin1(Calcolatrici()[Quale].Tasti));
+    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici()[Quale].Titolo)), qPrintable(P->Stato()));
 }
 
 /// The list on the print tab, and the mark of an amount in the grid of the lines.
@@ -211,8 +211,8 @@ void TestSchermateUso::contributoPortato()
     P = std::make_unique<Programma>();
     QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
     QVERIFY2(P->CompilaDatiBase(), qPrintable(P->Stato()));
-    P->Premi(QString::fromLatin1(Calcolatrici[5].Tasti));
-    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[5].Titolo)), qPrintable(P->Stato()));
+    P->Premi(QString::fromLatin1(Calcolatrici()[5].Tasti));
+    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici()[5].Titolo)), qPrintable(P->Stato()));
     P->Digita(u"30000"_s);
     P->Premi({u"Tab"_s, u"Tab"_s, u"Return"_s});
     ATTENDI_CHE(P->Testo(u"lblPortata"_s).startsWith(u"Portato in "));

@@ -314,8 +314,8 @@ void TestStrade::termineRicorrente()
 {
     P = std::make_unique<Programma>(QStringList{}, u"norme=vigenti\n"_s);
     QVERIFY2(P->NuovaParcella(), qPrintable(P->Stato()));
-    P->Premi(QString::fromLatin1(Calcolatrici[0].Tasti));
-    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[0].Titolo)), qPrintable(P->Stato()));
+    P->Premi(QString::fromLatin1(Calcolatrici()[0].Tasti));
+    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici()[0].Titolo)), qPrintable(P->Stato()));
     ATTENDI(u"fuoco"_s, "mskDecorr");
     P->Digita(u"20072026"_s);
     P->Premi(u"ctrl+t"_s);
@@ -324,7 +324,7 @@ void TestStrade::termineRicorrente()
     P->Digita(u"325 appello"_s);
     P->Fotografa(u"termine_cercato"_s);
     P->Premi(u"Return"_s);
-    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[0].Titolo)), qPrintable(P->Stato()));
+    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici()[0].Titolo)), qPrintable(P->Stato()));
     ATTENDI(u"testo lblRisult"_s, "La scadenza è Lunedì,  21 Settembre  2026\\n(Posticipata)");
     QVERIFY2(P->Testo(u"lblTermine"_s).contains(u"325"), qPrintable(P->Testo(u"lblTermine"_s)));
     const QString Prima = P->Fuoco();
@@ -340,7 +340,7 @@ void TestStrade::termineRicorrente()
     P->Premi(u"ctrl+c"_s);
     QTRY_VERIFY2(Appunti().contains(u"Settembre"), qPrintable(Appunti()));
     P->Premi(u"Escape"_s);
-    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici[0].Titolo)), qPrintable(P->Stato()));
+    QVERIFY2(P->Aperta(QString::fromUtf8(Calcolatrici()[0].Titolo)), qPrintable(P->Stato()));
     QTRY_COMPARE(P->Fuoco(), Prima);
 }
 

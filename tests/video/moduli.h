@@ -4,33 +4,60 @@
 #include "programma.h"
 
 #include "calculators/calcolatrici.h"
+#include "core/comandi.h"
 
-#include <iterator>
+#include <QFile>
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <vector>
 
 struct Modulo
 {
-    const char* Nome;    ///< of the picture and of the file of its focus order
-    const char* Tasti;   ///< as the display server names them
-    const char* Titolo;  ///< how its title begins
+    QByteArray Nome;    ///< of the picture and of the file of its focus order
+    QByteArray Tasti;   ///< as the display server names them
+    QByteArray Titolo;  ///< how its title begins
 };
 
-inline constexpr Modulo Calcolatrici[] = {
-    {"termini", "ctrl+shift+t", "Calcanova - Computo termini"},
-    {"sequenziali", "ctrl+shift+s", "Calcolo dei termini sequenziali"},
-    {"interessi", "ctrl+shift+i", "Calcolo interessi"},
-    {"istat", "ctrl+shift+v", "Calcolo rivalutazione Istat"},
-    {"codfis", "ctrl+shift+f", "Calcolo del codice fiscale"},
-    {"contributo", "ctrl+shift+c", "Calcolo contributo unificato"},
-};
-static_assert(std::size(Calcolatrici) == TabellaCalcolatrici.size());
+/// The calculators in their order: the command line's name, the keys of the command, the title as it is
+/// drawn.
+inline const std::vector<Modulo>& Calcolatrici()
+{
+    static const std::vector<Modulo> Tutte = [] {
+        static const QRegularExpression Scritto(QStringLiteral("name=\"windowTitle\"><string>([^<(]*)"));
+        std::vector<Modulo> Fatte;
+        for (const NomiCalcolatrice& Una : TabellaCalcolatrici) {
+            const auto Riga = std::ranges::find(Comandi(), Una.Comando, &Comando::Parola);
+            QFile Modello(
+                SorgenteDiProva(QStringLiteral("src/calculators/windows/%1.ui").arg(Riga->Finestra)));
+            if (!Modello.open(QIODevice::ReadOnly))
+                qFatal("%s", qPrintable(Modello.fileName()));
+            const auto Titolo = Scritto.match(QString::fromUtf8(Modello.readAll()));
+            Fatte.push_back(
+                {Una.DaRiga.toUtf8(), Riga->Tasti.toUtf8().toLower(), Titolo.captured(1).trimmed().toUtf8()});
+        }
+        return Fatte;
+    }();
+    return Tutte;
+}
 
-inline constexpr Modulo Impostazioni{"impostazioni", "ctrl+shift+p",
-                                     "Calcanova - Personalizzazione programma"};
-inline constexpr Modulo Trova{"trova", "ctrl+o", "Apri da parcelle salvate"};
-inline constexpr Modulo ElencoDocumenti{"documenti", "ctrl+shift+d", "Documentazione normativa"};
+/// The icon of a command on the desktop.
+inline QString IconaDi(QStringView Parola)
+{
+    const auto Icone = ComandiDellaScrivania();
+    return QStringLiteral("imgMenu_%1")
+        .arg(std::ranges::find(Icone, Parola, &Comando::Parola) - Icone.begin());
+}
+
+inline const Modulo Impostazioni{"impostazioni", "ctrl+shift+p", "Calcanova - Personalizzazione programma"};
+inline const Modulo Trova{"trova", "ctrl+o", "Apri da parcelle salvate"};
+inline const Modulo ElencoDocumenti{"documenti", "ctrl+shift+d", "Documentazione normativa"};
 /// No key opens it: the icon of the desktop does, and Yes to the question of a calculation.
-inline constexpr Modulo Aggiornamento{"aggiornamento", "", "Aggiornamento programma ed archivi"};
-inline constexpr const char* IconaAggiornamento = "imgMenu_13";
+inline const Modulo Aggiornamento{"aggiornamento", "", "Aggiornamento programma ed archivi"};
+inline QString IconaAggiornamento()
+{
+    return IconaDi(u"upgrade");
+}
 
 /// Rows of every window that a key opens.
 inline void RigheModuli()
@@ -42,7 +69,7 @@ inline void RigheModuli()
         QTest::newRow(Finestra.Nome) << QString::fromUtf8(Finestra.Nome) << QString::fromUtf8(Finestra.Tasti)
                                      << QString::fromUtf8(Finestra.Titolo);
     };
-    for (const Modulo& Calcolo : Calcolatrici)
+    for (const Modulo& Calcolo : Calcolatrici())
         Aggiungi(Calcolo);
     Aggiungi(Impostazioni);
     Aggiungi(Trova);

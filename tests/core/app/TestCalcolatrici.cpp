@@ -139,9 +139,15 @@ void TestCalcolatrici::ognunaHaTuttoIlSuo()
     Chiede(Testo(u"pacchetto/calcanova-cli.1"_s).contains(u"\n.BI \"%1 "_s.arg(DaRiga)),
            u"pacchetto/calcanova-cli.1: its command"_s);
     Chiede(Testo(u"docs/cli.md"_s).contains(u"\n| `%1 "_s.arg(DaRiga)), u"docs/cli.md: its command"_s);
-    Chiede(Testo(u"tests/video/moduli.h"_s).contains(u"{\"%1\", "_s.arg(DaRiga)),
-           u"tests/video/moduli.h: its row"_s);
-    Chiede(QFile::exists(SorgenteDiProva(u"tests/video/ordine/%1.txt"_s.arg(DaRiga))),
+    Chiede(Testo(Guida + u"frmStudio.txt"_s).contains(Riga->Icona.Etichetta),
+           Guida + u"frmStudio.txt: its icon"_s);
+    Chiede(Testo(Guida + u"frmMain.txt"_s).contains(Riga->Pulsante.Scritta),
+           Guida + u"frmMain.txt: its button"_s);
+    Chiede(Testo(Guida + u"rigadicomando.txt"_s).contains(DaRiga),
+           Guida + u"rigadicomando.txt: its command"_s);
+    Chiede(Testo(u"tests/cli/TestCalcoli.cpp"_s).contains(u" u\"%1 "_s.arg(DaRiga)),
+           u"tests/cli/TestCalcoli.cpp: figures of its command"_s);
+    Chiede(Testo(u"tests/video/ordine/%1.txt"_s.arg(DaRiga)).contains(u"\n\n"),
            u"tests/video/ordine: where Tab and Enter lead in it"_s);
     QVERIFY2(Mancano.isEmpty(), qPrintable(u'\n' + Mancano.join(u'\n')));
 }
