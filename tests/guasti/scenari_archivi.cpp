@@ -4,6 +4,7 @@
 #include "addressbook/exchange/annullo.h"
 #include "addressbook/exchange/colonneimporta.h"
 #include "addressbook/exchange/importa.h"
+#include "addressbook/modColonneFattura.h"
 #include "compagna/archivio.h"
 #include "core/sessione.h"
 #include "feenote/companion/modPV2.h"
@@ -187,6 +188,35 @@ Trovato GuardaFatture(const Posto& Dove, const Uscita&)
     }
 }
 
+/// An archive from before the electronic invoice, whose tables get their columns together.
+const QByteArray& SenzaColonne()
+{
+    static const QByteArray Byte = [] {
+        const QString File = NuovaCartella() + u"DatiStudio.mdb"_s;
+        Posa(File, Archivio());
+        const Database Db = OpenDatabase(File);
+        for (const QString& Tabella : {u"clienti"_s, u"controparti"_s})
+            for (const QString& Colonna : {u"Pec"_s, u"CodDestinatario"_s})
+                Db.Execute(u"ALTER TABLE %1 DROP COLUMN %2"_s.arg(Tabella, Colonna));
+        return Contenuto(File);
+    }();
+    return Byte;
+}
+
+Trovato GuardaColonne(const Posto& Dove, const Uscita&)
+{
+    return GuardaArchivio(Dove, [](const Database& Db, int Quanti) {
+        const auto Mancano = [&Db](const QString& Tabella) {
+            return ColonneFatturaMancanti(Db.Campi(Tabella)).size();
+        };
+        if (Quanti != Clienti || Mancano(u"clienti"_s) != Mancano(u"controparti"_s))
+            return Trovato::Rotto;
+        return Mancano(u"clienti"_s) == 0   ? Trovato::Nuovo
+               : Mancano(u"clienti"_s) == 2 ? Trovato::Prima
+                                            : Trovato::Rotto;
+    });
+}
+
 void CompilaVerdi(Recordset& Righe)
 {
     Righe.ImpostaValue(u"Nominativo"_s, u"Verdi Anna"_s);
@@ -240,6 +270,18 @@ QList<Scenario> ScenariArchivi()
                           });
                       },
                   .Guarda = GuardaTolto,
+                  .Ammessi = Solo});
+    Tutti.append({.Nome = u"colonne-fattura"_s,
+                  .Attese = DelMotore,
+                  .Prepara = [](const Posto& Dove) { Posa(FileArchivio(Dove), SenzaColonne()); },
+                  .Atto =
+                      [](const Posto& Dove, const std::function<void()>& Comincia) {
+                          AzzeraSessione();
+                          sessione::ArchivioCliCon = FileArchivio(Dove);
+                          Comincia();
+                          return Svolgi(AggiungiColonneFattura);
+                      },
+                  .Guarda = GuardaColonne,
                   .Ammessi = Solo});
     Tutti.append({.Nome = u"importa"_s,
                   .Attese = DelMotore + QList{Rinomina},

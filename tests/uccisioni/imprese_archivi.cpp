@@ -11,6 +11,7 @@
 #include "addressbook/exchange/importa.h"
 #include "addressbook/exchange/notevecchie.h"
 #include "addressbook/exchange/sorgente.h"
+#include "addressbook/modColonneFattura.h"
 #include "platform/accesso/accesso.h"
 #include "platform/accesso/copie.h"
 #include "platform/base/errore.h"
@@ -81,6 +82,27 @@ QString DifettoImportati(const QString& Cartella)
         QFile::copy(Cartella + Nome, Prova + Nome);
     AnnullaImportazione(Prova + u"DatiStudio.mdb"_s);
     return DifettoArchivio(Prova);
+}
+
+// ---- columns that an older archive gets -------------------------------------------------------------
+
+void PreparaAntico(const QString& In)
+{
+    PreparaArchivio(In);
+    const Database Db = OpenDatabase(In + u"DatiStudio.mdb"_s);
+    for (const QString& Tabella : {u"clienti"_s, u"controparti"_s})
+        for (const QString& Colonna : {u"Pec"_s, u"CodDestinatario"_s})
+            Db.Execute(u"ALTER TABLE %1 DROP COLUMN %2"_s.arg(Tabella, Colonna));
+}
+
+/// Both tables have them, or none; the names are as they were.
+QString DifettoColonne(const QString& In)
+{
+    const Database Db = OpenDatabase(In + u"DatiStudio.mdb"_s);
+    const qsizetype DeiClienti = ColonneFatturaMancanti(Db.Campi(u"clienti"_s)).size();
+    if (DeiClienti != ColonneFatturaMancanti(Db.Campi(u"controparti"_s)).size())
+        return u"una tabella sola"_s;
+    return DeiClienti == 0 || DeiClienti == 2 ? DifettoArchivio(In) : u"mancano %1"_s.arg(DeiClienti);
 }
 
 // ---- an import that is undone -----------------------------------------------------------------------
@@ -267,6 +289,23 @@ QList<Impresa> ImpreseArchivi()
          ImportaNomi,
          DifettoImportati,
          {u"DatiStudio.mdb"_s, u"DatiStudio.mdb.prima"_s, u"DatiStudio.mdb.prima.json"_s}},
+        {.Nome = u"archivio completato"_s,
+         .Prepara = PreparaAntico,
+         .Fa =
+             [](const QString& In) {
+                 sessione::ArchivioCliCon = In + u"DatiStudio.mdb"_s;
+                 AggiungiColonneFattura();
+             },
+         .Difetto = DifettoColonne,
+         .Rimane = {u"DatiStudio.mdb"_s},
+         .Infine =
+             [](const QString& In) {
+                 const Database Db = OpenDatabase(In + u"DatiStudio.mdb"_s);
+                 return ColonneFatturaMancanti(Db.Campi(u"clienti"_s)).isEmpty() ? QString()
+                                                                                 : u"non completato"_s;
+             },
+         .DaCapo = true,
+         .SoloChieste = true},
         {.Nome = u"importazione annullata"_s,
          .Prepara = PreparaImportato,
          .Fa =
