@@ -91,6 +91,9 @@ QString ConsiglioPer(GuastoDeposito Guasto)
                u"rendere leggibile il file e riavviare il programma. Se invece lo si toglie, rifare "
                u"le impostazioni, "_s +
                Ambiti + u'.';
+    case GuastoDeposito::Enorme:
+        return Inerti + u"togliere il file, riavviare il programma e rifare le impostazioni, "_s + Ambiti +
+               u'.';
     case GuastoDeposito::Cartella:
         return Inerti + u"togliere la cartella, riavviare il programma e rifare le impostazioni, "_s +
                Ambiti + u'.';
@@ -107,12 +110,11 @@ void ImpostaVariabili()
 
 bool AvvisaImpostazioniGuaste()
 {
-    const QString Frase = FraseImpostazioniGuaste();
-    const std::optional<GuastoDeposito> Guasto = GenereDelGuasto(NomeApplicazione.toString());
-    if (Frase.isEmpty() || !Guasto)
+    const std::optional<DepositoGuasto> Guasto = EsaminaImpostazioni(NomeApplicazione.toString());
+    if (!Guasto)
         return false;
     ImpostazioniGuasteDette();
-    MsgErrore(Frase + u".\n"_s + ConsiglioPer(*Guasto));
+    MsgErrore(Guasto->Frase + u".\n"_s + ConsiglioPer(Guasto->Genere));
     return true;
 }
 

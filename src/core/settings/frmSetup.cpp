@@ -407,7 +407,7 @@ void frmSetup::SalvaValori()
     };
     ValoriScheda Tutti = Mostrati;
     // Nobody counts on in a damaged store; whoever did before it was may have gone further than the form.
-    if (GenereDelGuasto(NomeApplicazione.toString()))
+    if (EsaminaImpostazioni(NomeApplicazione.toString()))
         for (auto& [Chiave, Valore] : Tutti)
             if (EContatore(Chiave) && Intatta(Chiave) && ValoreConservato(Chiave).toInt() > Valore.toInt())
                 Valore = ValoreConservato(Chiave);

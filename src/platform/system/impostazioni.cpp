@@ -59,6 +59,8 @@ std::optional<Diagnosi> Esamina(const QString& File)
         return Diagnosi{Danno == DannoDeposito::Vuoto ? GuastoDeposito::Vuoto : GuastoDeposito::Rovinato,
                         Dice(Danno)};
     } catch (const Errore& Guasto) {
+        if (Guasto.Numero == errori::Memoria)
+            return Diagnosi{GuastoDeposito::Enorme, u"è troppo grande per contenere impostazioni"_s};
         return Diagnosi{GuastoDeposito::Illeggibile, u"non si legge: "_s + Guasto.Descrizione};
     }
 }
@@ -121,17 +123,17 @@ QString PercorsoImpostazioni(const QString& Applicazione)
 
 std::optional<Errore> GuastoImpostazioni(const QString& Applicazione)
 {
+    const std::optional<DepositoGuasto> Guasto = EsaminaImpostazioni(Applicazione);
+    return Guasto ? std::optional(Errore(errori::Accesso, Guasto->Frase)) : std::nullopt;
+}
+
+std::optional<DepositoGuasto> EsaminaImpostazioni(const QString& Applicazione)
+{
     const QString File = PercorsoImpostazioni(Applicazione);
     const std::optional<Diagnosi> Guasto = Esamina(File);
     if (!Guasto)
         return std::nullopt;
-    return Errore(errori::Accesso, u"Il file delle impostazioni %1 "_s.arg(File) + Guasto->Come);
-}
-
-std::optional<GuastoDeposito> GenereDelGuasto(const QString& Applicazione)
-{
-    const std::optional<Diagnosi> Guasto = Esamina(PercorsoImpostazioni(Applicazione));
-    return Guasto ? std::optional(Guasto->Genere) : std::nullopt;
+    return DepositoGuasto{Guasto->Genere, u"Il file delle impostazioni %1 "_s.arg(File) + Guasto->Come};
 }
 
 QString GetSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,

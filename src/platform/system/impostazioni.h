@@ -18,7 +18,15 @@ enum class GuastoDeposito {
     Vuoto,        ///< what is stored takes its place
     Rovinato,     ///< the same, and a copy stays beside it
     Illeggibile,  ///< nothing can be stored in its place
+    Enorme,       ///< the same: larger than any settings, and somebody else's
     Cartella,     ///< the same
+};
+
+/// A damaged store as it was found, in one look.
+struct DepositoGuasto
+{
+    GuastoDeposito Genere;
+    QString Frase;  ///< one sentence with its path
 };
 
 /// The file of an application's settings, full path; it need not be there yet.
@@ -28,8 +36,8 @@ enum class GuastoDeposito {
 /// cannot be read, it is empty or cut short. The description is one sentence with its path. None for a sound
 /// store, and where there is none, as before a first use.
 [[nodiscard]] std::optional<Errore> GuastoImpostazioni(const QString& Applicazione);
-/// The same as one of few cases.
-[[nodiscard]] std::optional<GuastoDeposito> GenereDelGuasto(const QString& Applicazione);
+/// The same with what is wrong as one of few cases.
+[[nodiscard]] std::optional<DepositoGuasto> EsaminaImpostazioni(const QString& Applicazione);
 
 /// The stored text, or the default when the key is missing or the store cannot be read.
 [[nodiscard]] QString GetSetting(const QString& Applicazione, const QString& Sezione, const QString& Chiave,

@@ -127,8 +127,9 @@ void TestImpostazioniGuasteAllAvvio::ilConsiglioEQuelloDelDanno_data()
     QTest::newRow("cut in half") << int(Troncato) << QByteArray() << u"è troncato"_s << Memorizzarle + Copia;
     QTest::newRow("something else") << int(Danni) << "altro"_ba << u"è danneggiato"_s << Memorizzarle + Copia;
     QTest::newRow("emptied") << int(Svuotato) << QByteArray() << u"è vuoto"_s << Memorizzarle;
-    QTest::newRow("too large") << int(Danni) << QByteArray(5 << 20, 'x')
-                               << u"non si legge: "_s + DescrizioneErrore(7) << Leggibile;
+    QTest::newRow("too large")
+        << int(Danni) << QByteArray(5 << 20, 'x') << u"è troppo grande per contenere impostazioni"_s
+        << u"Nessuna impostazione vale e nessuna si può memorizzare: togliere il file, riavviare il programma e rifare le impostazioni, anche nei numeri, nelle cartelle e nell'archivio."_s;
     if (DanniVisibili().contains(Illeggibile))
         QTest::newRow("without permission")
             << int(Illeggibile) << QByteArray() << u"non si legge: "_s + DescrizioneErrore(75) << Leggibile;
