@@ -181,7 +181,11 @@ Impresa CopiaVecchie(bool DiAccess)
     if (!DiAccess)
         Rimane += u"vecchie/nota.mdb-journal"_s;
     return {.Nome = DiAccess ? u"note di Access copiate"_s : u"note copiate"_s,
-            .Prepara = [=](const QString& In) { origine::PosaVecchio(Da(In), DiAccess); },
+            .Prepara =
+                [=](const QString& In) {
+                    origine::PosaVecchio(Da(In), DiAccess);
+                    ImpostaDataFile(Da(In), QDateTime(QDate(2020, 3, 5), QTime(10, 0)));
+                },
             .Fa =
                 [=](const QString& In) {
                     UsaLettore();
@@ -193,7 +197,13 @@ Impresa CopiaVecchie(bool DiAccess)
                         if (!Esito.Copiata && !Esito.Detto.startsWith(u"c'è già"))
                             throw Errore(errori::Accesso, Esito.Detto);
                 },
-            .Difetto = [=](const QString& In) { return DifettoPreso(Da(In), A(In), DiAccess); },
+            .Difetto =
+                [=](const QString& In) {
+                    // The list of notes goes by their dates.
+                    if (EsisteFile(A(In)) && DataFile(A(In)) != DataFile(Da(In)))
+                        return u"con la data della copia"_s;
+                    return DifettoPreso(Da(In), A(In), DiAccess);
+                },
             .Rimane = Rimane,
             .Poi = [](const QString& In) { Invecchia(In, 60); },
             .DaCapo = true,

@@ -38,11 +38,12 @@ bool ENativo(const QString& File)
 }
 
 std::optional<QStringList> Converti(const QString& Da, const QString& A,
-                                    const std::function<bool(qint64)>& Prosegui, Lettori Chi)
+                                    const std::function<bool(qint64)>& Prosegui, Lettori Chi,
+                                    const QDateTime& Data)
 {
     try {
-        const auto Rapporto =
-            ConvertiAccess(Da, A, {.Secondi = SecondiDiLettura, .Prosegui = Prosegui, .Chi = Chi});
+        const auto Rapporto = ConvertiAccess(
+            Da, A, {.Secondi = SecondiDiLettura, .Prosegui = Prosegui, .Chi = Chi, .Data = Data});
         if (!Rapporto)
             return std::nullopt;
         QStringList Fuori;
@@ -57,10 +58,11 @@ std::optional<QStringList> Converti(const QString& Da, const QString& A,
 }
 
 std::optional<QStringList> Copia(const QString& Da, const QString& A,
-                                 const std::function<bool(qint64)>& Prosegui, Lettori Chi)
+                                 const std::function<bool(qint64)>& Prosegui, Lettori Chi,
+                                 const QDateTime& Data)
 {
     try {
-        return CopiaIntera(Da, A, Prosegui, Chi) ? std::optional(QStringList()) : std::nullopt;
+        return CopiaIntera(Da, A, Prosegui, Chi, Data) ? std::optional(QStringList()) : std::nullopt;
     } catch (const Errore& Guasto) {
         if (Guasto.Numero != errori::FormatoDatabase)
             throw;
@@ -92,15 +94,16 @@ bool TabellaDiSistema(const QString& Detto)
 }
 
 std::optional<QStringList> ScriviNativo(const QString& Da, const QString& A,
-                                        const std::function<bool(qint64)>& Prosegui, Lettori Chi)
+                                        const std::function<bool(qint64)>& Prosegui, Lettori Chi,
+                                        const QDateTime& Data)
 {
     if (EsisteFile(A))
         throw Errore(errori::DatabasePresente);
     if (ENativo(Da))
-        return Copia(Da, A, Prosegui, Chi);
+        return Copia(Da, A, Prosegui, Chi, Data);
     if (!EDiAccess(Da))
         RifiutaFile(u"Il file \"%1\" non è un archivio: sceglierne un altro."_s.arg(NomeFile(Da)));
-    return Converti(Da, A, Prosegui, Chi);
+    return Converti(Da, A, Prosegui, Chi, Data);
 }
 
 void TogliRestiDiSorgenti()

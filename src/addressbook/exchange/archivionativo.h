@@ -4,6 +4,7 @@
 #include "platform/system/blocco.h"
 #include "platform/system/permessi.h"
 
+#include <QDateTime>
 #include <QString>
 #include <QStringList>
 
@@ -18,12 +19,14 @@
 /// with what its journal or log holds (see CopiaIntera).
 /// @param Prosegui asked now and then with the rows or bytes done; false stops it, and nothing is left
 /// @param Chi may read it
+/// @param Data its last change, where the disk lets one be set; none: the present
 /// @return what was left out, a line each; none when it was stopped
 /// @throws Errore NumeroFileRifiutato for what cannot be read, with what to do; 3204 the new file exists, 61,
 /// 75
 [[nodiscard]] std::optional<QStringList> ScriviNativo(const QString& Da, const QString& A,
                                                       const std::function<bool(qint64 Fatti)>& Prosegui = {},
-                                                      Lettori Chi = Lettori::Cartella);
+                                                      Lettori Chi = Lettori::Cartella,
+                                                      const QDateTime& Data = {});
 
 /// Takes away the native forms that killed programs have left in the data folder of this user: they hold
 /// names of people. Another program's stay while it lives. It may run in a thread of its own.

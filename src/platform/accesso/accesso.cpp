@@ -246,7 +246,7 @@ std::optional<RapportoAccess> Converti(const QString& Da, const QString& A, cons
             return std::nullopt;
         if (ImprontaDi(Origine) != Prima)
             continue;
-        Costruito.Posa(Come.Chi, SulDisco);
+        Costruito.Posa(Come.Chi, SulDisco, Come.Data);
         return Rapporto;
     }
     throw Errore(errori::DatiBloccati);

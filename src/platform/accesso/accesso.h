@@ -11,6 +11,7 @@
 #include "platform/database/database.h"
 #include "platform/system/permessi.h"
 
+#include <QDateTime>
 #include <QList>
 #include <QString>
 
@@ -52,6 +53,8 @@ struct ModoAccess
     std::function<bool(qint64 Righe)> Prosegui = {};
     /// May read the copy.
     Lettori Chi = Lettori::Cartella;
+    /// See FileInCopia::Posa.
+    QDateTime Data = {};
 };
 
 /// True for a file that begins as those of Access do, whatever its name. It need not be whole or readable.

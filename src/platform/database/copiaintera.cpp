@@ -252,7 +252,7 @@ bool LeggibileDoveSta(const QString& Percorso)
 }
 
 bool CopiaIntera(const QString& Da, const QString& A, const std::function<bool(qint64)>& Prosegui,
-                 Lettori Chi)
+                 Lettori Chi, const QDateTime& Data)
 {
     const QString Origine = QFileInfo(PercorsoNativo(Da)).canonicalFilePath();
     const FileInCopia Nuova(A);
@@ -270,7 +270,7 @@ bool CopiaIntera(const QString& Da, const QString& A, const std::function<bool(q
             continue;
         if (!Controlla(Nuova.Percorso(), Chiedi))
             return false;
-        Nuova.Posa(Chi, true);
+        Nuova.Posa(Chi, true, Data);
         return true;
     }
     throw Errore(errori::DatiBloccati);

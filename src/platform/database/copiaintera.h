@@ -3,6 +3,7 @@
 
 #include "platform/system/permessi.h"
 
+#include <QDateTime>
 #include <QString>
 
 #include <functional>
@@ -20,9 +21,10 @@
 /// copied like any other.
 /// @param Prosegui asked now and then with the bytes done; false stops it, and no copy is there then
 /// @param Chi may read the copy
+/// @param Data see FileInCopia::Posa
 /// @return false when it was stopped
 /// @throws Errore as LeggibileDoveSta; 3343 damaged, 3260 somebody writes all the time, or has it open with a
 /// log that cannot be read (the description says so), 3204 the copy exists, 3044 no such folder, 61 and 3026
 /// no room, 57 and 3043 a disk fails
 bool CopiaIntera(const QString& Da, const QString& A, const std::function<bool(qint64 Fatti)>& Prosegui = {},
-                 Lettori Chi = Lettori::Cartella);
+                 Lettori Chi = Lettori::Cartella, const QDateTime& Data = {});

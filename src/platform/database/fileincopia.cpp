@@ -73,8 +73,14 @@ void FileInCopia::Togli() const
             ScartaFile(Uno + Coda);
 }
 
-void FileInCopia::Posa(Lettori Chi, bool SulDisco) const
+void FileInCopia::Posa(Lettori Chi, bool SulDisco, const QDateTime& Data) const
 {
+    try {
+        if (Data.isValid())
+            ImpostaDataFile(Provvisorio, Data);
+    } catch (const Errore&) {
+        // Shares with an owner of their own let nobody set a date; who cares for it looks at it.
+    }
     DaiPermessi(Provvisorio, Finale, Chi);
     if (SulDisco)
         ScriviSulDisco(Provvisorio);

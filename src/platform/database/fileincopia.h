@@ -4,6 +4,7 @@
 #include "platform/system/blocco.h"
 #include "platform/system/permessi.h"
 
+#include <QDateTime>
 #include <QString>
 
 /// A new database while it is written, beside the place that it will take; gone with this object unless it
@@ -28,9 +29,11 @@ public:
     void Togli() const;
     /// Gives it its name, which is never another file's.
     /// @param SulDisco waits for the disk, and for the folder to hold the name
+    /// @param Data its last change, from its first moment under that name on, where the disk lets one be set;
+    /// none: the present
     /// @throws Errore as DaiPermessi, ScriviSulDisco, RinominaFile and SincronizzaCartellaDi; the name is
     /// free then. NonConfermato where the disk fails at the very end, and lets nobody take the file away
-    void Posa(Lettori Chi, bool SulDisco) const;
+    void Posa(Lettori Chi, bool SulDisco, const QDateTime& Data = {}) const;
 
 private:
     QString Finale;

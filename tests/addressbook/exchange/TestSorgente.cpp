@@ -469,6 +469,11 @@ void TestSorgente::leVecchieParcelleSenzaData()
 {
     const Studio S;
     const QString A = NuovaCartella();
+    const QDateTime Quando(QDate(2020, 3, 5), QTime(10, 0));
+    ImpostaDataFile(S.File, Quando);
+    QVERIFY(ScriviNativo(S.File, A + u"subito.mdb"_s, {}, Lettori::Cartella, Quando));
+    QCOMPARE(DataFile(A + u"subito.mdb"_s), Quando);
+    QVERIFY(QFile::remove(A + u"subito.mdb"_s));
     const QScopedValueRollback Fissa(guasti::DateRifiutate, true);
     const auto Esiti = CopiaNote(S.Cartella, A);
     QCOMPARE(Conta(*Esiti).Copiate, 1);
