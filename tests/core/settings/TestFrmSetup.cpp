@@ -241,8 +241,6 @@ void TestFrmSetup::ogniImpostazioneHaChiLaScrive()
     const QStringList Altrove{
         u"Tariffa"_s,              // stored once it is chosen, so that the decree in force stays the default
         u"RicordaCalcoli"_s,       // by the list of the last calculations
-        u"ProgTrasm"_s,            // where it steps; its page stores what was typed
-        u"ProgFatt"_s,             // the same
         u"ServerAggiornamenti"_s,  // by who looks after the machines of an office
     };
     const QString Mai = u"mai scritta"_s;
