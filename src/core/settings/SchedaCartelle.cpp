@@ -151,6 +151,17 @@ void SchedaCartelle::Carica()
     SegnaMancanti();
 }
 
+void SchedaCartelle::Ricarica()
+{
+    const auto Prima = Ripieghi;
+    Carica();
+    for (size_t i = 0; i < Percorsi.size(); ++i) {
+        const Percorso& Voce = Percorsi[i];
+        if (Impostazione(Voce.Chiave.toString()).isEmpty() && Mostrato(Voce.Chiave) == Prima[i])
+            Ripieghi[i] = Prima[i];
+    }
+}
+
 ValoriScheda SchedaCartelle::Valori() const
 {
     ValoriScheda Fatti;

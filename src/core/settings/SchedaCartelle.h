@@ -26,6 +26,8 @@ public:
 
     /// Fills the boxes from the settings store.
     void Carica();
+    /// The same behind a save. A default that stood for a lost path, and still does, is none that was chosen.
+    void Ricarica();
     /// What is to be stored. The program folder stays unset while it is unset and its box shows the
     /// executable's: a program run from another folder after an update would go on in the old one. So does a
     /// path that damaged settings have lost, and that only a default stands for: stored, no later start would

@@ -458,7 +458,7 @@ void frmSetup::cmdSaveImpost_Click()
     Invoca(Aperture.ImpostazioniCambiate);
     CaricaStudio();
     Contabili->Carica();
-    Cartelle->Carica();
+    Cartelle->Ricarica();
     Fattura->Carica();
     Documenti->Carica();
     // Another folder may hold other icons; those that could not be written stay in the form.

@@ -206,7 +206,12 @@ void TestImpostazioniGuasteAllAvvio::unPercorsoDiRipiegoNonSiConserva()
     QCOMPARE(Box.UltimoTesto(), u"Le impostazioni sono state memorizzate!"_s);
     QCOMPARE(Scena::Parametro(u"ArchivioCliCon"_s), QString());
     QCOMPARE(Scena::Parametro(u"ParcellePath"_s), Scelta);
+    // The same press once more is no other decision.
+    T->Premi(u"cmdSaveImpost"_s);
+    QCOMPARE(Scena::Parametro(u"ArchivioCliCon"_s), QString());
     // What a sound file does not hold is stored as it is shown, as ever.
+    T->Premi(u"cmdChiudi"_s);
+    T->Apri(0);
     T->Premi(u"cmdSaveImpost"_s);
     QCOMPARE(Scena::Parametro(u"ArchivioCliCon"_s), T->Campo(u"txtArchivioCliCon"_s)->text());
 }
