@@ -81,21 +81,27 @@ void Respira()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-/// The first byte says in how many pieces the others come.
+/// The first byte says in how many pieces an offer comes, and whether what follows it waits for the answer.
 void Prova(const QByteArray& Dati)
 {
     PreparaFinestre();
     Ascolta();
     Aperti().clear();
     const QByteArray Byte = Dati.mid(1).left(3 * MassimoPercorso);
+    const int Come = Dati.isEmpty() ? 0 : uchar(Dati[0]);
+    const bool Aspetta = Come % 2 != 0;
+    const qsizetype Fine = Byte.indexOf('\0');
+    const qsizetype Offerta = Aspetta && Fine >= 0 ? Fine + 1 : Byte.size();
     {
         const Chiamante Chi;
-        const qsizetype Pezzi = Dati.isEmpty() ? 1 : 1 + uchar(Dati[0]) % 3;
-        const qsizetype Lungo = Byte.size() / Pezzi + 1;
-        for (qsizetype Da = 0; Da < Byte.size(); Da += Lungo) {
-            Chi.Scrivi(QByteArrayView(Byte).sliced(Da, std::min(Lungo, Byte.size() - Da)));
+        const qsizetype Lungo = Offerta / (1 + Come / 2 % 3) + 1;
+        for (qsizetype Da = 0; Da < Offerta; Da += Lungo) {
+            Chi.Scrivi(QByteArrayView(Byte).sliced(Da, std::min(Lungo, Offerta - Da)));
             Respira();
         }
+        for (int i = 0; i < 3; ++i)
+            Respira();
+        Chi.Scrivi(QByteArrayView(Byte).sliced(Offerta));
         Respira();
         Chi.Smetti();
         constexpr int MassimiGiri = 500;
@@ -106,12 +112,12 @@ void Prova(const QByteArray& Dati)
         Pretendi(Giri < MassimiGiri);
     }
     Respira();
-    const qsizetype Fine = Byte.indexOf('\0');
-    Pretendi(Aperti().size() <= 1);
-    if (!Aperti().isEmpty()) {
-        Pretendi(Fine >= 0 && Fine < MassimoPercorso && Byte.size() > Fine + 1 && Byte[Fine + 1] == 'C');
-        Pretendi(Aperti()[0] == QString::fromUtf8(Byte.first(Fine)));
-    }
+    const bool Confermata = Fine >= 0 && Fine < MassimoPercorso && Byte.mid(Fine + 1, 1) == "C";
+    Pretendi(Aperti().isEmpty() ||
+             (Confermata && Aperti() == QStringList{QString::fromUtf8(Byte.first(Fine))}));
+    Pretendi(Aperti().isEmpty() || !Aperti()[0].isEmpty());
+    // Who waits for the answer, as the program does, is heard.
+    Pretendi(!Aspetta || !Confermata || Fine == 0 || Aperti().size() == 1);
 }
 
 }  // namespace

@@ -188,6 +188,10 @@ void Staffetta::Leggi(QLocalSocket* Presa)
                 Presa->abort();  // no path is so long
             return;
         }
+        if (Fine == 0) {
+            Presa->abort();  // no file has no name
+            return;
+        }
         Presa->read(Fine + 1);
         Presa->setProperty(Offerto, QString::fromUtf8(Giunti.first(Fine)));
         Presa->write(QByteArray(1, Accettata));

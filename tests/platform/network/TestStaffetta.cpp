@@ -238,6 +238,7 @@ void TestStaffetta::offertaSmisurata_data()
     QTest::addColumn<QByteArray>("Offerta");
     QTest::newRow("without its end") << QByteArray(MassimoPercorso, 'a');
     QTest::newRow("much more of it") << QByteArray(10 * MassimoPercorso, 'a');
+    QTest::newRow("no name") << QByteArray(1, char(0));
 }
 
 void TestStaffetta::offertaSmisurata()
