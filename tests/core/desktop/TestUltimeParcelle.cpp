@@ -49,12 +49,17 @@ private:
     QString Scritta(const QString& Nome, const QString& Cliente = u"Rossi"_s);
     QListView* Elenco() { return SeCaricato<frmStudio>->findChild<QListView*>(u"lstRecenti"_s); }
     QStringList Voci(const QMenu* Tendina);
+    /// What the icons need, however many there are, and the strip beside them.
+    static int LargheIcone(const frmStudio& Scrivania)
+    {
+        return Scrivania.findChild<QWidget*>(u"quadro"_s)->minimumWidth();
+    }
+    static constexpr int Accanto = 280;
     /// A desktop with room for the strip beside its icons.
     static frmStudio& Apri()
     {
         frmStudio& Scrivania = BancoStudio::Apri();
-        constexpr QSize Larga(920, 360);
-        Scrivania.resize(Larga);
+        Scrivania.resize(LargheIcone(Scrivania) + Accanto, 360);
         Respiro();
         return Scrivania;
     }
@@ -326,14 +331,14 @@ void TestUltimeParcelle::siDisponeDoveCePosto()
         Scrivania.resize(Larga, Alta);
         Respiro();
     };
-    Misura(920, 360);
+    Misura(LargheIcone(Scrivania) + Accanto, 360);
     QVERIFY(Striscia->isVisible() && !Piede->isVisible());
     QVERIFY(Striscia->geometry().left() > Quadro->geometry().right());
-    QVERIFY(Quadro->width() >= Quadro->findChild<QWidget*>(u"quadro"_s)->minimumWidth());
-    Misura(650, 560);
+    QVERIFY(Quadro->width() >= LargheIcone(Scrivania));
+    Misura(LargheIcone(Scrivania) + 5, 560);
     QVERIFY(Striscia->isVisible() && !Piede->isVisible());
     QVERIFY(Striscia->geometry().top() > Quadro->geometry().bottom());
-    Misura(650, 340);
+    Misura(LargheIcone(Scrivania) + 5, 340);
     QVERIFY(!Striscia->isVisible() && Piede->isVisible());
     QCOMPARE(Quadro->width(), Scrivania.width());
 }
