@@ -55,13 +55,14 @@ bool SenzaBlocchi(const QString& File)
 
 Strada StradaDi(const QString& File, bool AltroLog)
 {
-    if (!AltroLog && SenzaBlocchi(File))
-        return QFileInfo(File + Giornale).size() > 0 ? Strada::Accanto : Strada::Ferma;
+    const auto DaFermo = [&](const QString& Coda) {
+        return QFileInfo(File + Coda).size() > 0 ? Strada::Accanto : Strada::Ferma;
+    };
+    if (SenzaBlocchi(File))
+        return DaFermo(AltroLog ? Log : Giornale);
     if (!AltroLog)
         return DaRisanare(File) ? Strada::Accanto : Strada::DoveSta;
-    if (EsisteFile(File + Log) && EsisteFile(File + u"-shm"_s))
-        return Strada::ColLog;
-    return QFileInfo(File + Log).size() > 0 ? Strada::Accanto : Strada::Ferma;
+    return EsisteFile(File + Log) && EsisteFile(File + u"-shm"_s) ? Strada::ColLog : DaFermo(Log);
 }
 
 /// What tells one state of a database from another, where no lock keeps it.

@@ -78,6 +78,7 @@ private Q_SLOTS:
     void doveNonCiSonoBlocchi_data();
     void doveNonCiSonoBlocchi();
     void interrottoDoveNonCiSonoBlocchi();
+    void colLogDoveNonCiSonoBlocchi();
     void bloccatoDaUnAltro();
     void leRegoleNonRispettate_data();
     void leRegoleNonRispettate();
@@ -173,6 +174,31 @@ void TestCopiaIntera::interrottoDoveNonCiSonoBlocchi()
     QCOMPARE(LeggiFile(File) + LeggiFile(File + u"-journal"_s), Prima);
 }
 
+/// Another program's log, and its index beside it, that nobody has open.
+void TestCopiaIntera::colLogDoveNonCiSonoBlocchi()
+{
+    Crea({});
+    const QString Vero = Cartella + u"vero.mdb"_s;
+    QVERIFY(QFile::rename(File, Vero));
+    const QStringList Code{u""_s, u"-wal"_s, u"-shm"_s};
+    {
+        Connessione Conn(Vero, Connessione::Modo::Scrittura);
+        Conn.Esegui(u"PRAGMA journal_mode=WAL"_s);
+        Conn.Esegui(u"INSERT INTO t VALUES ('riga ultima')"_s);
+        for (const QString& Coda : Code)
+            QVERIFY(QFile::copy(Vero + Coda, File + Coda));
+        QVERIFY(QFileInfo(File + u"-wal"_s).size() > 0);
+    }
+    const QByteArray Prima = LeggiFile(File) + LeggiFile(File + u"-wal"_s);
+    const QScopedValueRollback Poco(attese::BlocchiMs, 50);
+    {
+        const SenzaBlocchi Condivisa(Cartella, ENOLCK);
+        QCOMPARE(DescrizioneErroreDi([&] { (void)CopiaIntera(File, Copia); }), QString());
+    }
+    QCOMPARE(Contate(Copia), Righe + 1);
+    QCOMPARE(LeggiFile(File) + LeggiFile(File + u"-wal"_s), Prima);
+}
+
 /// Where there are locks they count.
 void TestCopiaIntera::bloccatoDaUnAltro()
 {
@@ -193,6 +219,12 @@ void TestCopiaIntera::leRegoleNonRispettate_data()
                            << QByteArray();
     QTest::newRow("NOT NULL") << u"CREATE TABLE r (a TEXT         , b INTEGER)"_s
                               << QByteArray("a TEXT         ,") << QByteArray("a TEXT NOT NULL,");
+    QTest::newRow("a number in a column of texts")
+        << u"CREATE TABLE r (a TEXT, b BLOB)"_s << QByteArray("b BLOB)") << QByteArray("b TEXT)");
+    QTest::newRow("a text in a column of numbers")
+        << u"CREATE TABLE r (a TEXT, b TEXT   )"_s << QByteArray("b TEXT   )") << QByteArray("b NUMERIC)");
+    QTest::newRow("a strict table") << u"CREATE TABLE r (a TEXT, b ANY ) STRICT"_s << QByteArray("b ANY )")
+                                    << QByteArray("b TEXT)");
 }
 
 /// Another program's row that keeps to no rule of its table is a row all the same.
