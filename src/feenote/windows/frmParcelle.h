@@ -78,8 +78,8 @@ public:
     /// Takes over a note as one that was never saved.
     void Prendi(const Parcella& Copia);
     void Proteggi();
-    /// Asks about unsaved changes and saves. @return false when the close is refused: by the user, or because
-    /// a question is still open
+    /// Asks about unsaved changes and saves, and about an invoice that the companion did not get.
+    /// @return false when the close is refused: by the user, or because a question is still open
     [[nodiscard]] bool ChiediChiusura();
     /// Unloads after ChiediChiusura: place free, sizes saved, frame told.
     void Scarica();
@@ -225,6 +225,8 @@ private:
     void CambiaNota(bool Viene);
     /// A message or a dialog holds this window back; a card that is modal to its address book does not.
     [[nodiscard]] bool Impedita() const;
+    /// @return false when the user stays for the sake of an invoice that the companion did not get
+    bool LasciaConsegna();
     void CollegaCopia();
     void TimerCopia_Timer();
     /// @param Scrivi asks, writes, and gives the path written

@@ -397,18 +397,32 @@ bool frmParcelle::ChiediChiusura()
         return false;
     Stampa->ConcludiInvii();
     if (!Nota.Modificata)
-        return true;
+        return LasciaConsegna();
     PortaDavanti(Posto);
     const int Risposta = InDialogo([this] {
         return MsgBox(Titolo() + u"\nVuoi salvare la parcella prima di chiudere?"_s,
                       vbYesNoCancel + vbQuestion, TitoloDomanda.toString());
     });
     if (Risposta == vbNo)
-        return true;
+        return LasciaConsegna();
     if (Risposta != vbYes)
         return false;
     SalvaParcella(false);
-    return !Nota.Modificata;  // a save that was cancelled or refused keeps the note on screen
+    // A save that was cancelled or refused keeps the note on screen.
+    return !Nota.Modificata && LasciaConsegna();
+}
+
+/// Only the window knows of an invoice that was not handed over: opened again, the note has nothing to save.
+bool frmParcelle::LasciaConsegna()
+{
+    if (!Stampa->DaConsegnare())
+        return true;
+    PortaDavanti(Posto);
+    return InDialogo([this] {
+               return MsgBox(Titolo() +
+                                 u"\nLa fattura non è stata consegnata a Praxivo.\nChiudere ugualmente?"_s,
+                             vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString());
+           }) == vbYes;
 }
 
 void frmParcelle::Scarica()

@@ -26,9 +26,14 @@ private Q_SLOTS:
     void cleanup();
     void vaColSalvataggioSeguente_data();
     void vaColSalvataggioSeguente();
+    void laChiusuraLaChiede_data();
+    void laChiusuraLaChiede();
     void lEditorNonApreIlDocumentoDiPrima();
 
 private:
+    /// A saved note of a matter, whose companion's archive stands. @return the archive's bytes
+    QByteArray SalvaDellaPratica();
+    [[nodiscard]] static int Consegnate(const QString& Numero);
     /// Saves in place; whether the user was asked for the transfer.
     bool SalvaChiesto(int Risposta);
 };
@@ -50,6 +55,26 @@ bool TestConsegnaMancata::SalvaChiesto(int Risposta)
     return Salvata && Chiesto;
 }
 
+QByteArray TestConsegnaMancata::SalvaDellaPratica()
+{
+    sessione::RichiestaPV2.ID = F->Nota.NsRif = u"P12"_s;
+    sessione::ArchivioPrat = T->Ufficio.File(u"pratiche.mdb"_s);
+    CreaArchivioPratiche(sessione::ArchivioPrat);
+    SaveSetting(u"Praxivo"_s, u"Parametri"_s, u"PreviewParcPath"_s, T->Ufficio.File(u"anteprima.htm"_s));
+    Documento(StampaFatturaSintetica);
+    T->Voce.AttendiSalva(sessione::ParcellePath + u"P12-uno.mdb"_s);
+    T->Voce.Tollera();
+    return F->SalvaParcella(false) ? LeggiFile(sessione::ArchivioPrat) : QByteArray();
+}
+
+int TestConsegnaMancata::Consegnate(const QString& Numero)
+{
+    return OpenDatabase(sessione::ArchivioPrat, true)
+        .OpenRecordset(u"SELECT COUNT(*) AS N FROM Fatture WHERE Rif='P12' AND NumF='%1'"_s.arg(Numero))
+        .Value(u"N"_s)
+        .toInt();
+}
+
 void TestConsegnaMancata::vaColSalvataggioSeguente_data()
 {
     QTest::addColumn<bool>("ConUnPasso");
@@ -62,15 +87,8 @@ void TestConsegnaMancata::vaColSalvataggioSeguente_data()
 void TestConsegnaMancata::vaColSalvataggioSeguente()
 {
     QFETCH(bool, ConUnPasso);
-    sessione::RichiestaPV2.ID = F->Nota.NsRif = u"P12"_s;
-    sessione::ArchivioPrat = T->Ufficio.File(u"pratiche.mdb"_s);
-    CreaArchivioPratiche(sessione::ArchivioPrat);
-    const QByteArray Sano = LeggiFile(sessione::ArchivioPrat);
-    SaveSetting(u"Praxivo"_s, u"Parametri"_s, u"PreviewParcPath"_s, T->Ufficio.File(u"anteprima.htm"_s));
-    Documento(StampaFatturaSintetica);
-    T->Voce.AttendiSalva(sessione::ParcellePath + u"P12-uno.mdb"_s);
-    T->Voce.Tollera();
-    QVERIFY(F->SalvaParcella(false));
+    const QByteArray Sano = SalvaDellaPratica();
+    QVERIFY(!Sano.isEmpty());
     ::Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_11"), u"8"_s);
     ScriviFile(sessione::ArchivioPrat, "rumore");
     T->Voce.Sparecchia();
@@ -88,11 +106,7 @@ void TestConsegnaMancata::vaColSalvataggioSeguente()
         QVERIFY(!F->Nota.Modificata);
     }
     QVERIFY(SalvaChiesto(vbYes));
-    QCOMPARE(OpenDatabase(sessione::ArchivioPrat, true)
-                 .OpenRecordset(u"SELECT COUNT(*) AS N FROM Fatture WHERE Rif='P12' AND NumF='8'"_s)
-                 .Value(u"N"_s)
-                 .toInt(),
-             1);
+    QCOMPARE(Consegnate(u"8"_s), 1);
     // What has been handed over, and what the user has declined, is not asked again.
     T->Voce.Sparecchia();
     QVERIFY(F->SalvaSulPosto());
@@ -101,6 +115,56 @@ void TestConsegnaMancata::vaColSalvataggioSeguente()
     QVERIFY(SalvaChiesto(vbNo));
     T->Voce.Sparecchia();
     QVERIFY(F->SalvaSulPosto());
+    QCOMPARE(T->Voce.Mostrati().size(), 0);
+}
+
+void TestConsegnaMancata::laChiusuraLaChiede_data()
+{
+    QTest::addColumn<int>("Prima");  // what the question of unsaved changes is answered with, 0 without any
+
+    QTest::newRow("the save of the close") << int(vbYes);
+    QTest::newRow("a save before") << 0;
+    QTest::newRow("a save before, and changes that are left") << int(vbNo);
+}
+
+/// Once the window is gone, nothing tells that the invoice waits.
+void TestConsegnaMancata::laChiusuraLaChiede()
+{
+    QFETCH(int, Prima);
+    const QByteArray Sano = SalvaDellaPratica();
+    QVERIFY(!Sano.isEmpty());
+    const QString Salvare = u"p12-uno\nVuoi salvare la parcella prima di chiudere?"_s;
+    const QString NonConsegnata =
+        u"p12-uno\nLa fattura non è stata consegnata a Praxivo.\nChiudere ugualmente?"_s;
+    ::Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_11"), u"8"_s);
+    ScriviFile(sessione::ArchivioPrat, "rumore");
+    T->Voce.Sparecchia();
+    if (Prima == vbYes) {
+        T->Voce.Attendi(Salvare, vbYes);
+        T->Voce.AttendiSalva(sessione::ParcellePath + u"P12-uno.mdb"_s);
+        T->Voce.Tollera();
+    }
+    T->Voce.Attendi(Trasferisco, vbYes);
+    T->Voce.Attendi(GuastoPV2, vbOK, u"Errore!"_s);
+    if (Prima != vbYes)
+        QVERIFY(F->SalvaSulPosto());
+    if (Prima == vbNo) {
+        ::Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_11"), u"9"_s);
+        T->Voce.Attendi(Salvare, vbNo);
+    }
+    T->Voce.Attendi(NonConsegnata, vbNo, u"Domanda:"_s);
+    QVERIFY(!ChiudiParcella(1));
+    QCOMPARE(T->Voce.UltimoTesto(), NonConsegnata);
+    QVERIFY(F->isVisible() && !InfoParcelle[1].Libera);
+
+    if (Prima == vbNo)
+        return;
+    // Who stayed saves once more, and is asked nothing then.
+    ScriviFile(sessione::ArchivioPrat, Sano);
+    QVERIFY(SalvaChiesto(vbYes));
+    QCOMPARE(Consegnate(u"8"_s), 1);
+    T->Voce.Sparecchia();
+    QVERIFY(ChiudiParcella(1));
     QCOMPARE(T->Voce.Mostrati().size(), 0);
 }
 
