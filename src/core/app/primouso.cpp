@@ -9,6 +9,7 @@
 #include "platform/database/database.h"
 #include "platform/database/recordset.h"
 #include "platform/system/cartelle.h"
+#include "platform/system/datarifiutata.h"
 #include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"
@@ -125,6 +126,18 @@ constexpr std::array PassiPrimoUso{
     PassoPrimoUso{PreparaTassi, u"l'archivio dei tassi"},
 };
 
+/// Told by itself: no folder's permissions mend it, and all else is saved there.
+struct TassiSenzaData : Errore
+{
+    TassiSenzaData(int Numero, const QString& Cartella)
+        : Errore(Numero,
+                 u"L'archivio dei tassi non è stato copiato nella cartella %1, dove i file non possono avere "
+                 u"la data dell'originale: tassi vecchi vi sembrerebbero nuovi. Per calcolare interessi e "
+                 u"rivalutazioni scegliere nelle impostazioni, scheda \"Setup\", un'altra cartella utente "
+                 u"locale"_s.arg(Cartella))
+    {}
+};
+
 }  // namespace
 
 void PreparaTassi()
@@ -143,7 +156,11 @@ void PreparaTassi()
             (void)Tassi.OpenRecordset(Tabella);
     }
     // The age of the rates is that of their archive: one that looks new would be asked for no update.
-    CopiaSeManca(Nome, Cartella, true);
+    try {
+        CopiaSeManca(Nome, Cartella, true);
+    } catch (const DataRifiutata& Guasto) {
+        throw TassiSenzaData(Guasto.Numero, Cartella);
+    }
 }
 
 void PrimoUso()
@@ -153,6 +170,8 @@ void PrimoUso()
     for (const PassoPrimoUso& Passo : PassiPrimoUso) {
         try {
             Passo.Fai();
+        } catch (const TassiSenzaData& Guasto) {
+            GestioneErrori(Guasto);
         } catch (...) {
             const Errore Guasto = ErroreCorrente();
             if (Guasto.Numero == errori::FormatoDatabase || Guasto.Numero == errori::TabellaMancante) {

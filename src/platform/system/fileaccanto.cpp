@@ -3,6 +3,7 @@
 #include "platform/base/errore.h"
 #include "platform/system/attese.h"
 #include "platform/system/codici.h"
+#include "platform/system/datarifiutata.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/sincrono.h"
@@ -59,7 +60,7 @@ void FileAccanto::Scrivi(QByteArrayView Byte)
 void FileAccanto::ImpostaData(const QDateTime& Quando)
 {
     if (guasti::DateRifiutate || !Dati->File.setFileTime(Quando, QFileDevice::FileModificationTime))
-        throw Errore(errori::Accesso);
+        throw DataRifiutata();
 }
 
 void FileAccanto::Posa()
@@ -299,7 +300,7 @@ void FileAccanto::ImpostaData(const QDateTime& Quando)
         timespec{0, UTIME_OMIT},
         timespec{time_t((Quando.toMSecsSinceEpoch() - Ms) / MsNelSecondo), Ms * NanoNelMs}};
     if (guasti::DateRifiutate || ::futimens(Dati->File, Date.data()) != 0)
-        throw Errore(errori::Accesso);
+        throw DataRifiutata();
 }
 
 void FileAccanto::Posa()

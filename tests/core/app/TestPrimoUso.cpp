@@ -277,8 +277,17 @@ void TestPrimoUso::tassiSenzaLaLoroData()
     ImpostaDataFile(Programma + u"Tassi.dat"_s, Quando);
     {
         const QScopedValueRollback Fissa(guasti::DateRifiutate, true);
-        Box.Attendi(NonPreparate({u"l'archivio dei tassi"_s}), vbOK, u"Errore:"_s);
-        PrimoUso();
+        Box.Tollera();
+        // At the start, and where the settings have named the folder: no permission is at fault.
+        for (const bool AllAvvio : {true, false}) {
+            Box.Sparecchia();
+            AllAvvio ? PrimoUso() : (void)Protetta(PreparaTassi);
+            QCOMPARE(Box.Mostrati().size(), 1);
+            QVERIFY2(Box.UltimoTesto().contains(u"archivio dei tassi non è stato copiato nella cartella "_s +
+                                                Utente),
+                     qPrintable(Box.UltimoTesto()));
+            QVERIFY(!Box.UltimoTesto().contains(u"permessi"_s));
+        }
         QVERIFY(!EsisteFile(Utente + u"Tassi.dat"_s));
         QVERIFY(EsisteFile(Scena::Parametro(u"ArchivioCliCon"_s)));
     }
