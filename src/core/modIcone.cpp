@@ -66,24 +66,17 @@ QList<std::pair<QString, QString>> Righe(const TabellaRighe& Icone)
 
 /// Of a file whose numbers have a gap the icons behind it are not read, and the next write takes them out:
 /// whoever has written them finds them beside it.
-/// @return false when they can be kept nowhere
-bool ConservaOltreIlVuoto(const QString& File)
+/// @param Lette icons before the gap
+/// @throws Errore when they can be kept nowhere
+void ConservaOltreIlVuoto(const QString& File, int Lette, const QByteArray& Ora)
 {
-    try {
-        if (!EsisteFile(File))
-            return true;
-        const int Lette = LeggiIcone().Righe();
-        const QStringList Chiavi = ChiaviDellaSezione(Sezione, File);
-        const bool Oltre = std::ranges::any_of(Chiavi, [&](const QString& Chiave) {
-            return ChiaveDiIcona(Chiave) && Chiave.sliced(1).section(u'_', 0, 0).toLongLong() >= Lette &&
-                   !GetPrivateProfileString(Sezione, Chiave, {}, 2, File).isEmpty();
-        });
-        if (Oltre)
-            ConservaGuasto(File, LeggiFile(File));
-        return true;
-    } catch (const Errore&) {
-        return false;
-    }
+    const QStringList Chiavi = ChiaviDellaSezione(Sezione, File);
+    const bool Oltre = std::ranges::any_of(Chiavi, [&](const QString& Chiave) {
+        return ChiaveDiIcona(Chiave) && Chiave.sliced(1).section(u'_', 0, 0).toLongLong() >= Lette &&
+               !GetPrivateProfileString(Sezione, Chiave, {}, 2, File).isEmpty();
+    });
+    if (Oltre)
+        ConservaGuasto(File, Ora);
 }
 
 QString FraseIconeGuaste(const QString& File)
@@ -145,9 +138,10 @@ bool ScriviIconeUtente(const TabellaRighe& Icone, bool Cambiate)
     const QList<std::pair<QString, QString>> Nuove = Righe(Icone);
     const QString Letto = FileIcone();
     if (Nuove.isEmpty() && !EsisteFile(Letto) && !EsisteCartella(Letto))
-        return true;  // nothing to take out of it, and nothing to put into it
-    if (!Letto.isEmpty() && ConservaOltreIlVuoto(Letto) &&
-        SostituisciChiavi(Sezione, ChiaveDiIcona, Nuove, Letto))
+        return true;                         // nothing to take out of it, and nothing to put into it
+    const int Lette = LeggiIcone().Righe();  // what there is to say of the file is said before its turn
+    const auto Conserva = [&](const QByteArray& Ora) { ConservaOltreIlVuoto(Letto, Lette, Ora); };
+    if (!Letto.isEmpty() && SostituisciChiavi(Sezione, ChiaveDiIcona, Nuove, Letto, Conserva))
         return true;
     if (!Cambiate)
         return false;  // a copy would keep from the user what is changed in the program folder later

@@ -290,6 +290,10 @@ void TestIcone::quelCheStaOltreUnVuotoResta()
     const QByteArray Prima = "[desktop]\nL0=A\nL0_c=/a\nL0_i=a.gif\n" + Oltre;
     ScriviFile(File, Prima);
     QCOMPARE(LeggiIcone().Righe(), 1);
+    // A write that is refused leaves nothing: the file is as it was.
+    QVERIFY(!ScriviIconeUtente(Tabella({{QString(2 << 20, u'A'), u"/a"_s, u"a.gif"_s}})));
+    QCOMPARE(LeggiFile(File), Prima);
+    QVERIFY(!EsisteFile(File + u".guasto"_s));
     for (int Volta = 0; Volta < 2; ++Volta)
         QVERIFY(ScriviIconeUtente(Tabella(Due)));
     QCOMPARE(LeggiIcone(), Tabella(Due));

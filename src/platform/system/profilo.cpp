@@ -200,7 +200,9 @@ void Rimetti(const QString& Percorso, const QByteArray& Contenuto, bool CEra)
 }
 
 /// Writes what a change makes of a file. @return false when it cannot be written or grows too large
-bool Riscrivi(const QString& File, const std::function<QByteArray(const QByteArray&)>& Cambia)
+/// @param Conserva what stands there now, which is about to be replaced
+bool Riscrivi(const QString& File, const std::function<QByteArray(const QByteArray&)>& Cambia,
+              const std::function<void(const QByteArray&)>& Conserva = {})
 {
     try {
         bool Scritto = false;
@@ -212,6 +214,8 @@ bool Riscrivi(const QString& File, const std::function<QByteArray(const QByteArr
             if (Nuovo.size() > MassimoProfilo)
                 return;
             const bool CEra = EsisteFile(Percorso);
+            if (CEra && Conserva)
+                Conserva(Contenuto);
             try {
                 ScriviFile(Percorso, Nuovo);
                 Scritto = true;
@@ -278,17 +282,21 @@ QStringList ChiaviDellaSezione(const QString& Sezione, const QString& File)
 }
 
 bool SostituisciChiavi(const QString& Sezione, const std::function<bool(const QString& Chiave)>& DaTogliere,
-                       const QList<std::pair<QString, QString>>& Nuove, const QString& File)
+                       const QList<std::pair<QString, QString>>& Nuove, const QString& File,
+                       const std::function<void(const QByteArray& Ora)>& Conserva)
 {
     const QString NomeSezioneScritto = NomeScritto(Sezione);
     const bool Scrivibili = std::ranges::all_of(
         Nuove, [](const auto& Nuova) { return ChiaveScrivibile(NomeScritto(Nuova.first)); });
     if (NomeSezioneScritto.contains(u']') || !Scrivibili)
         return false;
-    return Riscrivi(File, [&](const QByteArray& Contenuto) {
-        QByteArray Nuovo = SenzaChiavi(Contenuto, NomeSezioneScritto, DaTogliere);
-        for (const auto& [Chiave, Valore] : Nuove)
-            Nuovo = ConValore(Nuovo, NomeSezioneScritto, NomeScritto(Chiave), Cp1252(InUnaRiga(Valore)));
-        return Nuovo;
-    });
+    return Riscrivi(
+        File,
+        [&](const QByteArray& Contenuto) {
+            QByteArray Nuovo = SenzaChiavi(Contenuto, NomeSezioneScritto, DaTogliere);
+            for (const auto& [Chiave, Valore] : Nuove)
+                Nuovo = ConValore(Nuovo, NomeSezioneScritto, NomeScritto(Chiave), Cp1252(InUnaRiga(Valore)));
+            return Nuovo;
+        },
+        Conserva);
 }

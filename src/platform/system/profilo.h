@@ -42,6 +42,9 @@ bool WritePrivateProfileString(const QString& Sezione, const QString& Chiave, co
 
 /// Replaces keys of a section by others in one write: those that `DaTogliere` names go, the new ones stand at
 /// the end of the section. Other keys, sections and comments are kept.
+/// @param Conserva is given the file that is about to be replaced, while no other program writes it; nothing
+/// is written where it throws Errore
 /// @return false when nothing was written, for the reasons of WritePrivateProfileString
 bool SostituisciChiavi(const QString& Sezione, const std::function<bool(const QString& Chiave)>& DaTogliere,
-                       const QList<std::pair<QString, QString>>& Nuove, const QString& File);
+                       const QList<std::pair<QString, QString>>& Nuove, const QString& File,
+                       const std::function<void(const QByteArray& Ora)>& Conserva = {});
