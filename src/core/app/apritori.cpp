@@ -1,5 +1,6 @@
 #include "core/app/apritori.h"
 
+#include "addressbook/exchange/archiviointero.h"
 #include "addressbook/richiesta.h"
 #include "addressbook/windows/frmImporta.h"
 #include "addressbook/windows/rubriche.h"
@@ -31,6 +32,7 @@
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
 #include "platform/kit/trattieni.h"
+#include "platform/system/aparte.h"
 #include "update/viewer/frmWeb.h"
 #include "update/windows/frmAbout.h"
 #include "update/windows/frmDocumenti.h"
@@ -222,7 +224,11 @@ void RiempiApritori()
         Modulo.Mostra(frmSetup::SchedaPersonalizza);
         Elimina ? Modulo.EliminaIcona(Riga) : Modulo.ModificaIcona(Riga);
     };
-    Aperture.LasciaCartellaUtente = LasciaCopie;
+    Aperture.LasciaCartellaUtente = [] {
+        LasciaCopie();
+        // No later start looks there; the folder may be on a share that does not answer.
+        FaiAParte([Cartella = sessione::UserFolder] { TogliRestiDiArchivi(Cartella); });
+    };
 
     Aperture.AreaParcelle = [] { return Singola<frmMain>().Area(); };
     Aperture.ParcellaAttivata = [](int Indice) { Singola<frmMain>().ImpostaTag(QString::number(Indice)); };
