@@ -129,8 +129,8 @@ constexpr std::array PassiPrimoUso{
 /// Told by itself: no folder's permissions mend it, and all else is saved there.
 struct TassiSenzaData : Errore
 {
-    TassiSenzaData(int Numero, const QString& Cartella)
-        : Errore(Numero,
+    TassiSenzaData(const Errore& Guasto, const QString& Cartella)
+        : Errore(Guasto.Numero,
                  u"L'archivio dei tassi non è stato copiato nella cartella %1, dove i file non possono avere "
                  u"la data dell'originale: tassi vecchi vi sembrerebbero nuovi. Per calcolare interessi e "
                  u"rivalutazioni scegliere nelle impostazioni, scheda \"Setup\", un'altra cartella utente "
@@ -159,7 +159,7 @@ void PreparaTassi()
     try {
         CopiaSeManca(Nome, Cartella, true);
     } catch (const DataRifiutata& Guasto) {
-        throw TassiSenzaData(Guasto.Numero, Cartella);
+        throw TassiSenzaData(Guasto, Cartella);
     }
 }
 
