@@ -131,6 +131,11 @@ ValoriScheda SchedaContabili::Valori() const
     return Fatti;
 }
 
+QLineEdit* SchedaContabili::CasellaNumero() const
+{
+    return ui->txtNumFatt;
+}
+
 QLineEdit* SchedaContabili::NumeroSbagliato() const
 {
     return NumeroFattura(SenzaBianchi(ui->txtNumFatt)).isEmpty() ? ui->txtNumFatt : nullptr;

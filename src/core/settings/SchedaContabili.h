@@ -24,11 +24,11 @@ public:
     /// Fills the boxes from the settings store.
     void Carica();
     /// What is to be stored. The tariff is among it once there is a choice: one was stored, picked in the
-    /// list, or is saved with this page in view, which says what it is. The counter is among it only when its
-    /// box was edited, because a note may have taken the next number meanwhile, or when an empty text is
-    /// stored.
+    /// list, or is saved with this page in view, which says what it is. The counter is always among it.
     [[nodiscard]] ValoriScheda Valori() const;
-    /// The box that holds no number of an invoice; null when it does.
+    /// The box of the last invoice's number.
+    [[nodiscard]] QLineEdit* CasellaNumero() const;
+    /// The same when it holds no number of an invoice; null when it does.
     [[nodiscard]] QLineEdit* NumeroSbagliato() const;
 
 private:

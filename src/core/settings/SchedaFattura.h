@@ -29,8 +29,7 @@ public:
     void Carica();
     /// A box of this page to which another window leads; null for one of another.
     [[nodiscard]] QWidget* Casella(impostazioni::CasellaStudio Quale) const;
-    /// What is to be stored. The counter is among it only when its box was edited, because a file may have
-    /// taken the next number meanwhile.
+    /// What is to be stored, the counter always among it.
     [[nodiscard]] ValoriScheda Valori() const;
     /// The box of the last file's number.
     [[nodiscard]] QLineEdit* CasellaNumero() const;

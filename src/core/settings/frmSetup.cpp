@@ -25,7 +25,6 @@
 #include "core/settings/ui_frmSetup.h"
 
 #include <QKeyEvent>
-#include <QSet>
 #include <QShortcut>
 #include <QTabBar>
 
@@ -307,6 +306,11 @@ void frmSetup::LoadValori()
     Conservati.clear();
     for (const VoceImpostazione& Voce : VociImpostazioni())
         Conservati[Voce.Chiave.toString().toLower()] = Impostazione(Voce.Chiave.toString());
+    ContatoriPersi.clear();
+    if (EsaminaImpostazioni(NomeApplicazione.toString()))
+        for (const QStringView Chiave : {chiavi::ProgFatt, chiavi::ProgTrasm})
+            if (Impostazione(Chiave.toString()).trimmed().isEmpty())
+                ContatoriPersi.insert(Chiave.toString());
     CaricaStudio();
     Contabili->Carica();
     Cartelle->Carica();
@@ -366,6 +370,11 @@ bool frmSetup::CheckNumero()
         return Rifiuta(Messaggio, SchedaDatiContabili, Campo);
     if (QLineEdit* Campo = Fattura->NumeroSbagliato())
         return Rifiuta(Messaggio, SchedaFatturaElettronica, Campo);
+    if (!ConfermaPerso(chiavi::ProgFatt, u"Il numero dell'ultima fattura", SchedaDatiContabili,
+                       Contabili->CasellaNumero()) ||
+        !ConfermaPerso(chiavi::ProgTrasm, u"Il numero dell'ultimo file XML", SchedaFatturaElettronica,
+                       Fattura->CasellaNumero()))
+        return false;
     const std::optional<int> Prima = Fattura->NumeroIndietro();
     if (!Prima ||
         MsgBox(u"Il numero dell'ultimo file XML torna indietro, era %1: si ripeterebbero nomi già usati.\n"
@@ -374,6 +383,27 @@ bool frmSetup::CheckNumero()
         return true;
     ChangeTab(SchedaFatturaElettronica);
     RidaiFuoco(Fattura->CasellaNumero());
+    return false;
+}
+
+/// A damaged store has lost the counter, and nobody has written one into its box: what the form would store
+/// is no number that the office has come to.
+bool frmSetup::ConfermaPerso(QStringView Chiave, QStringView Nome, int Scheda, QLineEdit* Casella)
+{
+    const QString Perso = Chiave.toString();
+    const QString Numero = ValoreDi(Valori(), Perso).value_or(QString());
+    const std::optional<DepositoGuasto> Guasto = EsaminaImpostazioni(NomeApplicazione.toString());
+    const bool SiScrive =
+        !Guasto || Guasto->Genere == GuastoDeposito::Vuoto || Guasto->Genere == GuastoDeposito::Rovinato;
+    if (!SiScrive || !ContatoriPersi.contains(Perso) || Numero != ValoreDi(Letti, Perso) ||
+        !Impostazione(Perso).trimmed().isEmpty())
+        return true;
+    ChangeTab(Scheda);
+    if (MsgBox(u"%1 si è perso con le impostazioni danneggiate: con %2 si ripeterebbero numeri già usati.\n"
+               "Memorizzarlo ugualmente?"_s.arg(Nome, Numero),
+               vbYesNo | vbQuestion | vbDefaultButton2, TitoloDomanda.toString()) == vbYes)
+        return true;
+    RidaiFuoco(Casella);
     return false;
 }
 
@@ -465,6 +495,7 @@ void frmSetup::cmdSaveImpost_Click()
     if (IconeScritte)
         Desktop->Carica();
     SegnaLetti();
+    ContatoriPersi.clear();
     MsgBox(u"Le impostazioni sono state memorizzate!"_s, vbInformation, TitoloMessaggio.toString());
     if (ParcellaAperta())
         MsgBox(u"Per essere certi della piena operatività è consigliabile riavviare il programma."_s,

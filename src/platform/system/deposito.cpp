@@ -321,6 +321,14 @@ DannoDeposito DannoDelDeposito(const QByteArray& Deposito)
     return Sezioni || Solo ? DannoDeposito::Nessuno : DannoDeposito::Estraneo;
 }
 
+QByteArray SenzaRigaTronca(const QByteArray& Deposito)
+{
+    if (Deposito.endsWith('\n') || Deposito.endsWith('\r') ||
+        DannoDelDeposito(Deposito) != DannoDeposito::Troncato)
+        return Deposito;
+    return Deposito.first(std::max(Deposito.lastIndexOf('\n'), Deposito.lastIndexOf('\r')) + 1);
+}
+
 QByteArray DepositoIntero(const QByteArray& Deposito)
 {
     const QByteArray FineRiga = FineRigaDelDeposito(Deposito);
@@ -343,7 +351,8 @@ std::optional<QString> ValoreDelDeposito(const QByteArray& Deposito, const QStri
     bool Dentro = false;
     bool Presente = false;
     QByteArrayView Ultimo;
-    ScorriRighe(Deposito, [&](const Riga& Letta) {
+    const QByteArray Righe = SenzaRigaTronca(Deposito);
+    ScorriRighe(Righe, [&](const Riga& Letta) {
         if (Letta.Titolo) {
             Dentro = SiLeggeCome(Letta.Nome, Sezione);
         } else if (Dentro && !Letta.Nome.isEmpty() && SiLeggeCome(Letta.Nome, Chiave)) {

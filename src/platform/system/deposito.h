@@ -21,7 +21,8 @@
 #include <optional>
 #include <utility>
 
-/// The text of a key; none when it is missing, or stored as what is no text.
+/// The text of a key; none when it is missing, or stored as what is no text. A store that was cut short has
+/// lost the line that the cut has left open: the first digit of a number is another number.
 [[nodiscard]] std::optional<QString> ValoreDelDeposito(const QByteArray& Deposito, const QString& Sezione,
                                                        const QString& Chiave);
 
@@ -33,6 +34,9 @@ enum class DannoDeposito {
     Troncato,  ///< the first comment without the last
 };
 [[nodiscard]] DannoDeposito DannoDelDeposito(const QByteArray& Deposito);
+
+/// The store without the line that a cut has left open; any other store as it is.
+[[nodiscard]] QByteArray SenzaRigaTronca(const QByteArray& Deposito);
 
 /// The store between its two comments, each of them once.
 [[nodiscard]] QByteArray DepositoIntero(const QByteArray& Deposito);

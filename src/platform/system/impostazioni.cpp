@@ -80,7 +80,7 @@ void Cambia(const QString& File, SeGuasto Che, const std::function<QByteArray(co
         if (Danno != DannoDeposito::Nessuno && Che == SeGuasto::Rifiuta)
             throw Errore(errori::Accesso,
                          u"il file "_s + Dice(Danno) + u", occorre memorizzare di nuovo le impostazioni"_s);
-        const QByteArray Nuovo = Dopo(Prima);
+        const QByteArray Nuovo = Dopo(SenzaRigaTronca(Prima));
         // No file is made for nothing. A damaged one that has lost nothing of these keys becomes whole.
         if (Nuovo == Prima && (Nuovo.isEmpty() || Danno == DannoDeposito::Nessuno))
             return;

@@ -60,6 +60,8 @@ void TestImpostazioniGuasteAllAvvio::Memorizza()
     T->Apri(0);
     for (const char* Nome : {"txtNomeStudio", "txtIndStudio", "txtCittaStudio", "txtEMail"})
         T->Campo(QString::fromLatin1(Nome))->setText(u"nuovo"_s);
+    for (const char* Contatore : {"txtNumFatt", "txtProgTrasm"})
+        T->Campo(QString::fromLatin1(Contatore))->setText(u"41"_s);
     T->Premi(u"cmdSaveImpost"_s);
 }
 

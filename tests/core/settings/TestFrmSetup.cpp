@@ -33,8 +33,6 @@ private Q_SLOTS:
     void quelCheHaScrittoUnAltroResta();
     void quelCheIlFileHaPersoTorna_data();
     void quelCheIlFileHaPersoTorna();
-    void iContatoriNonRicominciano_data();
-    void iContatoriNonRicominciano();
     void ridisegnaLaScrivania();
     void modaleSiChiudeDopoAverMemorizzato();
     void modaleGiaApertaVieneDavanti();
@@ -340,59 +338,6 @@ void TestFrmSetup::quelCheIlFileHaPersoTorna()
         QCOMPARE(Scena::Parametro(u"PercorsoProcedura"_s), ProgrammaDiProva());
         QCOMPARE(Scena::Parametro(u"CP"_s), u"4"_s);
     }
-}
-
-void TestFrmSetup::iContatoriNonRicominciano_data()
-{
-    QTest::addColumn<QByteArray>("Resto");  // of the file, behind the first comment
-    QTest::addColumn<bool>("Intero");
-    QTest::addColumn<QString>("Fattura");
-    QTest::addColumn<QString>("Trasmissione");
-
-    QTest::newRow("nothing is left") << QByteArray() << false << u"41"_s << u"17"_s;
-    QTest::newRow("cut before them") << "[Parametri]\nstudiocitta=Pi"_ba << false << u"41"_s << u"17"_s;
-    QTest::newRow("cut in a number") << "[Parametri]\nprogtrasm=18\nprogfatt=4"_ba << false << u"41"_s
-                                     << u"18"_s;
-    QTest::newRow("cut behind them") << "[Parametri]\nprogfatt=43\nprogtrasm=19\nstud"_ba << false << u"43"_s
-                                     << u"19"_s;
-    QTest::newRow("whole, without them")
-        << "[Parametri]\nstudiocitta=Pisa\n"_ba << true << u"41"_s << u"17"_s;
-    QTest::newRow("whole, with empty ones")
-        << "[Parametri]\nprogfatt=\nprogtrasm=\n"_ba << true << u"41"_s << u"17"_s;
-    QTest::newRow("whole, with lower ones")
-        << "[Parametri]\nprogfatt=3\nprogtrasm=4\n"_ba << true << u"3"_s << u"4"_s;
-}
-
-/// The next invoice and its file would take numbers that have gone out. What stands in a whole file is what
-/// somebody has stored there.
-void TestFrmSetup::iContatoriNonRicominciano()
-{
-    QFETCH(QByteArray, Resto);
-    QFETCH(bool, Intero);
-    QFETCH(QString, Fattura);
-    QFETCH(QString, Trasmissione);
-    Registratore Box;
-    Scena::Salva(u"ProgFatt"_s, u"41"_s);
-    Scena::Salva(u"ProgTrasm"_s, u"17"_s);
-    const QString File = Scena::FileImpostazioni();
-    const QByteArray Inizio = LeggiFile(File).split('\n').first() + '\n';
-    Riempi();
-    ScriviFile(File, Resto.isEmpty() ? QByteArray() : Intero ? Resto : Inizio + Resto);
-    for (int Volta = 0; Volta < 2; ++Volta) {
-        Box.Attendi(Memorizzate);
-        Memorizza();
-        QCOMPARE(Scena::Parametro(u"ProgFatt"_s), Fattura);
-        QCOMPARE(Scena::Parametro(u"ProgTrasm"_s), Trasmissione);
-        QCOMPARE(sessione::ProgFatt, Fattura.toInt());
-        QCOMPARE(Campo(u"txtNumFatt"_s)->text(), Fattura);
-    }
-    // What is typed counts, in a damaged file as in a whole one.
-    ScriviFile(File, Inizio + "[Parametri]\nprogfatt=43\n");
-    Campo(u"txtNumFatt"_s)->setText(u"9"_s);
-    Box.Attendi(Memorizzate);
-    Memorizza();
-    QCOMPARE(Scena::Parametro(u"ProgFatt"_s), u"9"_s);
-    QCOMPARE(Scena::Parametro(u"ProgTrasm"_s), Trasmissione);
 }
 
 void TestFrmSetup::ridisegnaLaScrivania()

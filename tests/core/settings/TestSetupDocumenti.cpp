@@ -239,6 +239,8 @@ void TestSetupDocumenti::ilLogoRestaDoveIlSuoNomeSiPerde()
     Apri();
     for (const char* Nome : {"txtNomeStudio", "txtIndStudio", "txtCittaStudio", "txtEMail"})
         T->Campo(QString::fromLatin1(Nome))->setText(u"nuovo"_s);
+    for (const char* Contatore : {"txtNumFatt", "txtProgTrasm"})
+        T->Campo(QString::fromLatin1(Contatore))->setText(u"41"_s);
     for (int Volta = 0; Volta < 2; ++Volta) {
         T->Memorizza(Box);
         QCOMPARE(Copie().size(), 1);

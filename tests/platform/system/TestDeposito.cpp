@@ -24,6 +24,8 @@ private Q_SLOTS:
     void noiLeggiamoISuoi_data();
     void noiLeggiamoISuoi();
     void laMarcaDiUnEditore();
+    void laRigaTagliataEPersa_data();
+    void laRigaTagliataEPersa();
     void ilRestoNonSiTocca_data();
     void ilRestoNonSiTocca();
     void ilFileRottoNonInghiotte_data();
@@ -188,6 +190,29 @@ void TestDeposito::laMarcaDiUnEditore()
     Nuovo.close();
     QCOMPARE(QSettings(File, QSettings::IniFormat).value(u"Parametri/k"_s).toString(), u"Forlì"_s);
     QCOMPARE(Letto(Byte, u"k"_s), u"Forlì"_s);
+}
+
+void TestDeposito::laRigaTagliataEPersa_data()
+{
+    QTest::addColumn<QByteArray>("Righe");
+    QTest::addColumn<QString>("Letta");
+
+    QTest::newRow("within the number") << "[Parametri]\na=1\nk=4"_ba << u"(manca)"_s;
+    QTest::newRow("behind it") << "[Parametri]\na=1\nk=41"_ba << u"(manca)"_s;
+    QTest::newRow("behind the end of its line") << "[Parametri]\na=1\nk=41\n"_ba << u"41"_s;
+    QTest::newRow("within that end") << "[Parametri]\r\na=1\r\nk=41\r"_ba << u"41"_s;
+    QTest::newRow("a line further on") << "[Parametri]\nk=41\na="_ba << u"41"_s;
+    QTest::newRow("a line before counts") << "[Parametri]\nk=40\nk=4"_ba << u"40"_s;
+}
+
+/// The first digit of a number is another number; without the first comment nobody knows of a cut.
+void TestDeposito::laRigaTagliataEPersa()
+{
+    QFETCH(QByteArray, Righe);
+    const QByteArray Inizio = DepositoIntero({}).split('\n').first() + '\n';
+    QTEST(Letto(Inizio + Righe, u"k"_s), "Letta");
+    QVERIFY(Letto(Righe, u"k"_s) != u"(manca)"_s);
+    QVERIFY(Letto(Inizio + Righe + "\n; fine", u"k"_s) != u"(manca)"_s);
 }
 
 void TestDeposito::ilRestoNonSiTocca_data()

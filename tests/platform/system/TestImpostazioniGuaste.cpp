@@ -21,6 +21,7 @@ private Q_SLOTS:
     void init();
     void ogniTaglioSiVede();
     void dopoOgniTaglioSiSalva();
+    void laRigaTagliataNonTornaIntera();
     void chiNonHaMaiSalvatoNonHaGuasti();
     void nienteDaScrivereNonFaUnFile();
     void iDueCommentiDaSoli_data();
@@ -78,6 +79,20 @@ void TestImpostazioniGuaste::dopoOgniTaglioSiSalva()
             QCOMPARE(GetSetting(App, Sezione, Chiave), Testo);
         QCOMPARE(PrendiNumero(App, Sezione, u"ProgFatt"_s, 99), 42);
     }
+}
+
+/// The file that a save makes whole holds no counter that the cut has made lower.
+void TestImpostazioniGuaste::laRigaTagliataNonTornaIntera()
+{
+    SaveSettings(App, Sezione, {{u"ProgFatt"_s, u"41"_s}});
+    QByteArray Tagliato = LeggiFile(File);
+    Tagliato.truncate(Tagliato.indexOf("=41") + 2);
+    ScriviFile(File, Tagliato);
+    SaveSetting(App, Sezione, u"StudioNome"_s, u"Rossi"_s);
+    QVERIFY(!GuastoImpostazioni(App));
+    QCOMPARE(GetSetting(App, Sezione, u"StudioNome"_s), u"Rossi"_s);
+    QCOMPARE(GetSetting(App, Sezione, u"ProgFatt"_s, u"perso"_s), u"perso"_s);
+    QCOMPARE(LeggiFile(File + u".guasto"_s), Tagliato);
 }
 
 void TestImpostazioniGuaste::chiNonHaMaiSalvatoNonHaGuasti()

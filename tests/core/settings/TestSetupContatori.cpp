@@ -1,0 +1,166 @@
+// The two counters of the settings where the file that holds them is damaged.
+#include "core/app/scena.h"
+#include "core/impostazioni.h"
+
+#include <QLineEdit>
+#include <QTabWidget>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+class TestSetupContatori : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup() { S.reset(); }
+
+    void iContatoriNonRicominciano_data();
+    void iContatoriNonRicominciano();
+    void ilContatorePersoSiChiede_data();
+    void ilContatorePersoSiChiede();
+
+private:
+    QLineEdit* Campo(const QString& Nome) { return Modulo->findChild<QLineEdit*>(Nome); }
+    void Riempi();
+    void Memorizza() { QTest::mouseClick(Modulo->findChild<QWidget*>(u"cmdSaveImpost"_s), Qt::LeftButton); }
+
+    std::unique_ptr<Scena> S;
+    frmSetup* Modulo = nullptr;
+};
+PROVA(TestSetupContatori);
+
+namespace {
+
+const QString Memorizzate = u"Le impostazioni sono state memorizzate!"_s;
+
+}  // namespace
+
+void TestSetupContatori::init()
+{
+    S = std::make_unique<Scena>();
+    Scena::Salva(u"PercorsoProcedura"_s, ProgrammaDiProva());
+    Modulo = &Singola<frmSetup>();
+}
+
+void TestSetupContatori::Riempi()
+{
+    Modulo->Mostra(0);
+    for (const QString& Nome : {u"txtNomeStudio"_s, u"txtIndStudio"_s, u"txtCittaStudio"_s, u"txtEMail"_s})
+        Campo(Nome)->setText(u"nuovo"_s);
+}
+
+void TestSetupContatori::iContatoriNonRicominciano_data()
+{
+    QTest::addColumn<QByteArray>("Resto");  // of the file, behind the first comment
+    QTest::addColumn<bool>("Intero");
+    QTest::addColumn<QString>("Fattura");
+    QTest::addColumn<QString>("Trasmissione");
+
+    QTest::newRow("nothing is left") << QByteArray() << false << u"41"_s << u"17"_s;
+    QTest::newRow("cut before them") << "[Parametri]\nstudiocitta=Pi"_ba << false << u"41"_s << u"17"_s;
+    QTest::newRow("cut in a number") << "[Parametri]\nprogtrasm=18\nprogfatt=4"_ba << false << u"41"_s
+                                     << u"18"_s;
+    QTest::newRow("cut behind them") << "[Parametri]\nprogfatt=43\nprogtrasm=19\nstud"_ba << false << u"43"_s
+                                     << u"19"_s;
+    QTest::newRow("whole, without them")
+        << "[Parametri]\nstudiocitta=Pisa\n"_ba << true << u"41"_s << u"17"_s;
+    QTest::newRow("whole, with empty ones")
+        << "[Parametri]\nprogfatt=\nprogtrasm=\n"_ba << true << u"41"_s << u"17"_s;
+    QTest::newRow("whole, with lower ones")
+        << "[Parametri]\nprogfatt=3\nprogtrasm=4\n"_ba << true << u"3"_s << u"4"_s;
+}
+
+/// The next invoice and its file would take numbers that have gone out. What stands in a whole file is what
+/// somebody has stored there.
+void TestSetupContatori::iContatoriNonRicominciano()
+{
+    QFETCH(QByteArray, Resto);
+    QFETCH(bool, Intero);
+    QFETCH(QString, Fattura);
+    QFETCH(QString, Trasmissione);
+    Registratore Box;
+    Scena::Salva(u"ProgFatt"_s, u"41"_s);
+    Scena::Salva(u"ProgTrasm"_s, u"17"_s);
+    const QString File = Scena::FileImpostazioni();
+    const QByteArray Inizio = LeggiFile(File).split('\n').first() + '\n';
+    Riempi();
+    ScriviFile(File, Resto.isEmpty() ? QByteArray() : Intero ? Resto : Inizio + Resto);
+    for (int Volta = 0; Volta < 2; ++Volta) {
+        Box.Attendi(Memorizzate);
+        Memorizza();
+        QCOMPARE(Scena::Parametro(u"ProgFatt"_s), Fattura);
+        QCOMPARE(Scena::Parametro(u"ProgTrasm"_s), Trasmissione);
+        QCOMPARE(sessione::ProgFatt, Fattura.toInt());
+        QCOMPARE(Campo(u"txtNumFatt"_s)->text(), Fattura);
+    }
+    // What is typed counts, in a damaged file as in a whole one.
+    ScriviFile(File, Inizio + "[Parametri]\nprogfatt=43\n");
+    Campo(u"txtNumFatt"_s)->setText(u"9"_s);
+    Box.Attendi(Memorizzate);
+    Memorizza();
+    QCOMPARE(Scena::Parametro(u"ProgFatt"_s), u"9"_s);
+    QCOMPARE(Scena::Parametro(u"ProgTrasm"_s), Trasmissione);
+}
+
+void TestSetupContatori::ilContatorePersoSiChiede_data()
+{
+    QTest::addColumn<QByteArray>("Resto");  // of the file, behind the first comment
+    QTest::addColumn<bool>("Fattura");      // lost
+    QTest::addColumn<bool>("Trasmissione");
+
+    QTest::newRow("nothing is left") << QByteArray() << true << true;
+    QTest::newRow("cut before them") << "[Parametri]\nstudiocitta=Pisa\n"_ba << true << true;
+    QTest::newRow("cut in the first") << "[Parametri]\nprogfatt=4"_ba << true << true;
+    QTest::newRow("cut in the second") << "[Parametri]\nprogfatt=41\nprogtrasm=1"_ba << false << true;
+    QTest::newRow("cut behind them") << "[Parametri]\nprogfatt=41\nprogtrasm=17\nstud"_ba << false << false;
+}
+
+/// The usual order: the start tells that the file is damaged, and the settings are opened after that. None of
+/// them is stored before the user has seen what has become of the counters.
+void TestSetupContatori::ilContatorePersoSiChiede()
+{
+    QFETCH(QByteArray, Resto);
+    QFETCH(bool, Fattura);
+    QFETCH(bool, Trasmissione);
+    const QString Chiede = u" si è perso con le impostazioni danneggiate: con 0 si ripeterebbero numeri già "
+                           u"usati.\nMemorizzarlo ugualmente?"_s;
+    const QString DiFattura = u"Il numero dell'ultima fattura"_s + Chiede;
+    const QString DiFile = u"Il numero dell'ultimo file XML"_s + Chiede;
+    Registratore Box;
+    Scena::Salva(u"ProgFatt"_s, u"41"_s);
+    Scena::Salva(u"ProgTrasm"_s, u"17"_s);
+    const QString File = Scena::FileImpostazioni();
+    const QByteArray Guasto =
+        Resto.isEmpty() ? QByteArray() : LeggiFile(File).split('\n').first() + '\n' + Resto;
+    ScriviFile(File, Guasto);
+    Riempi();
+    const auto* Schede = Modulo->findChild<QTabWidget*>(u"tabSetup"_s);
+    if (Fattura) {
+        Box.Attendi(DiFattura, vbNo);
+        Memorizza();
+        QCOMPARE(LeggiFile(File), Guasto);
+        QCOMPARE(Schede->currentIndex(), int(frmSetup::SchedaDatiContabili));
+        QTRY_COMPARE(QApplication::focusWidget(), Campo(u"txtNumFatt"_s));
+        Campo(u"txtNumFatt"_s)->setText(u"41"_s);
+    }
+    if (Trasmissione) {
+        Box.Attendi(DiFile, vbNo);
+        Memorizza();
+        QCOMPARE(LeggiFile(File), Guasto);
+        QCOMPARE(Schede->currentIndex(), int(frmSetup::SchedaFatturaElettronica));
+        QTRY_COMPARE(QApplication::focusWidget(), Campo(u"txtProgTrasm"_s));
+        Box.Attendi(DiFile, vbYes);  // an office that has never written one
+    }
+    Box.Attendi(Memorizzate);
+    Memorizza();
+    QCOMPARE(Scena::Parametro(u"ProgFatt"_s), u"41"_s);
+    QCOMPARE(Scena::Parametro(u"ProgTrasm"_s), Trasmissione ? u"0"_s : u"17"_s);
+    // What was answered once is not asked again.
+    Box.Attendi(Memorizzate);
+    Memorizza();
+}
+
+#include "TestSetupContatori.moc"
