@@ -1,6 +1,7 @@
 #include "core/desktop/recenti.h"
 
 #include "core/aperture.h"
+#include "core/modErrori.h"
 #include "platform/base/regionale.h"
 #include "platform/kit/collega.h"
 #include "platform/system/aparte.h"
@@ -96,9 +97,12 @@ void ApriRecente(const NotaRecente& Nota)
         return;
     }
     if (EsisteCartellaEntro(Cartella)) {
-        DimenticaRecente(Nota.Percorso);
-        MsgBox(u"La parcella %1 non si trova più nella cartella %2\ne non compare più tra le ultime."_s.arg(
-                   NomeRecente(Nota), Cartella),
+        // He has asked for the note, not to have its name gone: why that stays is told once.
+        Protetta([&] { DimenticaCancellata(Nota.Percorso); });
+        const QList<NotaRecente> Ora = NoteRecenti();
+        const bool Resta = std::ranges::find(Ora, Nota.Percorso, &NotaRecente::Percorso) != Ora.end();
+        MsgBox(u"La parcella %1 non si trova più nella cartella %2"_s.arg(NomeRecente(Nota), Cartella) +
+                   (Resta ? u"."_s : u"\ne non compare più tra le ultime."_s),
                vbExclamation, TitoloAvvertenza.toString());
         return;
     }

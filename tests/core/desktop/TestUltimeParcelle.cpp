@@ -29,6 +29,7 @@ private Q_SLOTS:
     void dueClicUnaNotaSola();
     void cancTogliEMenu();
     void laNotaSparitaLoDiceEVa();
+    void laNotaSparitaSiDiceAncheSeIlNomeResta();
     void laCartellaSparitaChiede_data();
     void laCartellaSparitaChiede();
     void laCartellaMutaNonFerma();
@@ -226,6 +227,27 @@ void TestUltimeParcelle::laNotaSparitaLoDiceEVa()
     QTRY_COMPARE(Elenco()->model()->rowCount(), 1);
     QCOMPARE(S->Eventi, QStringList());
     QCOMPARE(NomeRecente(NoteRecenti().constFirst()), u"a"_s);
+}
+
+/// Damaged settings keep the name; why the note does not open is told all the same, each time.
+void TestUltimeParcelle::laNotaSparitaSiDiceAncheSeIlNomeResta()
+{
+    Registratore Box;
+    QVERIFY(QFile::remove(Scritta(u"b"_s)));
+    Apri();
+    const QString File = Scena::FileImpostazioni();
+    const QByteArray Intero = LeggiFile(File);
+    ScriviFile(File, Intero.first(Intero.lastIndexOf('\n', Intero.size() - 2) + 1));
+    QVERIFY(!FraseImpostazioniGuaste().isEmpty());
+    ImpostazioniGuasteDette();
+    QCOMPARE(NoteRecenti().size(), 1);
+    for (int Volta = 1; Volta <= 2; ++Volta) {
+        Box.Attendi(u"La parcella b non si trova più nella cartella %1."_s.arg(PercorsoNativo(Cartella)),
+                    vbOK, u"Avvertenza:"_s);
+        ApriRecente(NoteRecenti().constFirst());
+        QCOMPARE(Box.Mostrati().size(), Volta);
+    }
+    QCOMPARE(NoteRecenti().size(), 1);
 }
 
 void TestUltimeParcelle::laCartellaSparitaChiede_data()
