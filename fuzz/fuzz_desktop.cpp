@@ -28,11 +28,12 @@ bool OltreLeLette(int Lette)
     const QString File = CartellaDiLavoro() + u"kr5.ini"_s;
     static const QRegularExpression Forma(u"^L(\\d{1,9})(_c|_i)?$"_s,
                                           QRegularExpression::CaseInsensitiveOption);
-    return std::ranges::any_of(ChiaviDellaSezione(u"desktop"_s, File), [&](const QString& Chiave) {
-        const auto Trovata = Forma.match(Chiave);
-        return Trovata.hasMatch() && Trovata.captured(1).toInt() >= Lette &&
-               !GetPrivateProfileString(u"desktop"_s, Chiave, {}, 2, File).isEmpty();
-    });
+    return std::ranges::any_of(
+        ChiaviDelProfilo(InizioDelProfilo(File), u"desktop"_s), [&](const QString& Chiave) {
+            const auto Trovata = Forma.match(Chiave);
+            return Trovata.hasMatch() && Trovata.captured(1).toInt() >= Lette &&
+                   !GetPrivateProfileString(u"desktop"_s, Chiave, {}, 2, File).isEmpty();
+        });
 }
 
 void Icone(const QByteArray& Dati)

@@ -66,16 +66,23 @@ QList<std::pair<QString, QString>> Righe(const TabellaRighe& Icone)
 
 /// Of a file whose numbers have a gap the icons behind it are not read, and the next write takes them out:
 /// whoever has written them finds them beside it.
-/// @param Lette icons before the gap
+/// @param Ora what stands there
 /// @throws Errore when they can be kept nowhere
-void ConservaOltreIlVuoto(const QString& File, int Lette, const QByteArray& Ora)
+void ConservaOltreIlVuoto(const QString& File, const QByteArray& Ora)
 {
-    const QStringList Chiavi = ChiaviDellaSezione(Sezione, File);
-    const bool Oltre = std::ranges::any_of(Chiavi, [&](const QString& Chiave) {
-        return ChiaveDiIcona(Chiave) && Chiave.sliced(1).section(u'_', 0, 0).toLongLong() >= Lette &&
-               !GetPrivateProfileString(Sezione, Chiave, {}, 2, File).isEmpty();
-    });
-    if (Oltre)
+    const auto Intera = [&](int Numero) {
+        return std::ranges::all_of(Code, [&](QStringView Coda) {
+            return !ValoreDelProfilo(Ora, Sezione, u'L' + QString::number(Numero) + Coda.toString())
+                        .isEmpty();
+        });
+    };
+    int Lette = 0;
+    while (Intera(Lette))
+        ++Lette;
+    if (std::ranges::any_of(ChiaviDelProfilo(Ora, Sezione), [&](const QString& Chiave) {
+            return ChiaveDiIcona(Chiave) && Chiave.sliced(1).section(u'_', 0, 0).toLongLong() >= Lette &&
+                   !ValoreDelProfilo(Ora, Sezione, Chiave).isEmpty();
+        }))
         ConservaGuasto(File, Ora);
 }
 
@@ -138,9 +145,8 @@ bool ScriviIconeUtente(const TabellaRighe& Icone, bool Cambiate)
     const QList<std::pair<QString, QString>> Nuove = Righe(Icone);
     const QString Letto = FileIcone();
     if (Nuove.isEmpty() && !EsisteFile(Letto) && !EsisteCartella(Letto))
-        return true;                         // nothing to take out of it, and nothing to put into it
-    const int Lette = LeggiIcone().Righe();  // what there is to say of the file is said before its turn
-    const auto Conserva = [&](const QByteArray& Ora) { ConservaOltreIlVuoto(Letto, Lette, Ora); };
+        return true;  // nothing to take out of it, and nothing to put into it
+    const auto Conserva = [&](const QByteArray& Ora) { ConservaOltreIlVuoto(Letto, Ora); };
     if (!Letto.isEmpty() && SostituisciChiavi(Sezione, ChiaveDiIcona, Nuove, Letto, Conserva))
         return true;
     if (!Cambiate)

@@ -254,6 +254,12 @@ QString GetPrivateProfileString(const QString& Sezione, const QString& Chiave, c
     return DaCp1252(Byte(Contenuto, *Trovato.Valore).toByteArray()).left(std::max(0, Massimo - 1));
 }
 
+QString ValoreDelProfilo(const QByteArray& Contenuto, const QString& Sezione, const QString& Chiave)
+{
+    const Posto Trovato = Cerca(Contenuto, NomeScritto(Sezione), NomeScritto(Chiave));
+    return Trovato.Valore ? DaCp1252(Byte(Contenuto, *Trovato.Valore).toByteArray()) : QString();
+}
+
 QByteArray InizioDelProfilo(const QString& File)
 {
     return LeggiInizio(TrovaFile(File));
@@ -271,10 +277,10 @@ bool WritePrivateProfileString(const QString& Sezione, const QString& Chiave, co
     });
 }
 
-QStringList ChiaviDellaSezione(const QString& Sezione, const QString& File)
+QStringList ChiaviDelProfilo(const QByteArray& Contenuto, const QString& Sezione)
 {
     QStringList Trovate;
-    (void)SenzaChiavi(LeggiInizio(File), NomeScritto(Sezione), [&](const QString& Chiave) {
+    (void)SenzaChiavi(Contenuto, NomeScritto(Sezione), [&](const QString& Chiave) {
         Trovate.append(Chiave);
         return false;
     });

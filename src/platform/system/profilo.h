@@ -35,10 +35,11 @@
 bool WritePrivateProfileString(const QString& Sezione, const QString& Chiave, const QString& Valore,
                                const QString& File);
 
-/// The keys of a section as they are written, in the order of the file; none where file or section is
-/// missing.
-/// @throws Errore 75 when the file is there and cannot be read
-[[nodiscard]] QStringList ChiaviDellaSezione(const QString& Sezione, const QString& File);
+/// Of the bytes of such a file, as SostituisciChiavi hands them on: the keys of a section as they are
+/// written, in their order, and the text of a key; none, and empty, where section or key is missing.
+[[nodiscard]] QStringList ChiaviDelProfilo(const QByteArray& Contenuto, const QString& Sezione);
+[[nodiscard]] QString ValoreDelProfilo(const QByteArray& Contenuto, const QString& Sezione,
+                                       const QString& Chiave);
 
 /// Replaces keys of a section by others in one write: those that `DaTogliere` names go, the new ones stand at
 /// the end of the section. Other keys, sections and comments are kept.
