@@ -102,6 +102,7 @@ void Nominativi::PretendiLetto() const
 void Nominativi::Chiudi()
 {
     Guardato = false;
+    NonLetto = nullptr;
     for (Tabella& Una : Tabelle) {
         Una.Righe = {};
         Una.Aperta = false;

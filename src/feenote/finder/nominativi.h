@@ -27,7 +27,7 @@ public:
     [[nodiscard]] const QString& FileArchivio() const { return Archivio; }
     /// Throws why it could not; nothing happens while it could.
     void PretendiLetto() const;
-    /// A list is complete: nothing is open any more.
+    /// A list is complete: nothing is open any more, and the next one begins without the failure of this one.
     void Chiudi();
 
 private:

@@ -462,7 +462,7 @@ void frmTrovaParcella::Cancella()
             if (InRicerca())
                 RifaiDopo = true;  // it may have been seen before it went
             else
-                MostraConto(FraseEsito(Conto));
+                MostraEsito();
         });
     } catch (const Errore& Guasto) {
         GestioneErrori(Guasto);

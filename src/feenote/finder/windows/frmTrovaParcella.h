@@ -86,6 +86,7 @@ private:
     {
         ElencoTrova Righe;
         ContoTrova Conto;
+        QString ArchivioMuto;
         QString Cartella;
         QString Radice;
         QString Cercato;
@@ -125,6 +126,7 @@ private:
     void MostraFiltrate(const QString& Corrente);
     void SegnaOrdine();  ///< the arrow in the titles
     void MostraConto(const QString& Frase);
+    void MostraEsito();  ///< of the walk whose rows are on view
     void VaiAllaPrimaNota();
     // ---- frmTrovaParcella_Stato.cpp: states, what is open, the accountant's file
     void CollegaStato();
@@ -150,7 +152,8 @@ private:
     Scopo Motivo = Scopo::Elenca;
     Veduta Prima;
     ContoTrova Conto;
-    QSet<QString> Aperte;        ///< files of the notes on screen, as the rows are marked
+    QString ArchivioMuto;  ///< name of the archive that could not give the names on view; empty: it could
+    QSet<QString> Aperte;  ///< files of the notes on screen, as the rows are marked
     int Selezionato = Parcelle;  ///< element of optFolder whose folder is listed
     QString Presente;            ///< the folder that is listed
     QString Radice;              ///< where the search began

@@ -50,7 +50,7 @@ void frmTrovaParcella::Elenca(const QString& Cartella)
 void frmTrovaParcella::RicordaVeduta()
 {
     if (!InRicerca() || Motivo == Scopo::Rinfresca)
-        Prima = {Righe, Conto, Presente, Radice, Cercato, Selezionato};
+        Prima = {Righe, Conto, ArchivioMuto, Presente, Radice, Cercato, Selezionato};
 }
 
 void frmTrovaParcella::cmdTrova_Click()
@@ -166,6 +166,7 @@ void frmTrovaParcella::FineFallita(const Errore& Guasto)
         Righe.FiltraStato(FiltroStato(ui->cmbStato->currentIndex()));
         Righe.FiltraCliente(Solo);
         Conto = Prima.Conto;
+        ArchivioMuto = Prima.ArchivioMuto;
         Presente = Prima.Cartella;
         Radice = Prima.Radice;
         Cercato = Prima.Cercato;
@@ -175,7 +176,7 @@ void frmTrovaParcella::FineFallita(const Errore& Guasto)
             ui->txtSearchPath->setText(Presente);
         }
         Rimostra({}, 0);
-        MostraConto(FraseEsito(Conto));
+        MostraEsito();
     }
     GestioneErrori(Guasto);
 }
@@ -186,6 +187,7 @@ void frmTrovaParcella::Fine()
     const ContoTrova Trovato = Ricerca->Conto();
     const QString Corrente = PercorsoCorrente();
     const int PrimaRiga = ui->tdbParcelle->PrimaRiga();
+    ArchivioMuto = Nomi.Guasto() ? NomeFile(Nomi.FileArchivio()) : QString();
     SmettiRicerca();
     Conto = Trovato;
     if (Era == Scopo::Rinfresca) {
@@ -202,11 +204,7 @@ void frmTrovaParcella::Fine()
         if (!Mosso && Attesa.isEmpty() && (!Cercato.isEmpty() || Righe.Filtrato()))
             VaiAllaPrimaNota();
     }
-    QString Frase = FraseEsito(Conto);
-    if (Nomi.Guasto())
-        Frase += u"; i nomi sono quelli delle parcelle, perché l'archivio dei clienti %1 non si legge"_s.arg(
-            NomeFile(Nomi.FileArchivio()));
-    MostraConto(Frase);
+    MostraEsito();
     if (std::exchange(RifaiDopo, false))
         Avvia(Scopo::Rinfresca);
     if (Era != Scopo::Trova || Conto.Interrotta)
@@ -294,6 +292,15 @@ void frmTrovaParcella::SegnaOrdine()
 {
     ui->tdbParcelle->Vista()->horizontalHeader()->setSortIndicator(
         Righe.Colonna(), Righe.Crescente() ? Qt::AscendingOrder : Qt::DescendingOrder);
+}
+
+void frmTrovaParcella::MostraEsito()
+{
+    QString Frase = FraseEsito(Conto);
+    if (!ArchivioMuto.isEmpty() && Conto.Archivi > 0)
+        Frase += u"; i nomi sono quelli delle parcelle, perché l'archivio dei clienti %1 non si legge"_s.arg(
+            ArchivioMuto);
+    MostraConto(Frase);
 }
 
 void frmTrovaParcella::MostraConto(const QString& Frase)

@@ -30,6 +30,7 @@ private Q_SLOTS:
     }
     void archivio_data();
     void archivio();
+    void laFraseSegueIRighi();
     void nota_data();
     void nota();
 };
@@ -55,6 +56,42 @@ void TestTrovaGuasti::archivio()
     QVERIFY2(Stato().count(u"DatiStudio.mdb"_s) == 1, qPrintable(Stato()));
     QCOMPARE(Cella(RigaDi(u"gamma"_s), TrovaCliente), u"Gamma"_s);
     QVERIFY(T->Voce.Mostrati().isEmpty());
+}
+
+/// The sentence stands as long as the rows whose names it speaks of, and no longer.
+void TestTrovaGuasti::laFraseSegueIRighi()
+{
+    const auto Dice = [this] {
+        return Stato().contains(u"l'archivio dei clienti DatiStudio.mdb non si legge"_s);
+    };
+    const QByteArray Sano = LeggiFile(sessione::ArchivioCliCon);
+    QDir().mkpath(Note + u"vuota"_s);
+    Rovina(sessione::ArchivioCliCon, Troncato);
+    Apri();
+    QVERIFY2(Dice(), qPrintable(Stato()));
+    // A walk that fails gives the rows of before back.
+    Clic(Opzione(2));
+    Finita();
+    Scrivi(Percorso(), Note + u"manca"_s);
+    T->Voce.Attendi(u"Errore: Percorso non trovato (76)"_s, vbOK, u"Errore:"_s);
+    Premi(Qt::Key_Return);
+    Finita();
+    QCOMPARE(T->Voce.Mostrati().size(), 1);
+    QVERIFY(RigaDi(u"gamma"_s) >= 0);
+    QVERIFY2(Dice(), qPrintable(Stato()));
+    // One row less.
+    T->Voce.Attendi(u"Confermi la cancellazione della parcella: 'verdi'?"_s, vbYes, u"Domanda:"_s);
+    T->Voce.Attendi(u"La parcella è stata eliminata!"_s, vbOK, u"Messaggio:"_s);
+    VaiSu(u"verdi"_s);
+    Premi(Qt::Key_Delete);
+    QCOMPARE(RigaDi(u"verdi"_s), -1);
+    QVERIFY2(Dice(), qPrintable(Stato()));
+    // A list without any name, over an archive that can be read again.
+    ScriviFile(sessione::ArchivioCliCon, Sano);
+    Doppio(u"[vuota]"_s);
+    QCOMPARE(Stato(), FraseNessuna.toString());
+    Apri();
+    QVERIFY2(RigaDi(u"gamma"_s) >= 0 && !Dice(), qPrintable(Stato()));
 }
 
 void TestTrovaGuasti::nota_data()
