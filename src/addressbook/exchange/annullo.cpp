@@ -300,9 +300,13 @@ void TogliRestiDiImportazioni(const QString& Archivio)
 std::optional<QString> ImportazioneIlleggibile(const QString& Archivio)
 {
     for (const Coppia& Quale : Posti(Archivio))
-        if (const QString Guasto = FileGuasto(Quale); !Guasto.isEmpty())
-            return u"L'ultima importazione non si può annullare, perché il file \"%1\" è danneggiato: "
-                   "l'archivio resta com'è. La copia di prima è il file \"%2\"."_s.arg(Guasto, Quale.Copia);
+        if (const QString Guasto = FileGuasto(Quale); !Guasto.isEmpty()) {
+            const QString Frase =
+                u"L'ultima importazione non si può annullare, perché il file \"%1\" è danneggiato: "
+                "l'archivio resta com'è."_s.arg(Guasto);
+            return Guasto == Quale.Copia ? Frase
+                                         : Frase + u" La copia di prima è il file \"%1\"."_s.arg(Quale.Copia);
+        }
     return std::nullopt;
 }
 
