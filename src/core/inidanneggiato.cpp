@@ -39,9 +39,7 @@ Lettura EsaminaIni(const QString& File, QStringView Sezione)
         DiDelFile(File, QString::number(Guasto.Numero) + u' ' + Guasto.Descrizione);
         return Lettura::Illeggibile;
     }
-    const QByteArray Titolo = '[' + Sezione.toLatin1().toLower() + ']';
-    const bool ConSezione = ('\n' + Byte.toLower().replace('\r', '\n')).contains('\n' + Titolo);
-    if (!ConSezione || Byte.contains('\0'))
+    if (!SezioneNelProfilo(Byte, Sezione.toString()) || Byte.contains('\0'))
         return Lettura::Guasta;
     // A heading, or a key without its value, is nobody's last line.
     const QByteArray Ultima =

@@ -47,14 +47,24 @@ QString FileIn(const QString& Sotto, const QString& Nome)
     return {};
 }
 
-/// The file of the templates; a folder that has its name is none, and is in its place.
-QString FileModelli()
+struct FileModelli
 {
-    for (const QString& Cartella : Luoghi(u"sfondi"_s))
-        if (const QString File = TrovaFile(Cartella + u"templates.ini"_s);
-            EsisteFile(File) || EsisteCartella(File))
-            return File;
-    return {};
+    QString File;
+    Lettura Esito = Lettura::Assente;
+};
+
+/// The first file of templates that can be read. One that cannot, or a folder of its name, is told and hides
+/// no other.
+FileModelli TrovaModelli()
+{
+    FileModelli Trovato;
+    for (const QString& Cartella : Luoghi(u"sfondi"_s)) {
+        Trovato.File = TrovaFile(Cartella + u"templates.ini"_s);
+        Trovato.Esito = EsaminaIni(Trovato.File, u"modello1");
+        if (Trovato.Esito != Lettura::Assente && Trovato.Esito != Lettura::Illeggibile)
+            break;
+    }
+    return Trovato;
 }
 
 /// Names of files with an ending in all of those folders, each once, in the order of a reader.
@@ -100,10 +110,10 @@ QString TrovaSfondo(const QStringList& Sfondi, const QString& Nome)
 
 QList<ModelloAspetto> LeggiModelli()
 {
+    const auto [Percorso, Esito] = TrovaModelli();
     CIni File;
-    File.ImpostaFileName(FileModelli());
+    File.ImpostaFileName(Percorso);
     QList<ModelloAspetto> Modelli;
-    const Lettura Esito = EsaminaIni(File.FileName(), u"modello1");
     if (Esito == Lettura::Assente || Esito == Lettura::Illeggibile)
         return Modelli;
     bool Incompleto = false;

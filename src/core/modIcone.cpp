@@ -88,9 +88,9 @@ void ConservaOltreIlVuoto(const QString& File, const QByteArray& Ora)
 
 QString FraseIconeGuaste(const QString& File)
 {
-    return u"Il file \"%1\" è danneggiato o incompleto: le icone che mancano sulla scrivania vi erano "
-           u"scritte. "
-           "Rimetterlo da una copia, o rifarle nelle impostazioni, scheda \"Desktop\"."_s.arg(File);
+    return u"Il file \"%1\" è danneggiato o incompleto: le icone che mancano sulla scrivania vi "
+           u"erano scritte. Rimetterlo da una copia, o rifarle nelle impostazioni, scheda \"Desktop\"."_s.arg(
+               File);
 }
 
 /// What an opener answered. @throws Errore of that number, which names the target, unless it is 0

@@ -20,6 +20,10 @@ private Q_SLOTS:
     void unaFraseSola_data();
     void unaFraseSola();
     void rimessoNonDiceNulla();
+    void ogniTitoloDiSezione_data();
+    void ogniTitoloDiSezione();
+    void iColoriDelProgrammaRestano_data();
+    void iColoriDelProgrammaRestano();
 };
 PROVA(TestIniGuasti);
 
@@ -90,6 +94,54 @@ void TestIniGuasti::rimessoNonDiceNulla()
     ScriviFile(File, Icone.first(Icone.size() - 20));
     QCOMPARE(Leggi(true), 1);
     QCOMPARE(Box.Mostrati().size(), 2);
+}
+
+void TestIniGuasti::ogniTitoloDiSezione_data()
+{
+    QTest::addColumn<QByteArray>("Titolo");
+    QTest::newRow("as it is written") << "[desktop]"_ba;
+    QTest::newRow("behind blanks") << "  [desktop]"_ba;
+    QTest::newRow("blanks within") << "[ desktop ]"_ba;
+    QTest::newRow("another case") << "\t[DeskTop]"_ba;
+}
+
+/// A file that a hand has written, and whose icons are all read, is not damaged.
+void TestIniGuasti::ogniTitoloDiSezione()
+{
+    QFETCH(QByteArray, Titolo);
+    const Registratore Box;
+    ScriviFile(sessione::PercorsoProg + u"kr5.ini"_s,
+               "; mio\r\n" + QByteArray(Icone).replace("[desktop]", Titolo));
+    QCOMPARE(Leggi(true), 2);
+    QVERIFY(Box.Mostrati().isEmpty());
+}
+
+void TestIniGuasti::iColoriDelProgrammaRestano_data()
+{
+    QTest::addColumn<int>("Come");
+    for (const int Come : DanniVisibili())
+        if (Come == Cartella || Come == Illeggibile)
+            QTest::newRow(NomiDanni[size_t(Come)]) << Come;
+}
+
+/// What stands in the user folder and cannot be read is told, and hides no other file.
+void TestIniGuasti::iColoriDelProgrammaRestano()
+{
+    QFETCH(int, Come);
+    sessione::UserFolder = NuovaCartella();
+    CreaCartella(sessione::UserFolder + u"sfondi"_s);
+    const QString File = sessione::UserFolder + u"sfondi/templates.ini"_s;
+    ScriviFile(File, Colori.first(Colori.indexOf("[modello2]")));
+    ScriviFile(sessione::PercorsoProg + u"sfondi/templates.ini"_s, Colori);
+    QCOMPARE(Leggi(false), 1);
+    Rovina(File, Come);
+    Registratore Box;
+    Box.Tollera();
+    for (int i = 0; i < 2; ++i)
+        QCOMPARE(Leggi(false), 2);
+    QCOMPARE(Box.Mostrati().size(), 1);
+    QVERIFY2(Box.UltimoTesto().contains(File), qPrintable(Box.UltimoTesto()));
+    QFile::setPermissions(File, QFile::ReadOwner | QFile::WriteOwner);
 }
 
 #include "TestIniGuasti.moc"

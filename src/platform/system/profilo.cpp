@@ -8,7 +8,6 @@
 #include "platform/system/sincrono.h"
 #include "platform/system/turno.h"
 
-#include <QByteArrayView>
 #include <QFile>
 #include <QFileInfo>
 
@@ -263,6 +262,11 @@ QString ValoreDelProfilo(const QByteArray& Contenuto, const QString& Sezione, co
 QByteArray InizioDelProfilo(const QString& File)
 {
     return LeggiInizio(TrovaFile(File));
+}
+
+bool SezioneNelProfilo(QByteArrayView Contenuto, const QString& Sezione)
+{
+    return Cerca(Contenuto, NomeScritto(Sezione), {}).FineSezione.has_value();
 }
 
 bool WritePrivateProfileString(const QString& Sezione, const QString& Chiave, const QString& Valore,

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QList>
 #include <QStringList>
 
@@ -25,6 +26,9 @@
 
 /// The bytes of such a file, up to its limit; empty where there is none. @throws Errore 75 as above
 [[nodiscard]] QByteArray InizioDelProfilo(const QString& File);
+
+/// Whether the bytes of such a file have a section, however its heading is spelled.
+[[nodiscard]] bool SezioneNelProfilo(QByteArrayView Contenuto, const QString& Sezione);
 
 /// Sets a key, adding file, section or key where missing; the file is replaced in one step, and what another
 /// program changes at the same moment is kept.
