@@ -134,6 +134,13 @@ bool EContatore(const QString& Chiave)
     return Chiave == chiavi::ProgFatt || Chiave == chiavi::ProgTrasm;
 }
 
+/// The store holds no text of the key, not even an empty one.
+bool MancaNelDeposito(QStringView Chiave)
+{
+    const QString Mai{QChar(0)};
+    return Impostazione(Chiave.toString(), Mai) == Mai;
+}
+
 /// The text of a key; none where the form does not write it.
 std::optional<QString> ValoreDi(const ValoriScheda& Valori, const QString& Chiave)
 {
@@ -441,6 +448,11 @@ void frmSetup::SalvaValori()
         for (auto& [Chiave, Valore] : Tutti)
             if (EContatore(Chiave) && Intatta(Chiave) && ValoreConservato(Chiave).toInt() > Valore.toInt())
                 Valore = ValoreConservato(Chiave);
+    // An empty name says that the logo was taken away; of one that a damaged file has lost nobody has said
+    // so.
+    if (MancaNelDeposito(chiavi::LogoImpronta) && Intatta(chiavi::LogoImpronta.toString()))
+        Tutti.removeIf(
+            [](const auto& Voce) { return Voce.first == chiavi::LogoImpronta && Voce.second.isEmpty(); });
     QSet<QString> Lasciate;
     const auto SiScrive = [&](const QString& Chiave, const QString& Ora) {
         // A counter that is held counts on without the form; an empty one would stop each start.
@@ -473,7 +485,6 @@ void frmSetup::cmdSaveImpost_Click()
     if (!IconeScritte)
         MsgErrore(u"Errore scrittura .ini"_s);
     const QString CartellaPrima = ValoreConservato(chiavi::UserFolder);
-    const QString LogoPrima = logo::ImprontaValida(ValoreConservato(chiavi::LogoImpronta));
     if (!Protetta([this] { SalvaValori(); })) {
         // The icons are written all the same: those of the desktop would open their neighbours' targets.
         Invoca(Aperture.ImpostazioniCambiate);
@@ -483,7 +494,7 @@ void frmSetup::cmdSaveImpost_Click()
         Aperture.LasciaCartellaUtente();
     ImpostaVariabili();
     // A file that has lost the logo's key names none; its picture is no less the office's.
-    if (!LogoPrima.isEmpty() || !sessione::LogoImpronta.isEmpty())
+    if (!MancaNelDeposito(chiavi::LogoImpronta))
         logo::TogliAltri(sessione::LogoImpronta);
     Invoca(Aperture.ImpostazioniCambiate);
     CaricaStudio();

@@ -239,6 +239,7 @@ void TestFrmSetup::ogniImpostazioneHaChiLaScrive()
     const QStringList Altrove{
         u"Tariffa"_s,              // stored once it is chosen, so that the decree in force stays the default
         u"RicordaCalcoli"_s,       // by the list of the last calculations
+        u"LogoImpronta"_s,         // once there is a logo: an empty one says that it was taken away
         u"ServerAggiornamenti"_s,  // by who looks after the machines of an office
     };
     const QString Mai = u"mai scritta"_s;

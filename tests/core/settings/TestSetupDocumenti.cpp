@@ -40,6 +40,7 @@ private Q_SLOTS:
     void danneggiato();
     void ilLogoRestaDoveIlSuoNomeSiPerde_data();
     void ilLogoRestaDoveIlSuoNomeSiPerde();
+    void ilLogoToltoSubitoVaPiuTardi();
     void laPaginaSiVede();
     void posta();
     void testiIniziali();
@@ -208,7 +209,6 @@ void TestSetupDocumenti::danneggiato()
     QCOMPARE(sessione::LogoImpronta, Impronta);  // it may be on a disk that is not there
 }
 
-/// The page beside the choices follows each of them.
 void TestSetupDocumenti::ilLogoRestaDoveIlSuoNomeSiPerde_data()
 {
     QTest::addColumn<int>("Come");
@@ -257,6 +257,24 @@ void TestSetupDocumenti::ilLogoRestaDoveIlSuoNomeSiPerde()
     QCOMPARE(Copie(), QStringList());
 }
 
+/// A picture of today stays, since another program may just be storing its name; a later save takes it.
+void TestSetupDocumenti::ilLogoToltoSubitoVaPiuTardi()
+{
+    Registratore Box;
+    Apri();
+    ScegliLogo(Box, Disegno());
+    T->Memorizza(Box);
+    T->Premi(u"cmdTogliLogo"_s);
+    T->Memorizza(Box);
+    QCOMPARE(Copie().size(), 1);
+    T->Premi(u"cmdChiudi"_s);
+    InvecchiaCopie();
+    Apri();
+    T->Memorizza(Box);
+    QCOMPARE(Copie(), QStringList());
+}
+
+/// The page beside the choices follows each of them.
 void TestSetupDocumenti::laPaginaSiVede()
 {
     Registratore Box;
