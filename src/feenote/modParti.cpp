@@ -162,7 +162,7 @@ void TieniGuasto(Parcella& Nota, const Errore& Guasto, bool DaComporre)
 {
     Nota.ArchivioNonLetto = {Guasto.Numero, Guasto.Descrizione, DaComporre};
     if (!Nota.NomiAttesi && MancaUnNome(Nota))
-        Nota.NomiAttesi = {Nota.txtCliente.Testo, Nota.txtControp.Testo};
+        Nota.NomiAttesi = {Nota.txtCliente.Testo, Nota.txtControp.Testo, Nota.Percorso.isEmpty()};
 }
 
 /// The name comes later than it would have at the opening, and marks nothing. What the user has written
@@ -180,13 +180,15 @@ void RiceviNome(Parcella& Nota, ParteNota Parte, const QString& Nome, const QStr
 }
 
 /// A note that is new prints the counterparty as its row is headed, one with a file as the row has it for
-/// notes. One that was saved before it had the name has none of its own either.
+/// notes: what it was opened with is what the next opening gives. One that was new, and saved before it had
+/// the name, has none in its file.
 /// @throws ArchivioIlleggibile
 std::optional<QString> RileggiControparte(const Parcella& Nota, int Chiave)
 {
     const bool Nuova = Nota.Percorso.isEmpty();
     const auto Nome = CercaControparte(Chiave, Nuova ? u"Nominativo"_s : u"Controp"_s);
-    return Nome && Nome->isEmpty() && Nota.txtControp.Testo.isEmpty()
+    const bool EraNuova = Nota.NomiAttesi && Nota.NomiAttesi->Nuova;
+    return EraNuova && Nome && Nome->isEmpty() && Nota.txtControp.Testo.isEmpty()
                ? CercaControparte(Chiave, u"Nominativo"_s)
                : Nome;
 }
@@ -203,7 +205,7 @@ bool RileggiNomi(Parcella& Nota, bool Dillo)
     const auto NomeCliente = Cliente > 0 ? CercaCliente(Cliente) : std::nullopt;
     const auto NomeControparte = Controparte > 0 ? RileggiControparte(Nota, Controparte) : std::nullopt;
     const NomiTenuti Prima =
-        Nota.NomiAttesi.value_or(NomiTenuti{Nota.txtCliente.Testo, Nota.txtControp.Testo});
+        Nota.NomiAttesi.value_or(NomiTenuti{Nota.txtCliente.Testo, Nota.txtControp.Testo, false});
     if (NomeCliente && Nota.NomeCli.isEmpty())
         RiceviNome(Nota, ParteNota::Cliente, *NomeCliente, Prima.Cliente);
     if (NomeControparte && Nota.NomeCon.isEmpty())

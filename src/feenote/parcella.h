@@ -160,6 +160,7 @@ struct GuastoTenuto
 struct NomiTenuti
 {
     QString Cliente, Controparte;
+    bool Nuova = false;  ///< the note had no file then
 
     friend bool operator==(const NomiTenuti&, const NomiTenuti&) = default;
 };

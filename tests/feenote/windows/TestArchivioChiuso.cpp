@@ -41,6 +41,8 @@ private Q_SLOTS:
     void iNomiArrivanoAncheSeNienteAspetta();
     void ilClienteDigitatoSiStampa();
     void nessunaControparteSiPerde();
+    void laControparteDellaNotaNuova_data();
+    void laControparteDellaNotaNuova();
     void laFatturaElettronicaLoDice();
 
 private:
@@ -383,7 +385,7 @@ void TestArchivioChiuso::ilClienteDigitatoSiStampa()
     QCOMPARE(T->Voce.Mostrati().size(), 1);
 }
 
-/// One that the note has from nowhere is named as his row is headed; one whose row is gone is told.
+/// The same file shows the same counterparty, however late the archive came; one whose row is gone is told.
 void TestArchivioChiuso::nessunaControparteSiPerde()
 {
     for (const bool Sparita : {false, true}) {
@@ -406,8 +408,8 @@ void TestArchivioChiuso::nessunaControparteSiPerde()
         T->Voce.Sparecchia();
         Riapri();
         ClicScheda(F, SchedaDiStampa);
-        QCOMPARE(F->Nota.txtControp.Testo, Sparita ? QString() : u"Neri Carlo"_s);
-        QCOMPARE(F->Nota.txtDatiStaControp.Testo, F->Nota.txtControp.Testo);
+        QCOMPARE(F->Nota.txtControp.Testo, QString());
+        QCOMPARE(F->Nota.txtDatiStaControp.Testo, QString());
         QCOMPARE(T->Voce.Mostrati().size(), Sparita ? 1 : 0);
         if (Sparita)
             QCOMPARE(T->Voce.UltimoTesto(), u"La controparte associata alla parcella non è stata trovata!"_s);
@@ -415,6 +417,37 @@ void TestArchivioChiuso::nessunaControparteSiPerde()
         F->close();
         Respiro();
     }
+}
+
+void TestArchivioChiuso::laControparteDellaNotaNuova_data()
+{
+    QTest::addColumn<bool>("EraNuova");
+    QTest::addColumn<bool>("Salvata");
+    QTest::addColumn<QString>("Nome");
+
+    QTest::newRow("new still") << true << false << u"Neri Carlo"_s;
+    QTest::newRow("new, and saved since") << true << true << u"Neri Carlo"_s;
+    QTest::newRow("opened from its file") << false << true << QString();
+}
+
+/// A row without a name for notes is headed all the same: a note that was made meanwhile takes that.
+void TestArchivioChiuso::laControparteDellaNotaNuova()
+{
+    QFETCH(bool, EraNuova);
+    QFETCH(bool, Salvata);
+    Scrivi(StampaFatturaAnalitica);
+    Parcella Una = NotaPiena();
+    CaricaDati(Una, Nota);
+    OpenDatabase(sessione::ArchivioCliCon).Execute(u"UPDATE Controparti SET Controp=''"_s);
+    Una.txtControp.Testo.clear();
+    Una.txtDatiStaControp.Testo.clear();
+    Una.NomeCon.clear();
+    Una.Percorso = EraNuova ? QString() : Nota;
+    SegnaNonLetto(Una, Errore(errori::Accesso));
+    if (Salvata)
+        Una.Percorso = Nota;
+    QVERIFY(RiprovaArchivio(Una));
+    QTEST(Una.txtControp.Testo, "Nome");
 }
 
 /// The panel lists it, and says nothing of a client who is not linked.
