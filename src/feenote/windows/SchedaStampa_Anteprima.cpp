@@ -77,7 +77,7 @@ void SchedaStampa::NuovaNota()
     ui->vp->Svuota();
     ui->lblUnaPagina->hide();
     ClausoleComposte.clear();
-    NonConsegnata = false;
+    NonConsegnata = FileAllaPari = false;
     ui->cmdFatturaXml->setChecked(false);
     Elettronica->NuovaNota();
 }
@@ -159,9 +159,11 @@ std::optional<Errore> SchedaStampa::Componi(bool Invio)
     if (TogliIbanAssente(Nota))
         mostra::Segno(ui->chkIBAN, Nota.chkIBAN);
     const auto Cartella = Invio ? std::optional(CartellaCompagna()) : std::nullopt;
+    FileAllaPari = FileAllaPari && Invio;  // the companion's copy is another file
     const auto Esito = AnteprimaConEsportazione(vp->Foglio(), Nota, Nota.cmbTipoStampa,
                                                 SteloDocumento(Cornice.Indice()), Cartella, vp->CartaInUso());
     MemorizzaUltimaStampa(Nota);
+    FileAllaPari = FileAllaPari || (!Invio && !Esito);
     return Esito;
 }
 
@@ -232,13 +234,17 @@ void SchedaStampa::EsportaDocumento()
         Cornice.DocumentoUscito(Nota.cmbTipoStampa);
 }
 
-/// The file would be another composition's where this one does not get there.
+/// Only a file that is another composition's is brought up to date: the button leads back to a document that
+/// is open in the editor, and what was written there stays.
 void SchedaStampa::ApriNellEditor()
 {
     if (Cornice.InDomanda())
         return;
     Cornice.ComponiInAttesa();
-    if (SiCompone() && AggiornaDocumento(Cornice.Indice(), [&] { return Componi(); }))
+    if (!SiCompone())
+        return;
+    const bool Pronto = FileAllaPari && EsisteFile(FileDocumento(Cornice.Indice()));
+    if (Pronto || AggiornaDocumento(Cornice.Indice(), [&] { return Componi(); }))
         AvviaEditor(Cornice.Indice());
 }
 

@@ -6,6 +6,7 @@
 
 #include "platform/system/impostazioni.h"
 
+#include <QPlainTextEdit>
 #include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
@@ -15,6 +16,8 @@ namespace {
 const QString Trasferisco = u"E' stata salvata la parcella come fattura.\n"
                             u"Trasferisco i dati della fattura anche all'applicazione Praxivo?"_s;
 const QString GuastoPV2 = u"Si è verificato un errore nel salvataggio dei dati fattura su PV"_s;
+
+const QString NonParte = u"Si è verificato un errore nell'apertura"_s;
 
 }  // namespace
 
@@ -29,8 +32,17 @@ private Q_SLOTS:
     void laChiusuraLaChiede_data();
     void laChiusuraLaChiede();
     void lEditorNonApreIlDocumentoDiPrima();
+    void lEditorTornaAlDocumentoAperto();
 
 private:
+    /// As the user writes it in the print tab.
+    void CambiaOggetto() const
+    {
+        auto* Casella = Controllo<QPlainTextEdit>(F, "txtDatiStaOgg");
+        Casella->setFocus();
+        Casella->selectAll();
+        QTest::keyClicks(Casella, u"Altro oggetto"_s);
+    }
     /// A saved note of a matter, whose companion's archive stands. @return the archive's bytes
     QByteArray SalvaDellaPratica();
     [[nodiscard]] static int Consegnate(const QString& Numero);
@@ -175,11 +187,10 @@ void TestConsegnaMancata::lEditorNonApreIlDocumentoDiPrima()
     ClicScheda(F, SchedaBase);
     ClicScheda(F, SchedaDiStampa);
     QVERIFY(!Esportato().isEmpty());
-    F->Nota.txtOggetto.Testo = F->Nota.txtDatiStaOgg.Testo = u"Altro oggetto"_s;
     T->Voce.Tollera();
-    const QString NonParte = u"Si è verificato un errore nell'apertura"_s;
     {
         const LimiteDiScrittura Pieno{16};
+        CambiaOggetto();
         Premuto("barPrint_wp");
     }
     QCOMPARE(T->Voce.Mostrati().size(), 1);
@@ -188,6 +199,36 @@ void TestConsegnaMancata::lEditorNonApreIlDocumentoDiPrima()
     Premuto("barPrint_wp");
     QCOMPARE(T->Voce.UltimoTesto(), NonParte);
     QVERIFY(Esportato().contains("Altro oggetto"));
+}
+
+/// What is open there, and what was written there, is that document still.
+void TestConsegnaMancata::lEditorTornaAlDocumentoAperto()
+{
+    const QScopedValueRollback Rimetti(sessione::WP, u"/opt/manca/editor"_s);
+    Documento(StampaPrenotula);
+    ClicScheda(F, SchedaBase);
+    ClicScheda(F, SchedaDiStampa);
+    const QString File = FileDocumento(1);
+    QVERIFY(EsisteFile(File));
+    ScriviFile(File, "scritto a mano");
+    const QString Blocco = CartellaFile(File) + u".~lock."_s + NomeFile(File) + u'#';
+    for (const bool Aperto : {true, false}) {
+        if (Aperto)
+            ScriviFile(Blocco, "neri");
+        else
+            QFile::remove(Blocco);
+        T->Voce.Attendi(NonParte, vbOK, u"Errore!"_s);
+        Premuto("barPrint_wp");
+        QCOMPARE(Esportato(), QByteArray("scritto a mano"));
+    }
+    // Another composition does not get there while it is open.
+    ScriviFile(Blocco, "neri");
+    CambiaOggetto();
+    T->Voce.Attendi(u"Attenzione, il documento %1 è già aperto da un'altra applicazione e non può essere "
+                    u"aggiornato.\nChiudere il documento e riprovare."_s.arg(NomeFile(File)),
+                    vbOK, u"Errore:"_s);
+    Premuto("barPrint_wp");
+    QCOMPARE(Esportato(), QByteArray("scritto a mano"));
 }
 
 #include "TestConsegnaMancata.moc"
