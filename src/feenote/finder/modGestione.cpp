@@ -37,9 +37,9 @@ bool Concesso(const QString& File)
     return ControllaPsw(File);
 }
 
-/// A template may go only without its attribute. Of a link the note that it leads to stays as it is.
-/// A template is let go as it is where the system does that: a program that is killed must not leave one that
-/// anybody writes over. Others ask for its attribute first.
+/// A template goes with its attribute where the system lets it: a program that is killed must not leave one
+/// that anybody writes over. Other systems want the attribute taken away first. Of a link the note that it
+/// leads to stays as it is.
 void TogliFile(const QString& File)
 {
     try {
