@@ -21,6 +21,7 @@ private Q_SLOTS:
     void diChiELArchivio();
     void chiNonLeLegge_data();
     void chiNonLeLegge();
+    void nessunaSegueLUltima();
 };
 PROVA(TestChiavi);
 
@@ -100,6 +101,20 @@ void TestChiavi::chiNonLeLegge()
     }
     QVERIFY(QFile::setPermissions(Chiavi, QFile::ReadOwner | QFile::WriteOwner));
     QCOMPARE(LeggiFile(Chiavi), Contenuto);
+}
+
+/// Beyond it the file that keeps them could tell two keys apart no more.
+void TestChiavi::nessunaSegueLUltima()
+{
+    const ArchivioDiProva A;
+    const QString Chiavi = sessione::ArchivioCliCon + u".chiavi"_s;
+    const Database Db = OpenDatabase(sessione::ArchivioCliCon);
+    ScriviFile(Chiavi, "{\"clienti\": 9007199254740991}");
+    QCOMPARE(PrimaChiaveLibera(Db, u"clienti"_s).value_or(0), qint64(1) << 53);
+    const QByteArray Ultima = "{\"clienti\": 9007199254740992}";
+    ScriviFile(Chiavi, Ultima);
+    QCOMPARE(NumeroErrore([&] { (void)PrimaChiaveLibera(Db, u"clienti"_s); }), errori::Eccedenza);
+    QCOMPARE(LeggiFile(Chiavi), Ultima);
 }
 
 #include "TestChiavi.moc"

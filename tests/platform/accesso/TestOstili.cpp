@@ -328,6 +328,8 @@ private Q_SLOTS:
         QTest::newRow("nonsense") << u"while read Riga; do echo ciao; done\n"_s << DescrizioneErrore(3343);
         QTest::newRow("says it is done")
             << u"while read Riga; do echo '{\"errore\":0}'; done\n"_s << DescrizioneErrore(3343);
+        QTest::newRow("an error of no number")
+            << u"while read Riga; do echo '{\"errore\":-3}'; done\n"_s << DescrizioneErrore(3343);
     }
     void programmiGuasti()
     {

@@ -464,6 +464,9 @@ void TestAspetto::postoGuasto_data()
     QTest::newRow("pochi numeri") << u"1,2,3"_s;
     QTest::newRow("senza misura") << u"1,2,0,0"_s;
     QTest::newRow("su uno schermo che non c'è più") << u"90000,90000,300,200"_s;
+    QTest::newRow("oltre ogni schermo") << u"1000001,40,280,190"_s;
+    QTest::newRow("oltre ogni schermo, dall'altra parte") << u"40,-1000001,280,190"_s;
+    QTest::newRow("oltre ogni numero") << u"2147483647,2147483647,280,190"_s;
 }
 
 void TestAspetto::postoGuasto()
