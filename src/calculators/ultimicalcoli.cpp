@@ -100,8 +100,8 @@ ElencoCalcoli Letti(bool& Guasto)
         Byte = LeggiFile(FileCalcoli(), MassimoFile);
     } catch (const Errore& Rifiuto) {
         if (Rifiuto.Numero != errori::Memoria)
-            throw Errore(Rifiuto.Numero,
-                         u"L'elenco degli ultimi calcoli non si può leggere: "_s + FileCalcoli());
+            throw Errore(Rifiuto.Numero, u"L'elenco degli ultimi calcoli non si può leggere: "_s +
+                                             FileCalcoli() + u": "_s + Rifiuto.Descrizione);
     }
     auto Elenco = LeggiElenco(Byte);
     Guasto = !Elenco;

@@ -51,6 +51,8 @@ void TestCalcoliGuasti::unaFraseColNome()
     for (const QString& Frase :
          Chiuso ? QStringList{Lettura.Descrizione, Scrittura.Descrizione} : QStringList{Box.UltimoTesto()})
         QVERIFY2(Frase.count(FileCalcoli()) == 1, qPrintable(Frase));
+    if (Chiuso)
+        QCOMPARE(Lettura.Descrizione.section(FileCalcoli(), 1), u": "_s + DescrizioneErrore(Lettura.Numero));
     // Nothing is written over what cannot be read.
     if (Come == Illeggibile) {
         QVERIFY(QFile::setPermissions(FileCalcoli(), QFile::ReadOwner | QFile::WriteOwner));
