@@ -29,16 +29,19 @@ QString Pagina()
     return QString::fromUtf8(LeggiFile(SorgenteDiProva(u"pacchetto/calcanova-cli.1"_s)));
 }
 
-/// What the shell offers for the last of the words behind the program's name, sorted.
-QStringList Offerte(const QStringList& Parole)
+/// What the shell offers for the last of the words behind the program's name, sorted. The program is in PATH.
+/// @param Nome how it was typed
+QStringList Offerte(const QStringList& Parole, const QString& Nome = ProgrammaDiProva() + u"calcanova-cli"_s)
 {
     QStringList Righe{u"source \"$1\"; shift"_s, u"COMP_WORDS=(\"$@\"); COMP_CWORD=$(($# - 1))"_s,
                       u"_calcanova_cli \"$1\" \"${COMP_WORDS[COMP_CWORD]}\""_s,
                       u"printf '%s\\n' \"${COMPREPLY[@]}\""_s};
     QProcess Guscio;
+    QProcessEnvironment Ambiente = QProcessEnvironment::systemEnvironment();
+    Ambiente.insert(u"PATH"_s, ProgrammaDiProva() + u':' + Ambiente.value(u"PATH"_s));
+    Guscio.setProcessEnvironment(Ambiente);
     Guscio.start(u"bash"_s, QStringList{u"-c"_s, Righe.join(u'\n'), u"bash"_s,
-                                        SorgenteDiProva(u"pacchetto/calcanova-cli.completamento"_s),
-                                        ProgrammaDiProva() + u"calcanova-cli"_s} +
+                                        SorgenteDiProva(u"pacchetto/calcanova-cli.completamento"_s), Nome} +
                                 Parole);
     if (!Guscio.waitForFinished())
         return {u"bash: "_s + Guscio.errorString()};
@@ -90,6 +93,8 @@ void TestPagineSistema::completamento()
     QCOMPARE(Offerte({QString()}), Attese);
     QCOMPARE(Offerte({u"--json"_s, Attese.last().left(2)}), QStringList{Attese.last()});
     QCOMPARE(Offerte({u"--"_s}), OpzioniDelProgramma());
+    // The shell hands on what was typed, variables and all.
+    QCOMPARE(Offerte({QString()}, u"$HOME/bin/calcanova-cli"_s), Attese);
 }
 
 /// Behind an option that has a few words the shell offers these; what follows one that takes any text is no
