@@ -5,6 +5,13 @@
 
 #include <utility>
 
+namespace {
+
+/// A refusal of what nobody has asked for was told.
+bool RifiutoDetto = false;
+
+}  // namespace
+
 QString Impostazione(const QString& Chiave, const QString& Predefinito)
 {
     return GetSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave, Predefinito);
@@ -34,18 +41,17 @@ void SalvaImpostazione(const QString& Chiave, const QString& Valore)
 void MutaImpostazione(const QString& Chiave, const std::function<QString(const QString& Prima)>& Dopo)
 {
     MutaSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave, Dopo);
+    RifiutoDetto = false;
 }
 
 void SalvaImpostazioni(const QList<std::pair<QString, QString>>& Valori,
                        const std::function<bool(const QString& Chiave, const QString& Ora)>& SiScrive)
 {
     SaveSettings(NomeApplicazione.toString(), SezioneParametri.toString(), Valori, SiScrive);
+    RifiutoDetto = false;
 }
 
 namespace {
-
-/// A refusal of what nobody has asked for was told.
-bool RifiutoDetto = false;
 
 /// A refusal is told once, and again only behind a success.
 void DettoUnaVolta(const std::function<void()>& Salva)
@@ -54,7 +60,6 @@ void DettoUnaVolta(const std::function<void()>& Salva)
         if (const QString Frase = FraseImpostazioniGuaste(); !Frase.isEmpty())
             throw Errore(errori::Accesso, Frase);
         Salva();
-        RifiutoDetto = false;
     } catch (const Errore&) {
         if (!std::exchange(RifiutoDetto, true))
             throw;
