@@ -10,6 +10,7 @@
 
 #include <memory>
 
+class QLineEdit;
 class SchedaCartelle;
 class SchedaContabili;
 class SchedaDesktop;

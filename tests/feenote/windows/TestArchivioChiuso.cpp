@@ -6,6 +6,7 @@
 
 #include "feenote/modDatiStampa.h"
 #include "feenote/modParti.h"
+#include "platform/base/errore.h"
 #include "platform/database/connessione.h"
 #include "platform/system/attese.h"
 #include "platform/system/impostazioni.h"

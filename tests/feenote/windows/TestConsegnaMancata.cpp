@@ -5,6 +5,7 @@
 #include "supporto/guasti.h"
 
 #include "platform/system/impostazioni.h"
+#include "platform/system/percorsi.h"
 
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
