@@ -284,3 +284,5 @@ bool CampoRubrica::TastoElenco(const QKeyEvent& Premuto)
         return false;
     }
 }
+
+#include "moc_camporubrica.cpp"

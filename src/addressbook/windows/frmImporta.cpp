@@ -492,3 +492,5 @@ void frmImporta::cmdAnnullaImporta_Click()
         MsgBox(u"L'importazione è stata annullata: l'archivio è com'era prima."_s, vbOKOnly + vbInformation,
                TitoloMessaggio.toString());
 }
+
+#include "moc_frmImporta.cpp"

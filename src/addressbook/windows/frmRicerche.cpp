@@ -316,3 +316,5 @@ void frmRicerche::Cerca(PassoRicerca Passo)
     Campanello();
     Q_EMIT Trovata();
 }
+
+#include "moc_frmRicerche.cpp"

@@ -384,3 +384,5 @@ void frmRubrica::hideEvent(QHideEvent* Evento)
     }
     QDialog::hideEvent(Evento);
 }
+
+#include "moc_frmRubrica.cpp"

@@ -374,3 +374,5 @@ void frmScheda::Titola()
         Nome = Righe.Value(u"Nominativo"_s, QString()).toString().trimmed();
     setWindowTitle(DidascaliaScheda(Modo) + (Nome.isEmpty() ? QString() : u" - "_s + Nome));
 }
+
+#include "moc_frmScheda.cpp"

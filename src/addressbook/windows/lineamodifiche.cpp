@@ -89,3 +89,5 @@ void LineaModifiche::Chiudi(bool Salvata)
     Aggiorna();
     Q_EMIT Conclusa(Salvata);
 }
+
+#include "moc_lineamodifiche.cpp"

@@ -115,3 +115,5 @@ void frmAgenda::cmdSalva_Click()
     SalvaIcs(File, Voci);
     MostraEsportato(u"Le scadenze sono state salvate in "_s + File, File);
 }
+
+#include "moc_frmAgenda.cpp"

@@ -467,3 +467,5 @@ QStringList frmCodFis::EtaComuni() const
     const QString Al = Comuni ? Comuni->Al() : QString();
     return Al.isEmpty() ? QStringList() : QStringList{u"Elenco dei comuni e degli stati esteri al "_s + Al};
 }
+
+#include "moc_frmCodFis.cpp"

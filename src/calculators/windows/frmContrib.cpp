@@ -413,3 +413,5 @@ SchedaCalcolo frmContrib::Scheda() const
     }
     return Tutta;
 }
+
+#include "moc_frmContrib.cpp"

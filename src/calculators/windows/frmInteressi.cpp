@@ -428,3 +428,5 @@ SchedaCalcolo frmInteressi::Scheda() const
     Scritti.Capitale = ImportoScritto(Scritti.Capitale);
     return SchedaInteressi(Scritti, Righe, ui->lblTotale->text(), Note, RigheEta(Eta()));
 }
+
+#include "moc_frmInteressi.cpp"

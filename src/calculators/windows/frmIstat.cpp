@@ -299,3 +299,5 @@ SchedaCalcolo frmIstat::Scheda() const
     return SchedaIstat(Scritti, Risultati, Note,
                        RigheEta(Copertura ? std::optional(EtaIndici(*Copertura, Oggi())) : std::nullopt));
 }
+
+#include "moc_frmIstat.cpp"

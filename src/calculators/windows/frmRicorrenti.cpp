@@ -221,3 +221,5 @@ void frmRicorrenti::cmdScegli_Click()
     else if (Presa.Termine && AlTermine)
         AlTermine(*Presa.Termine);
 }
+
+#include "moc_frmRicorrenti.cpp"

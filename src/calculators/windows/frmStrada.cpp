@@ -218,3 +218,5 @@ QString frmStrada::TestoCopia() const
 {
     return TestoParti(Parti);
 }
+
+#include "moc_frmStrada.cpp"

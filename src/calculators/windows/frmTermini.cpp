@@ -485,3 +485,5 @@ CampoRicordato frmTermini::CampoCatalogo()
                 return true;
             }};
 }
+
+#include "moc_frmTermini.cpp"

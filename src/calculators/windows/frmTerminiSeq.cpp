@@ -305,3 +305,5 @@ ParteDelCalcolo frmTerminiSeq::ParteComandi()
     Parte.Calcola = [this] { cmdEsegui_Click(); };
     return Parte;
 }
+
+#include "moc_frmTerminiSeq.cpp"

@@ -163,3 +163,5 @@ void frmUltimiCalcoli::cmdSvuota_Click()
     Elenca();
     ui->cmdChiudi->setFocus();
 }
+
+#include "moc_frmUltimiCalcoli.cpp"

@@ -166,3 +166,5 @@ void GraficoIndici::mouseMoveEvent(QMouseEvent* Evento)
     QToolTip::showText(Evento->globalPosition().toPoint(), Mese(Vicino) + u": "_s + Valore(Vicino.Valore),
                        this);
 }
+
+#include "moc_graficoindici.cpp"

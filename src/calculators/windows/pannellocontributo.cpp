@@ -175,3 +175,5 @@ void PannelloContributo::Allarga(int Larghezza)
 {
     resize(Larghezza, std::max(layout()->heightForWidth(Larghezza), minimumSizeHint().height()));
 }
+
+#include "moc_pannellocontributo.cpp"

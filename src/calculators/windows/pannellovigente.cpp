@@ -354,3 +354,5 @@ QList<QWidget*> PannelloVigente::Campi() const
     return {ui->cmbProcedimento, ui->mskDeposito, ui->txtValoreVigente, ui->cmbGrado,    ui->txtRicorrenti,
             ui->chkDimezzato,    ui->chkImprese,  ui->chkOmessi,        ui->chkRespinta, ui->chkNotifiche};
 }
+
+#include "moc_pannellovigente.cpp"

@@ -110,3 +110,5 @@ void PortaNota::PortaIn(const NotaInVista& Nota, const QList<SpesaDiLegge>& Spes
                                   : u"Non portato in «%1»: %2"_s.arg(Nota.Titolo, Perche));
     Aggiorna();
 }
+
+#include "moc_portanota.cpp"

@@ -468,3 +468,5 @@ void frmMain::closeEvent(QCloseEvent* Evento)
     else
         Invoca(Aperture.UltimaParcellaChiusa);
 }
+
+#include "moc_frmMain.cpp"

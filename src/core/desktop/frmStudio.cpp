@@ -472,3 +472,5 @@ void frmStudio::closeEvent(QCloseEvent* Evento)
     Evento->accept();
     Termina();
 }
+
+#include "moc_frmStudio.cpp"

@@ -216,3 +216,5 @@ void IconaStudio::keyPressEvent(QKeyEvent* Evento)
         QAbstractButton::keyPressEvent(Evento);
     }
 }
+
+#include "moc_iconastudio.cpp"

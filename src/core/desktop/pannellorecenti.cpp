@@ -282,3 +282,5 @@ void PannelloRecenti::paintEvent(QPaintEvent*)
     Pennello.setBrush(Fondo);
     Pennello.drawRoundedRect(contentsRect(), Smusso, Smusso);
 }
+
+#include "moc_pannellorecenti.cpp"

@@ -228,3 +228,5 @@ void SchedaCartelle::cmdCrea_Click(int Quale)
     SegnaMancanti();
     (ui.get()->*Percorsi.at(size_t(Quale)).Campo)->setFocus();
 }
+
+#include "moc_SchedaCartelle.cpp"

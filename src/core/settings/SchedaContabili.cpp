@@ -165,3 +165,5 @@ void SchedaContabili::cmdVigenti_Click()
                             u". Saranno proposte nelle parcelle nuove dopo \"Memorizza le impostazioni\"."_s);
     ui->lblVigenti->show();
 }
+
+#include "moc_SchedaContabili.cpp"

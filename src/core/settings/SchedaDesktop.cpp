@@ -327,3 +327,5 @@ void SchedaDesktop::SpostaIcone(const QList<int>& Quali, int Meta)
     ui->tdbIcone->Rilega();
     ui->tdbIcone->ImpostaRigaCorrente(Prima);
 }
+
+#include "moc_SchedaDesktop.cpp"

@@ -190,3 +190,5 @@ void SchedaDocumenti::MostraFoglio()
     const bool Stampato = Posto > 0 && !Png.isEmpty();
     Foglio->Mostra(Stampato ? Png : QByteArray(), ui->txtLogoAltezza->value(), Posti[size_t(Posto)].Dove);
 }
+
+#include "moc_SchedaDocumenti.cpp"

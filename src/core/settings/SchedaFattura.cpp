@@ -243,3 +243,5 @@ void SchedaFattura::cmdRicava_Click()
             Indirizzo.simplified(), Citta.simplified()));
     ui->lblProposta->show();
 }
+
+#include "moc_SchedaFattura.cpp"

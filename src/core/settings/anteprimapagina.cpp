@@ -96,3 +96,5 @@ void AnteprimaPagina::paintEvent(QPaintEvent*)
     Pittore.setPen(aspetto::Filo());
     Pittore.drawRect(Dove.adjusted(0, 0, -1, -1));
 }
+
+#include "moc_anteprimapagina.cpp"

@@ -76,3 +76,5 @@ void AnteprimaSfondo::DisegnaEtichetta(QPainter& Pennello, int Centro, const QSt
                aspetto::DaBgr(Tinte[Marcata ? ColoreSelezione : ColoreTesto]),
                aspetto::DaBgr(Tinte[ColoreBordo]));
 }
+
+#include "moc_anteprimasfondo.cpp"

@@ -146,3 +146,5 @@ void frmIcons::cmdSelProg_Click()
     }
     ui->txtCollegIco->setFocus();
 }
+
+#include "moc_frmIcons.cpp"

@@ -531,3 +531,5 @@ void frmSetup::EliminaIcona(int Riga)
     if (const std::optional<int> Propria = Desktop->RigaDi(Riga))
         Desktop->EliminaIcona(*Propria);
 }
+
+#include "moc_frmSetup.cpp"

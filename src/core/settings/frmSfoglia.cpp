@@ -191,3 +191,5 @@ bool frmSfoglia::eventFilter(QObject* Oggetto, QEvent* Evento)
     }
     return QDialog::eventFilter(Oggetto, Evento);
 }
+
+#include "moc_frmSfoglia.cpp"

@@ -21,3 +21,5 @@ QSize PaginaScorrevole::sizeHint() const
     return widget()->sizeHint().expandedTo(widget()->minimumSizeHint()) +
            QSize(verticalScrollBar()->sizeHint().width(), 0);
 }
+
+#include "moc_paginascorrevole.cpp"

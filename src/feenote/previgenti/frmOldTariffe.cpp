@@ -69,3 +69,5 @@ void frmOldTariffe::done(int Esito)
         Parcella->setEnabled(true);
     QDialog::done(Esito);
 }
+
+#include "moc_frmOldTariffe.cpp"

@@ -172,3 +172,5 @@ void PannelloCatena::keyPressEvent(QKeyEvent* Evento)
     else
         QDialog::keyPressEvent(Evento);
 }
+
+#include "moc_PannelloCatena.cpp"

@@ -344,3 +344,5 @@ QWidget* PannelloFattura::CasellaDi(CampoFattura Dove) const
             return ui.get()->*Voce.Segno;
     return nullptr;
 }
+
+#include "moc_PannelloFattura.cpp"

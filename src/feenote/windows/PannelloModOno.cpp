@@ -189,3 +189,5 @@ void PannelloModOno::Mostra()
     }
     Q_EMIT Mostrato(Stato.Aperto);
 }
+
+#include "moc_PannelloModOno.cpp"

@@ -347,3 +347,5 @@ void SchedaAcconti::MostraMultipla()
         ui->cmdRiassocia->setText(u"Associa di nuovo: "_s +
                                   NomeMostrato(Nota.txtPathParcMult).replace(u'&', u"&&"_s));
 }
+
+#include "moc_SchedaAcconti.cpp"

@@ -499,3 +499,5 @@ void SchedaDatiBase::MostraRubrica()
     for (const ParteNota Parte : {ParteNota::Cliente, ParteNota::Controparte})
         Rubriche[size_t(Parte)]->Mostra(LegameParte(Nota, Parte), NomeLegato(Nota, Parte));
 }
+
+#include "moc_SchedaDatiBase.cpp"

@@ -350,3 +350,5 @@ void SchedaOnorari::MostraTotali(const Somme& Sommate)
     Righe->Pie(OnoMin, TestoImporto(Sommate.TotMin));
     Righe->Pie(OnoMax, TestoImporto(Sommate.TotMax));
 }
+
+#include "moc_SchedaOnorari.cpp"

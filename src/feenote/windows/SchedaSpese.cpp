@@ -162,3 +162,5 @@ void SchedaSpese::NuovaNota()
     ui->tdbListaDir->Lega(Comune.Voci.datDir);
     ui->tdbDir->Lega(&Nota.xDiritti);
 }
+
+#include "moc_SchedaSpese.cpp"

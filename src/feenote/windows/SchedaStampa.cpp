@@ -448,3 +448,5 @@ void SchedaStampa::MostraRubrica()
          {ui->cmdContrSelAnag_0, ui->cmdContrInsAnag_0, ui->cmdContrSelAnag_1, ui->cmdContrInsAnag_1})
         Bottone->setVisible(bool(Aperture.RubricaParcella));
 }
+
+#include "moc_SchedaStampa.cpp"

@@ -149,3 +149,5 @@ void ComandiRighe::MostraAppunti()
     Tasti.Incolla->setEnabled(Comune.Copiate.PuoIncollare());
     Tasti.Annulla->setEnabled(Comune.Copiate.PuoAnnullare());
 }
+
+#include "moc_comandirighe.cpp"

@@ -244,3 +244,5 @@ void ElencoControlli::VaiAllaVoce(const QListWidgetItem* Voce)
     const Rilievo Detto = Trovati[Riga];
     Cornice.VaiAlRilievo(Detto);
 }
+
+#include "moc_elencocontrolli.cpp"

@@ -63,3 +63,5 @@ frmControlloFattura::frmControlloFattura(const QString& File, const QList<EsitoC
 }
 
 frmControlloFattura::~frmControlloFattura() = default;
+
+#include "moc_frmControlloFattura.cpp"

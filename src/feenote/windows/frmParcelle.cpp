@@ -443,3 +443,5 @@ bool frmParcelle::HaStampa() const
 {
     return ui->tabParcelle->isTabEnabled(SchedaDiStampa);
 }
+
+#include "moc_frmParcelle.cpp"

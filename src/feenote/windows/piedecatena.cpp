@@ -173,3 +173,5 @@ bool PiedeCatena::event(QEvent* Evento)
     }
     return QAbstractButton::event(Evento);
 }
+
+#include "moc_piedecatena.cpp"

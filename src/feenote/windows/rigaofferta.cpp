@@ -160,3 +160,5 @@ void RigaOfferta::MostraParti()
     Bottone->setVisible(Offerta);
     Nota->setVisible(!Offerta && !Nota->text().isEmpty());
 }
+
+#include "moc_rigaofferta.cpp"

@@ -273,3 +273,5 @@ void CalendarioMensile::wheelEvent(QWheelEvent* Evento)
     Rotella %= Scatto;
     Evento->accept();
 }
+
+#include "moc_calendario.cpp"

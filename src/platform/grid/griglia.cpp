@@ -364,3 +364,5 @@ void Griglia::changeEvent(QEvent* Evento)
     if (Evento->type() == QEvent::FontChange && Pezzi)
         Pezzi->Vista->AltezzaRighe();
 }
+
+#include "moc_griglia.cpp"

@@ -112,3 +112,5 @@ void BarraRicerca::paintEvent(QPaintEvent*)
     Pittore.setPen(aspetto::Filo());
     Pittore.drawLine(rect().bottomLeft(), rect().bottomRight());
 }
+
+#include "moc_barraricerca.cpp"

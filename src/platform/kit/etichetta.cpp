@@ -37,3 +37,5 @@ void Etichetta::paintEvent(QPaintEvent* Evento)
                           int(QStyle::visualAlignment(layoutDirection(), alignment())), palette(),
                           isEnabled(), Testo, foregroundRole());
 }
+
+#include "moc_etichetta.cpp"

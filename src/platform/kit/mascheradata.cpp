@@ -188,3 +188,5 @@ void MascheraData::contextMenuEvent(QContextMenuEvent* Evento)
     }
     Menu->popup(Evento->globalPos());
 }
+
+#include "moc_mascheradata.cpp"

@@ -43,3 +43,5 @@ void RigaCheSvanisce::Mostra(const QString& Testo)
     Svanire->start();
     AnnunciaTesto(this, Testo);
 }
+
+#include "moc_rigachesvanisce.cpp"

@@ -152,3 +152,5 @@ void InCodaDopoIlRespiro(QObject* Contesto, std::function<void()> Chiamata)
         },
         Qt::QueuedConnection);
 }
+
+#include "moc_servizi_qt.cpp"

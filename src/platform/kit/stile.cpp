@@ -120,3 +120,5 @@ void StileProgramma::drawControl(ControlElement Quale, const QStyleOption* Opzio
     }
     QProxyStyle::drawControl(Quale, Opzioni, Pennello, Oggetto);
 }
+
+#include "moc_stile.cpp"

@@ -149,3 +149,5 @@ void BarraAnteprima::NascondiPagina()
 {
     txtPage->clear();
 }
+
+#include "moc_barraanteprima.cpp"

@@ -378,3 +378,5 @@ bool VistaStampa::event(QEvent* Evento)
     }
     return QWidget::event(Evento);
 }
+
+#include "moc_vistastampa.cpp"

@@ -16,8 +16,8 @@ namespace {
 
 // Pictures of the pages around the reader. A page larger than the limit is painted each time instead: its
 // letters are few on view, while its picture would take more than all the rest of the program.
-constexpr qsizetype ByteImmagini = 24 * 1024 * 1024;
-constexpr qsizetype ByteImmagine = 10 * 1024 * 1024;
+constexpr qsizetype ByteImmagini = qsizetype{24} * 1024 * 1024;
+constexpr qsizetype ByteImmagine = qsizetype{10} * 1024 * 1024;
 constexpr int BytePixel = 4;
 
 constexpr int RigaPixel = 40;
@@ -383,3 +383,5 @@ qsizetype FogliStampa::PostoA(QPoint InFinestra) const
     const PuntoFoglio Punto = PuntoDi(InFinestra);
     return Pagine.PostoIn(Punto.Pagina, Punto.Mm);
 }
+
+#include "moc_vistastampa_fogli.cpp"

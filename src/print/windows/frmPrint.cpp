@@ -139,3 +139,5 @@ bool MostraStampa(const QString& Suffisso, const std::function<bool(Superficie& 
     Finestra.Mostra(Suffisso);
     return true;
 }
+
+#include "moc_frmPrint.cpp"

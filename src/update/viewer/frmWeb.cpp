@@ -287,3 +287,5 @@ void frmWeb::ChiudiRicerca()
     ui->lblCerca->clear();
     ui->Web1->setFocus();
 }
+
+#include "moc_frmWeb.cpp"

@@ -262,3 +262,5 @@ void Pagina::Ridisegna()
     reload();
     verticalScrollBar()->setValue(Riga);
 }
+
+#include "moc_pagina.cpp"

@@ -182,3 +182,5 @@ void PannelloGuida::keyPressEvent(QKeyEvent* Evento)
         QWidget::keyPressEvent(Evento);
     }
 }
+
+#include "moc_pannelloguida.cpp"

@@ -82,3 +82,5 @@ void frmAbout::cmdCopia_Click()
     QGuiApplication::clipboard()->setText(TestoInformazioni(Gruppi));
     ui->lblCopiato->setText(u"Copiato negli appunti"_s);
 }
+
+#include "moc_frmAbout.cpp"

@@ -175,3 +175,5 @@ bool frmDocumenti::eventFilter(QObject* Oggetto, QEvent* Evento)
         return true;
     return QDialog::eventFilter(Oggetto, Evento);
 }
+
+#include "moc_frmDocumenti.cpp"

@@ -329,3 +329,5 @@ void frmUpgrade::AvviaInstallatore(const QString& File)
     if (!Comando.isEmpty())
         Aggiungi(u"> Per installare la nuova versione, a programma chiuso: "_s + Comando);
 }
+
+#include "moc_frmUpgrade.cpp"

@@ -574,3 +574,5 @@ void frmTrovaParcella::hideEvent(QHideEvent* Evento)
     }
     QDialog::hideEvent(Evento);
 }
+
+#include "moc_frmTrovaParcella.cpp"
