@@ -167,13 +167,13 @@ QString NomeClausole(int Tipo, const Parcella& Nota)
 
 QString FileClausole(const QString& Nome)
 {
-    const QString Propria = FileProprio(Nome);
+    QString Propria = FileProprio(Nome);
     return EsisteFile(Propria) ? Propria : FileFornito(Nome);
 }
 
 QString ClausoleDaModificare(const QString& Nome)
 {
-    const QString Propria = FileProprio(Nome);
+    QString Propria = FileProprio(Nome);
     if (EsisteFile(Propria))
         return Propria;
     const QString Fornita = FileFornito(Nome);

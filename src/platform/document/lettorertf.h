@@ -8,8 +8,8 @@
 #include <vector>
 
 /// What a rich text may yield. The rest of a longer one is left out: it is no text that somebody wrote.
-constexpr qsizetype MassimoCaratteriRtf = 1000 * 1000;
-constexpr std::size_t MassimoParagrafiRtf = 50 * 1000;  ///< those of cells included
+constexpr qsizetype MassimoCaratteriRtf = 1'000'000;
+constexpr std::size_t MassimoParagrafiRtf = 50'000;  ///< those of cells included
 /// Changes of font in one paragraph; beyond them its text goes on in the last one. Laying out a line takes
 /// time with the square of their number.
 constexpr std::size_t MassimoTrattiRtf = 500;

@@ -48,7 +48,8 @@ void DipingiSegno(QPainter* Pennello, const QRect& Riquadro, Qt::Alignment Allin
     const int Largo = Pennello->fontMetrics().horizontalAdvance(Segno);
     if (LargoTesto + Largo + MargineCella <= Riquadro.width())
         Pennello->drawText(
-            Riquadro, (Allinea & Qt::AlignRight ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter, Segno);
+            Riquadro, int((Allinea & Qt::AlignRight ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter),
+            Segno);
 }
 
 /// One line: the breaks of a long description would show as boxes.

@@ -192,7 +192,7 @@ QString NomePer(const QWidget* Modulo, const EtichettePerControllo& Etichette, Q
     const bool Interno = Padre && Padre != Modulo && Padre->focusProxy() == Oggetto;
     for (const QString& Testo : {EtichettaDi(Etichette, Oggetto), Pulsante ? Pulsante->text() : QString(),
                                  Oggetto->toolTip(), Riga ? Riga->placeholderText() : QString()})
-        if (const QString Nome = Pronuncia(Testo); SiLegge(Nome))
+        if (QString Nome = Pronuncia(Testo); SiLegge(Nome))
             return Nome;
     // The part of a composed control that takes its focus is called as the whole is.
     if (Interno)

@@ -361,7 +361,7 @@ void FiltraTasti(QLineEdit* Campo, const QString& Tipo, bool PuntoInVirgola)
 
 QString TastiRifiutati(QLineEdit* Campo)
 {
-    const QString Rifiutati = Campo->property(ProprietaRifiutati).toString();
+    QString Rifiutati = Campo->property(ProprietaRifiutati).toString();
     Campo->setProperty(ProprietaRifiutati, {});
     return Rifiutati;
 }

@@ -244,15 +244,13 @@ void TrasferimentoQt::Prendi(QNetworkReply& Risposta)
     const QVariant Lunghezza = Risposta.header(QNetworkRequest::ContentLengthHeader);
     Annunciati = Lunghezza.isValid() ? Lunghezza.toLongLong() : -1;
     const QByteArray Byte = Risposta.readAll();
-    if (!ApriFile()) {
-        Smetti(Risposta, FineRete::Disco);
-    } else if (std::max<qint64>(Annunciati, Avuti + Byte.size()) > Chiesta.MassimoByte) {
-        Smetti(Risposta, FineRete::TroppoGrande);
-    } else if ((LimiteDisco > 0 && Avuti + Byte.size() > LimiteDisco) || File.write(Byte) != Byte.size()) {
-        Smetti(Risposta, FineRete::Disco);
-    } else {
-        Avuti += Byte.size();
-    }
+    if (!ApriFile())
+        return Smetti(Risposta, FineRete::Disco);
+    if (std::max<qint64>(Annunciati, Avuti + Byte.size()) > Chiesta.MassimoByte)
+        return Smetti(Risposta, FineRete::TroppoGrande);
+    if ((LimiteDisco > 0 && Avuti + Byte.size() > LimiteDisco) || File.write(Byte) != Byte.size())
+        return Smetti(Risposta, FineRete::Disco);
+    Avuti += Byte.size();
 }
 
 FineRete TrasferimentoQt::Giudica(QNetworkReply& Risposta)

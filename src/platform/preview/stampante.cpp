@@ -200,7 +200,7 @@ QString EsportaPdf(const VistaStampa& Vista, const QString& Cartella, const QStr
                                         u"Documenti PDF (*.pdf)|*.pdf"_s);
     if (Scelto.isEmpty())
         return {};
-    const QString Percorso = ConEstensionePdf(PercorsoNativo(Scelto));
+    QString Percorso = ConEstensionePdf(PercorsoNativo(Scelto));
     if (EsisteFile(Percorso) &&
         MsgBox(u"Il documento "_s + NomeFile(Percorso) + u" esiste già: si vuole sostituirlo?"_s,
                vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString()) != vbYes)

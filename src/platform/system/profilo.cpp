@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 MassimoProfilo = 1024 * 1024;
+constexpr qint64 MassimoProfilo = qint64{1024} * 1024;
 
 bool Bianco(char Byte)
 {
