@@ -2,6 +2,7 @@
 
 #include "platform/base/errore.h"
 #include "platform/base/paginacodice.h"
+#include "platform/system/cartelle.h"
 #include "platform/system/codici.h"
 #include "platform/system/fileaccanto.h"
 #include "platform/system/guasti.h"
