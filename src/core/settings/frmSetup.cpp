@@ -141,6 +141,14 @@ bool MancaNelDeposito(QStringView Chiave)
     return Impostazione(Chiave.toString(), Mai) == Mai;
 }
 
+/// The store names a picture that can be read, or says that the logo was taken away. Of one that has lost or
+/// garbled the name any picture may be the office's.
+bool IlLogoSiSa()
+{
+    return logo::Leggi(sessione::LogoImpronta) || (!MancaNelDeposito(chiavi::LogoImpronta) &&
+                                                   Impostazione(chiavi::LogoImpronta.toString()).isEmpty());
+}
+
 /// The text of a key; none where the form does not write it.
 std::optional<QString> ValoreDi(const ValoriScheda& Valori, const QString& Chiave)
 {
@@ -493,8 +501,7 @@ void frmSetup::cmdSaveImpost_Click()
     if (ValoreConservato(chiavi::UserFolder) != CartellaPrima && Aperture.LasciaCartellaUtente)
         Aperture.LasciaCartellaUtente();
     ImpostaVariabili();
-    // A file that has lost the logo's key names none; its picture is no less the office's.
-    if (!MancaNelDeposito(chiavi::LogoImpronta))
+    if (IlLogoSiSa())
         logo::TogliAltri(sessione::LogoImpronta);
     Invoca(Aperture.ImpostazioniCambiate);
     CaricaStudio();

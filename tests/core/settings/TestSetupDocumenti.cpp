@@ -40,6 +40,8 @@ private Q_SLOTS:
     void danneggiato();
     void ilLogoRestaDoveIlSuoNomeSiPerde_data();
     void ilLogoRestaDoveIlSuoNomeSiPerde();
+    void ilLogoRestaDoveIlSuoNomeSiLeggeMale_data();
+    void ilLogoRestaDoveIlSuoNomeSiLeggeMale();
     void ilLogoToltoSubitoVaPiuTardi();
     void laPaginaSiVede();
     void posta();
@@ -215,6 +217,48 @@ void TestSetupDocumenti::ilLogoRestaDoveIlSuoNomeSiPerde_data()
     for (const int Come : {Troncato, Svuotato, Mancante})
         QTest::newRow(NomiDanni[size_t(Come)]) << Come;
     QTest::newRow("cut in the name") << int(Danni);
+}
+
+void TestSetupDocumenti::ilLogoRestaDoveIlSuoNomeSiLeggeMale_data()
+{
+    QTest::addColumn<int>("Quante");  // digits of the name
+    QTest::addColumn<QByteArray>("Altre");
+    QTest::newRow("no digit") << 1 << "?"_ba;
+    QTest::newRow("another digit") << 1 << "x"_ba;  // see below
+    QTest::newRow("in capitals") << 64 << "A"_ba;
+    QTest::newRow("shorter") << 60 << ""_ba;
+}
+
+/// The file is whole, no damage is told, and the name in it is none that the program has written.
+void TestSetupDocumenti::ilLogoRestaDoveIlSuoNomeSiLeggeMale()
+{
+    QFETCH(int, Quante);
+    QFETCH(QByteArray, Altre);
+    Registratore Box;
+    Apri();
+    ScegliLogo(Box, Disegno());
+    T->Memorizza(Box);
+    T->Premi(u"cmdChiudi"_s);
+    InvecchiaCopie();
+    const QString Buona = sessione::LogoImpronta;
+    if (Altre == "x")
+        Altre = Buona.startsWith(u'0') ? "1" : "0";
+    const QString Guasta =
+        QString::fromLatin1(Altre.repeated(Altre.isEmpty() ? 0 : Quante)) + Buona.mid(Quante);
+    Scena::Salva(chiavi::LogoImpronta.toString(), Guasta);
+    ImpostaVariabili();
+    Apri();
+    QCOMPARE(Detto(), u"Il logo conservato manca o è danneggiato: sceglierlo di nuovo."_s);
+    for (int Volta = 0; Volta < 2; ++Volta) {
+        T->Memorizza(Box);
+        QCOMPARE(Copie().size(), 1);
+        QCOMPARE(Scena::Parametro(chiavi::LogoImpronta.toString()), Guasta);
+    }
+    // What the user takes away goes.
+    T->Premi(u"cmdTogliLogo"_s);
+    T->Memorizza(Box);
+    QCOMPARE(Copie(), QStringList());
+    QCOMPARE(Scena::Parametro(chiavi::LogoImpronta.toString()), QString());
 }
 
 /// The save that makes damaged settings whole, and those behind it, delete no picture that nobody has given
