@@ -149,6 +149,26 @@ bool IlLogoSiSa()
                                                    Impostazione(chiavi::LogoImpronta.toString()).isEmpty());
 }
 
+/// What the store held may be gone, and not only out of reach.
+bool HaPerso(const DepositoGuasto& Guasto)
+{
+    return Guasto.Genere == GuastoDeposito::Vuoto || Guasto.Genere == GuastoDeposito::Rovinato;
+}
+
+/// Whether to store the counters that damaged settings do not give, with what would be stored.
+QString DomandaPersi(bool DiFattura, bool DiFile, QStringList Numeri)
+{
+    Numeri.removeDuplicates();
+    QString Quali = u"i numeri dell'ultima fattura e dell'ultimo file XML non si leggono"_s;
+    if (!DiFile)
+        Quali = u"il numero dell'ultima fattura non si legge"_s;
+    else if (!DiFattura)
+        Quali = u"il numero dell'ultimo file XML non si legge"_s;
+    return u"Nelle impostazioni danneggiate %1: con %2 si potrebbero ripetere numeri già usati.\n"
+           "%3 ugualmente?"_s.arg(Quali, Numeri.join(u" e "_s),
+                                  DiFattura && DiFile ? u"Memorizzarli"_s : u"Memorizzarlo"_s);
+}
+
 /// The text of a key; none where the form does not write it.
 std::optional<QString> ValoreDi(const ValoriScheda& Valori, const QString& Chiave)
 {
@@ -322,7 +342,9 @@ void frmSetup::LoadValori()
     for (const VoceImpostazione& Voce : VociImpostazioni())
         Conservati[Voce.Chiave.toString().toLower()] = Impostazione(Voce.Chiave.toString());
     ContatoriPersi.clear();
-    if (EsaminaImpostazioni(NomeApplicazione.toString()))
+    const std::optional<DepositoGuasto> Guasto = EsaminaImpostazioni(NomeApplicazione.toString());
+    LettoDanneggiato = Guasto && HaPerso(*Guasto);
+    if (Guasto)
         for (const QStringView Chiave : {chiavi::ProgFatt, chiavi::ProgTrasm})
             if (Impostazione(Chiave.toString()).trimmed().isEmpty())
                 ContatoriPersi.insert(Chiave.toString());
@@ -385,10 +407,7 @@ bool frmSetup::CheckNumero()
         return Rifiuta(Messaggio, SchedaDatiContabili, Campo);
     if (QLineEdit* Campo = Fattura->NumeroSbagliato())
         return Rifiuta(Messaggio, SchedaFatturaElettronica, Campo);
-    if (!ConfermaPerso(chiavi::ProgFatt, u"Il numero dell'ultima fattura", SchedaDatiContabili,
-                       Contabili->CasellaNumero()) ||
-        !ConfermaPerso(chiavi::ProgTrasm, u"Il numero dell'ultimo file XML", SchedaFatturaElettronica,
-                       Fattura->CasellaNumero()))
+    if (!ConfermaPersi())
         return false;
     const std::optional<int> Prima = Fattura->NumeroIndietro();
     if (!Prima ||
@@ -401,24 +420,34 @@ bool frmSetup::CheckNumero()
     return false;
 }
 
-/// A damaged store has lost the counter, and nobody has written one into its box: what the form would store
-/// is no number that the office has come to.
-bool frmSetup::ConfermaPerso(QStringView Chiave, QStringView Nome, int Scheda, QLineEdit* Casella)
+/// A damaged store holds no counter, and nobody has written one into its box: what the form would store may
+/// not be the number that the office has come to. Nobody knows whether it has ever come to one.
+bool frmSetup::ConfermaPersi()
 {
-    const QString Perso = Chiave.toString();
-    const QString Numero = ValoreDi(Valori(), Perso).value_or(QString());
     const std::optional<DepositoGuasto> Guasto = EsaminaImpostazioni(NomeApplicazione.toString());
-    const bool SiScrive =
-        !Guasto || Guasto->Genere == GuastoDeposito::Vuoto || Guasto->Genere == GuastoDeposito::Rovinato;
-    if (!SiScrive || !ContatoriPersi.contains(Perso) || Numero != ValoreDi(Letti, Perso) ||
-        !Impostazione(Perso).trimmed().isEmpty())
+    if (Guasto ? !HaPerso(*Guasto) : !LettoDanneggiato)
         return true;
-    ChangeTab(Scheda);
-    if (MsgBox(u"%1 si è perso con le impostazioni danneggiate: con %2 si ripeterebbero numeri già usati.\n"
-               "Memorizzarlo ugualmente?"_s.arg(Nome, Numero),
-               vbYesNo | vbQuestion | vbDefaultButton2, TitoloDomanda.toString()) == vbYes)
+    const ValoriScheda Ora = Valori();
+    QStringList Numeri;
+    const auto Perso = [&](QStringView Quale) {
+        const QString Chiave = Quale.toString();
+        const std::optional<QString> Numero = ValoreDi(Ora, Chiave);
+        if (!ContatoriPersi.contains(Chiave) || Numero != ValoreDi(Letti, Chiave) ||
+            !Impostazione(Chiave).trimmed().isEmpty())
+            return false;
+        Numeri += Numero.value_or(QString());
         return true;
-    RidaiFuoco(Casella);
+    };
+    const bool DiFattura = Perso(chiavi::ProgFatt);
+    const bool DiFile = Perso(chiavi::ProgTrasm);
+    if (!DiFattura && !DiFile)
+        return true;
+    // On the tab in view: another one that is brought to the front would be stored as its user's choice.
+    if (MsgBox(DomandaPersi(DiFattura, DiFile, Numeri), vbYesNo | vbQuestion | vbDefaultButton2,
+               TitoloDomanda.toString()) == vbYes)
+        return true;
+    ChangeTab(DiFattura ? SchedaDatiContabili : SchedaFatturaElettronica);
+    RidaiFuoco(DiFattura ? Contabili->CasellaNumero() : Fattura->CasellaNumero());
     return false;
 }
 

@@ -72,7 +72,7 @@ private:
     void CreaTasti();
     bool Rifiuta(const QString& Messaggio, int Indice, QWidget* Campo);
     [[nodiscard]] bool CheckNumero();
-    bool ConfermaPerso(QStringView Chiave, QStringView Nome, int Scheda, QLineEdit* Casella);
+    [[nodiscard]] bool ConfermaPersi();
     [[nodiscard]] ValoriScheda Valori() const;
     /// Something was written, ticked or chosen since the settings were read or stored.
     [[nodiscard]] bool Cambiate() const;
@@ -89,5 +89,6 @@ private:
     SchedaDocumenti* Documenti;
     ValoriScheda Letti;                 ///< what the form showed when it had nothing to store
     QMap<QString, QString> Conservati;  ///< what the store held when the form read it, or wrote into it
-    QSet<QString> ContatoriPersi;       ///< those that the store had lost when the form read it
+    QSet<QString> ContatoriPersi;       ///< those that a damaged store did not give when the form read it
+    bool LettoDanneggiato = false;      ///< what it held may have been gone by then
 };

@@ -1,6 +1,9 @@
 // The two counters of the settings where the file that holds them is damaged.
 #include "core/app/scena.h"
 #include "core/impostazioni.h"
+#include "core/parametri.h"
+#include "platform/system/impostazioni.h"
+#include "supporto/danni.h"
 
 #include <QLineEdit>
 #include <QTabWidget>
@@ -21,6 +24,8 @@ private Q_SLOTS:
     void iContatoriNonRicominciano();
     void ilContatorePersoSiChiede_data();
     void ilContatorePersoSiChiede();
+    void laDomandaNonScegliePerLUtente();
+    void senzaDannoNonSiChiede();
 
 private:
     QLineEdit* Campo(const QString& Nome) { return Modulo->findChild<QLineEdit*>(Nome); }
@@ -125,10 +130,13 @@ void TestSetupContatori::ilContatorePersoSiChiede()
     QFETCH(QByteArray, Resto);
     QFETCH(bool, Fattura);
     QFETCH(bool, Trasmissione);
-    const QString Chiede = u" si è perso con le impostazioni danneggiate: con 0 si ripeterebbero numeri già "
-                           u"usati.\nMemorizzarlo ugualmente?"_s;
-    const QString DiFattura = u"Il numero dell'ultima fattura"_s + Chiede;
-    const QString DiFile = u"Il numero dell'ultimo file XML"_s + Chiede;
+    const QString Inizia = u"Nelle impostazioni danneggiate "_s;
+    const QString Finisce = u": con 0 si potrebbero ripetere numeri già usati.\n"_s;
+    const QString Entrambi = Inizia +
+                             u"i numeri dell'ultima fattura e dell'ultimo file XML non si leggono"_s +
+                             Finisce + u"Memorizzarli ugualmente?"_s;
+    const QString DiFile =
+        Inizia + u"il numero dell'ultimo file XML non si legge"_s + Finisce + u"Memorizzarlo ugualmente?"_s;
     Registratore Box;
     Scena::Salva(u"ProgFatt"_s, u"41"_s);
     Scena::Salva(u"ProgTrasm"_s, u"17"_s);
@@ -139,7 +147,7 @@ void TestSetupContatori::ilContatorePersoSiChiede()
     Riempi();
     const auto* Schede = Modulo->findChild<QTabWidget*>(u"tabSetup"_s);
     if (Fattura) {
-        Box.Attendi(DiFattura, vbNo);
+        Box.Attendi(Entrambi, vbNo);
         Memorizza();
         QCOMPARE(LeggiFile(File), Guasto);
         QCOMPARE(Schede->currentIndex(), int(frmSetup::SchedaDatiContabili));
@@ -161,6 +169,44 @@ void TestSetupContatori::ilContatorePersoSiChiede()
     // What was answered once is not asked again.
     Box.Attendi(Memorizzate);
     Memorizza();
+}
+
+/// Nobody has chosen what the question would have brought on view: the office goes on with the tariff in
+/// force.
+void TestSetupContatori::laDomandaNonScegliePerLUtente()
+{
+    Registratore Box;
+    const QString File = Scena::FileImpostazioni();
+    ScriviFile(File, LeggiFile(File).split('\n').first() + "\n[Parametri]\nprogtrasm=17\n");
+    Riempi();
+    const auto* Schede = Modulo->findChild<QTabWidget*>(u"tabSetup"_s);
+    Box.Attendi(
+        u"Nelle impostazioni danneggiate il numero dell'ultima fattura non si legge: con 0 si potrebbero "
+        u"ripetere numeri già usati.\nMemorizzarlo ugualmente?"_s,
+        vbYes);
+    Box.Attendi(Memorizzate);
+    Memorizza();
+    QCOMPARE(Schede->currentIndex(), int(frmSetup::SchedaDatiStudio));
+    QCOMPARE(Scena::Parametro(u"ProgFatt"_s), u"0"_s);
+    QCOMPARE(GetSetting(NomeApplicazione.toString(), SezioneParametri.toString(), chiavi::Tariffa.toString(),
+                        u"manca"_s),
+             u"manca"_s);
+}
+
+/// What could not be read while the form was opened, and can now, has lost nothing.
+void TestSetupContatori::senzaDannoNonSiChiede()
+{
+    Registratore Box;
+    const QString File = Scena::FileImpostazioni();
+    const QByteArray Intero = LeggiFile(File);
+    QVERIFY(!Intero.contains("progfatt"));
+    Rovina(File, Cartella);
+    Riempi();
+    QVERIFY(QDir().rmdir(File));
+    ScriviFile(File, Intero);
+    Box.Attendi(Memorizzate);
+    Memorizza();
+    QCOMPARE(Scena::Parametro(u"ProgFatt"_s), u"0"_s);
 }
 
 #include "TestSetupContatori.moc"
