@@ -95,7 +95,10 @@ SchedaCartelle::SchedaCartelle(QWidget* Padre) : QWidget(Padre), ui(std::make_un
     Collega(&Pausa, &QTimer::timeout, this, [this] { SegnaMancanti(); });
     for (int i = 0; i < int(Percorsi.size()); ++i) {
         QLineEdit* const Campo = ui.get()->*Percorsi[size_t(i)].Campo;
-        Collega(Campo, &QLineEdit::textEdited, this, [this] { Pausa.start(); });
+        Collega(Campo, &QLineEdit::textEdited, this, [this, i] {
+            Ripieghi[size_t(i)].clear();
+            Pausa.start();
+        });
         Collega(Campo, &QLineEdit::textChanged, this, [this, i] {
             Cambiate.insert(i);
             if (!Pausa.isActive())
@@ -214,8 +217,10 @@ void SchedaCartelle::cmdSelDir_Click(int Quale)
                              FiltroProgrammi(u"Applicazione (*.exe)|*.exe"_s));
         break;
     }
-    if (!Scelto.isEmpty())
+    if (!Scelto.isEmpty()) {
+        Ripieghi.at(size_t(Quale)).clear();
         Campo->setText(Scelto);
+    }
     Campo->setFocus();
 }
 

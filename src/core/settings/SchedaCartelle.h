@@ -31,7 +31,7 @@ public:
     /// What is to be stored. The program folder stays unset while it is unset and its box shows the
     /// executable's: a program run from another folder after an update would go on in the old one. So does a
     /// path that damaged settings have lost, and that only a default stands for: stored, no later start would
-    /// set it.
+    /// set it. Written by hand or picked, the same path is a choice.
     [[nodiscard]] ValoriScheda Valori() const;
 
     /// Another archive was stored by somebody else: its box shows that one, unless something was typed there.

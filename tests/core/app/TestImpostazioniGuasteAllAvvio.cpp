@@ -26,6 +26,8 @@ private Q_SLOTS:
     void archivioENoteRestanoQuelliDelPrimoUso_data() { unaFraseEPoiSiPuoSalvare_data(); }
     void archivioENoteRestanoQuelliDelPrimoUso();
     void unPercorsoDiRipiegoNonSiConserva();
+    void ilRipiegoConfermatoSiConserva_data();
+    void ilRipiegoConfermatoSiConserva();
     void unPrimoUsoNonDiceNulla();
 
 private:
@@ -216,6 +218,47 @@ void TestImpostazioniGuasteAllAvvio::unPercorsoDiRipiegoNonSiConserva()
     T->Apri(0);
     T->Premi(u"cmdSaveImpost"_s);
     QCOMPARE(Scena::Parametro(u"ArchivioCliCon"_s), T->Campo(u"txtArchivioCliCon"_s)->text());
+}
+
+void TestImpostazioniGuasteAllAvvio::ilRipiegoConfermatoSiConserva_data()
+{
+    QTest::addColumn<bool>("Scelto");
+    QTest::addColumn<bool>("Prima");  // of the first save
+
+    QTest::newRow("picked") << true << true;
+    QTest::newRow("typed") << false << true;
+    QTest::newRow("picked behind a save") << true << false;
+    QTest::newRow("typed behind a save") << false << false;
+}
+
+/// The archive really lies beside the program: whoever says so by hand is not asked twice.
+void TestImpostazioniGuasteAllAvvio::ilRipiegoConfermatoSiConserva()
+{
+    QFETCH(bool, Scelto);
+    QFETCH(bool, Prima);
+    Rovina(Scena::FileImpostazioni(), Svuotato);
+    Registratore Box;
+    Box.Tollera();
+    Main(u"-low"_s);
+    T->Apri(frmSetup::SchedaSetup);
+    if (!Prima) {
+        Memorizza();
+        QCOMPARE(Scena::Parametro(u"ArchivioCliCon"_s), QString());
+    }
+    T->Modulo->ChangeTab(frmSetup::SchedaSetup);
+    const QString Archivio = T->Campo(u"txtArchivioCliCon"_s)->text();
+    if (Scelto) {
+        Box.AttendiApri(Archivio);
+        T->Premi(u"cmdSelDir_1"_s);
+    } else {
+        T->Scrivi(u"txtArchivioCliCon"_s, Archivio);
+    }
+    QCOMPARE(T->Campo(u"txtArchivioCliCon"_s)->text(), Archivio);
+    for (int Volta = 0; Volta < 2; ++Volta) {
+        Memorizza();
+        QCOMPARE(Box.UltimoTesto(), u"Le impostazioni sono state memorizzate!"_s);
+        QCOMPARE(Scena::Parametro(u"ArchivioCliCon"_s), Archivio);
+    }
 }
 
 void TestImpostazioniGuasteAllAvvio::unPrimoUsoNonDiceNulla()
