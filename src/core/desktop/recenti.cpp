@@ -1,7 +1,7 @@
 #include "core/desktop/recenti.h"
 
 #include "core/aperture.h"
-#include "core/modErrori.h"
+#include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/kit/collega.h"
 #include "platform/system/aparte.h"
@@ -97,12 +97,17 @@ void ApriRecente(const NotaRecente& Nota)
         return;
     }
     if (EsisteCartellaEntro(Cartella)) {
-        // He has asked for the note, not to have its name gone: why that stays is told once.
-        Protetta([&] { DimenticaCancellata(Nota.Percorso); });
+        // He has asked for the note, not to have its name gone: why that stays is told once, and behind it.
+        QString Rifiuto;
+        try {
+            DimenticaCancellata(Nota.Percorso);
+        } catch (const Errore& Guasto) {
+            Rifiuto = u'\n' + Guasto.Descrizione;
+        }
         const QList<NotaRecente> Ora = NoteRecenti();
         const bool Resta = std::ranges::find(Ora, Nota.Percorso, &NotaRecente::Percorso) != Ora.end();
         MsgBox(u"La parcella %1 non si trova più nella cartella %2"_s.arg(NomeRecente(Nota), Cartella) +
-                   (Resta ? u"."_s : u"\ne non compare più tra le ultime."_s),
+                   (Resta ? u"."_s + Rifiuto : u"\ne non compare più tra le ultime."_s),
                vbExclamation, TitoloAvvertenza.toString());
         return;
     }

@@ -29,6 +29,7 @@ private Q_SLOTS:
     void dueClicUnaNotaSola();
     void cancTogliEMenu();
     void laNotaSparitaLoDiceEVa();
+    void laNotaSparitaSiDiceAncheSeIlNomeResta_data();
     void laNotaSparitaSiDiceAncheSeIlNomeResta();
     void laCartellaSparitaChiede_data();
     void laCartellaSparitaChiede();
@@ -229,21 +230,33 @@ void TestUltimeParcelle::laNotaSparitaLoDiceEVa()
     QCOMPARE(NomeRecente(NoteRecenti().constFirst()), u"a"_s);
 }
 
-/// Damaged settings keep the name; why the note does not open is told all the same, each time.
+void TestUltimeParcelle::laNotaSparitaSiDiceAncheSeIlNomeResta_data()
+{
+    QTest::addColumn<bool>("Detto");  // the damage, at the start
+    QTest::newRow("told at the start") << true;
+    QTest::newRow("damaged since") << false;
+}
+
+/// Damaged settings keep the name; why the note does not open is told all the same, each time, and in one
+/// sentence with the damage that nobody has told yet.
 void TestUltimeParcelle::laNotaSparitaSiDiceAncheSeIlNomeResta()
 {
+    QFETCH(bool, Detto);
     Registratore Box;
     QVERIFY(QFile::remove(Scritta(u"b"_s)));
     Apri();
     const QString File = Scena::FileImpostazioni();
     const QByteArray Intero = LeggiFile(File);
     ScriviFile(File, Intero.first(Intero.lastIndexOf('\n', Intero.size() - 2) + 1));
-    QVERIFY(!FraseImpostazioniGuaste().isEmpty());
-    ImpostazioniGuasteDette();
+    const QString Guasto = FraseImpostazioniGuaste();
+    QVERIFY(!Guasto.isEmpty());
+    if (Detto)
+        ImpostazioniGuasteDette();
     QCOMPARE(NoteRecenti().size(), 1);
+    const QString Sparita =
+        u"La parcella b non si trova più nella cartella %1."_s.arg(PercorsoNativo(Cartella));
     for (int Volta = 1; Volta <= 2; ++Volta) {
-        Box.Attendi(u"La parcella b non si trova più nella cartella %1."_s.arg(PercorsoNativo(Cartella)),
-                    vbOK, u"Avvertenza:"_s);
+        Box.Attendi(Detto || Volta == 2 ? Sparita : Sparita + u'\n' + Guasto, vbOK, u"Avvertenza:"_s);
         ApriRecente(NoteRecenti().constFirst());
         QCOMPARE(Box.Mostrati().size(), Volta);
     }
