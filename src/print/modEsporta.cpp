@@ -10,6 +10,10 @@
 #include "platform/system/permessi.h"
 #include "print/modStampe.h"
 #include "print/writers/esportazione.h"
+#include "print/writers/scrittorertf.h"
+
+#include <QCryptographicHash>
+#include <QHash>
 
 #include <functional>
 
@@ -34,20 +38,35 @@ QString TitoloDi(int Tipo, const QString& Stelo)
 }
 
 /// As tight as on its page: a file has no pages of its own before it is opened.
-void Esporta(const Superficie& vp, const QString& Titolo, const Carta& Foglio)
+QByteArray Esportata(const Superficie& vp, FormatoEsportazione Formato, const QString& Titolo,
+                     const Carta& Foglio)
 {
-    const auto Scrivi = [&](const Documento& Doc) {
-        (void)EsportaDocumento(Doc, vp.ExportFile, FormatoEsportazione(vp.ExportFormat), Titolo, Foglio);
-    };
     const Documento& Composto = vp.Contenuto();
     const Strettezza Quanto = Composto.UnaPagina && vp.Stringitore ? vp.Stringitore(Composto) : Strettezza();
-    if (Quanto == Composto.Stretta) {
-        Scrivi(Composto);
-        return;
-    }
+    if (Quanto == Composto.Stretta)
+        return DocumentoEsportato(Composto, Formato, Titolo, Foglio);
     Documento Stretto = Composto;
     Stretto.Stretta = Quanto;
-    Scrivi(Stretto);
+    return DocumentoEsportato(Stretto, Formato, Titolo, Foglio);
+}
+
+QByteArray Impronta(const QByteArray& Byte)
+{
+    return QCryptographicHash::hash(Byte, QCryptographicHash::Sha256);
+}
+
+/// What this program has last written into each file: notes of one name have one file.
+QHash<QString, QByteArray>& ImpronteScritte()
+{
+    static QHash<QString, QByteArray> Scritte;
+    return Scritte;
+}
+
+void Esporta(const Superficie& vp, const QString& Titolo, const Carta& Foglio)
+{
+    const QByteArray Byte = Esportata(vp, FormatoEsportazione(vp.ExportFormat), Titolo, Foglio);
+    (void)ScriviEsportato(vp.ExportFile, Byte);
+    ImpronteScritte()[vp.ExportFile] = Impronta(Byte);
 }
 
 }  // namespace
@@ -84,4 +103,28 @@ std::optional<Errore> AnteprimaConEsportazione(Superficie& vp, const Parcella& N
     if (Esito && Invio)
         GestioneErrori(*Esito);
     return Esito;
+}
+
+bool EsportazioneAllaPari(const Superficie& vp, const Parcella& Nota, int Tipo, const QString& Stelo,
+                          const Carta& Foglio)
+{
+    const QString File = FileDocumento(Stelo);
+    const QByteArray Scritta = ImpronteScritte().value(File);
+    if (Scritta.isEmpty() || !EsisteFile(File))
+        return false;
+    bool AllaPari = false;
+    // What cannot be composed or read is told where it is brought up to date.
+    (void)Guasto([&] {
+        Superficie Ora;
+        Ora.Stringitore = vp.Stringitore;
+        if (!Anteprima(Ora, Nota, Tipo))
+            return;
+        const QByteArray Byte = Esportata(Ora, FormatoEsportazione::Word, TitoloDi(Tipo, Stelo), Foglio);
+        if (Impronta(Byte) != Scritta)
+            return;
+        // Of two programs neither knows what the other one has composed.
+        const QByteArray Presente = LeggiFile(File);
+        AllaPari = Presente == Byte || !EScrittoDaNoi(Presente);
+    });
+    return AllaPari;
 }

@@ -131,5 +131,4 @@ private:
     QString ClausoleComposte;  ///< StatoClausole when the document on view was composed
     QList<InvioChiesto> Attesi;
     bool NonConsegnata = false;
-    bool FileAllaPari = false;  ///< the word-processor file is that of the page on view
 };

@@ -77,7 +77,7 @@ void SchedaStampa::NuovaNota()
     ui->vp->Svuota();
     ui->lblUnaPagina->hide();
     ClausoleComposte.clear();
-    NonConsegnata = FileAllaPari = false;
+    NonConsegnata = false;
     ui->cmdFatturaXml->setChecked(false);
     Elettronica->NuovaNota();
 }
@@ -159,11 +159,9 @@ std::optional<Errore> SchedaStampa::Componi(bool Invio)
     if (TogliIbanAssente(Nota))
         mostra::Segno(ui->chkIBAN, Nota.chkIBAN);
     const auto Cartella = Invio ? std::optional(CartellaCompagna()) : std::nullopt;
-    FileAllaPari = FileAllaPari && Invio;  // the companion's copy is another file
-    const auto Esito = AnteprimaConEsportazione(vp->Foglio(), Nota, Nota.cmbTipoStampa,
-                                                SteloDocumento(Cornice.Indice()), Cartella, vp->CartaInUso());
+    auto Esito = AnteprimaConEsportazione(vp->Foglio(), Nota, Nota.cmbTipoStampa,
+                                          SteloDocumento(Cornice.Indice()), Cartella, vp->CartaInUso());
     MemorizzaUltimaStampa(Nota);
-    FileAllaPari = FileAllaPari || (!Invio && !Esito);
     return Esito;
 }
 
@@ -243,7 +241,8 @@ void SchedaStampa::ApriNellEditor()
     Cornice.ComponiInAttesa();
     if (!SiCompone())
         return;
-    const bool Pronto = FileAllaPari && EsisteFile(FileDocumento(Cornice.Indice()));
+    const bool Pronto = EsportazioneAllaPari(ui->vp->Foglio(), Nota, Nota.cmbTipoStampa,
+                                             SteloDocumento(Cornice.Indice()), ui->vp->CartaInUso());
     if (Pronto || AggiornaDocumento(Cornice.Indice(), [&] { return Componi(); }))
         AvviaEditor(Cornice.Indice());
 }

@@ -32,10 +32,8 @@ QByteArray DocumentoEsportato(const Documento& Doc, FormatoEsportazione Formato,
     throw Errore(errori::Argomento);
 }
 
-bool EsportaDocumento(const Documento& Doc, const QString& File, FormatoEsportazione Formato,
-                      const QString& Titolo, const Carta& Foglio)
+bool ScriviEsportato(const QString& File, const QByteArray& Byte)
 {
-    const QByteArray Byte = DocumentoEsportato(Doc, Formato, Titolo, Foglio);
     if (Uguale(File, Byte))
         return false;
     // Whoever has it open would be left with a file that is no longer there.
@@ -43,4 +41,10 @@ bool EsportaDocumento(const Documento& Doc, const QString& File, FormatoEsportaz
         throw Errore(errori::Autorizzazione);
     ScriviFile(File, Byte, Lettori::Cartella);
     return true;
+}
+
+bool EsportaDocumento(const Documento& Doc, const QString& File, FormatoEsportazione Formato,
+                      const QString& Titolo, const Carta& Foglio)
+{
+    return ScriviEsportato(File, DocumentoEsportato(Doc, Formato, Titolo, Foglio));
 }

@@ -17,6 +17,9 @@ enum class FormatoEsportazione {
 [[nodiscard]] QByteArray DocumentoEsportato(const Documento& Doc, FormatoEsportazione Formato,
                                             const QString& Titolo, const Carta& Foglio = {});
 
+/// Writes such bytes into a file, as EsportaDocumento does. @throws Errore as that
+bool ScriviEsportato(const QString& File, const QByteArray& Byte);
+
 /// Writes a document into a file, which appears whole or not at all. A file that holds these very bytes is
 /// left as it is, with its date.
 /// @return true when the file was written

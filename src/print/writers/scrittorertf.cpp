@@ -16,6 +16,9 @@ using rtf::TabellaFont;
 
 namespace {
 
+/// What every file begins with.
+constexpr QByteArrayView Inizio = "{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0\\deflang1040";
+
 constexpr int MassimoTwip = 31680;    // 55 cm, as far as word processors reckon
 constexpr double AltezzaRiga = 1.15;  // of the font's size
 
@@ -417,6 +420,11 @@ QByteArray ScriviRtf(const Documento& Doc, const QString& Titolo, const Carta& F
         ScriviTesto(Titolo, Info);
         Info += "}}";
     }
-    return "{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0\\deflang1040" + Scrivi.Font() + Info + "\r\n" +
-           Pagina(Doc, Foglio) + "\\widowctrl\r\n" + PiePagina + Scrivi.Corpo() + "}\r\n";
+    return Inizio.toByteArray() + Scrivi.Font() + Info + "\r\n" + Pagina(Doc, Foglio) + "\\widowctrl\r\n" +
+           PiePagina + Scrivi.Corpo() + "}\r\n";
+}
+
+bool EScrittoDaNoi(QByteArrayView Byte)
+{
+    return Byte.startsWith(Inizio);
 }

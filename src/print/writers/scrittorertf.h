@@ -4,6 +4,7 @@
 #include "platform/document/documento.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 /// Bytes of a file: ASCII alone, lines ended by CR LF. The same document gives the same bytes.
@@ -19,3 +20,7 @@
 /// line is the page's footer, its "%d" the page number.
 [[nodiscard]] QByteArray ScriviRtf(const Documento& Doc, const QString& Titolo = {},
                                    const Carta& Foglio = {});
+
+/// True for bytes that ScriviRtf has written, whatever the document. A word processor that saves them begins
+/// in its own way.
+[[nodiscard]] bool EScrittoDaNoi(QByteArrayView Byte);

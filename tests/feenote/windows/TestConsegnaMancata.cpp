@@ -7,8 +7,11 @@
 #include "platform/system/impostazioni.h"
 #include "platform/system/percorsi.h"
 
+#include <QDir>
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
+
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -19,6 +22,18 @@ const QString Trasferisco = u"E' stata salvata la parcella come fattura.\n"
 const QString GuastoPV2 = u"Si è verificato un errore nel salvataggio dei dati fattura su PV"_s;
 
 const QString NonParte = u"Si è verificato un errore nell'apertura"_s;
+
+QString GiaAperto(const QString& File)
+{
+    return u"Attenzione, il documento %1 è già aperto da un'altra applicazione e non può essere aggiornato.\n"
+           u"Chiudere il documento e riprovare."_s.arg(NomeFile(File));
+}
+
+/// What an office program leaves beside a document that is open in it.
+QString SegnoDi(const QString& File)
+{
+    return CartellaFile(File) + u".~lock."_s + NomeFile(File) + u'#';
+}
 
 }  // namespace
 
@@ -34,6 +49,10 @@ private Q_SLOTS:
     void laChiusuraLaChiede();
     void lEditorNonApreIlDocumentoDiPrima();
     void lEditorTornaAlDocumentoAperto();
+    void lEditorNonApreQuelloDiUnOmonima_data();
+    void lEditorNonApreQuelloDiUnOmonima();
+    void lEditorNonApreQuelloDiUnAltroProgramma();
+    void lEditorNonApreQuelloDiUnAltraCartella();
 
 private:
     /// As the user writes it in the print tab.
@@ -212,7 +231,7 @@ void TestConsegnaMancata::lEditorTornaAlDocumentoAperto()
     const QString File = FileDocumento(1);
     QVERIFY(EsisteFile(File));
     ScriviFile(File, "scritto a mano");
-    const QString Blocco = CartellaFile(File) + u".~lock."_s + NomeFile(File) + u'#';
+    const QString Blocco = SegnoDi(File);
     for (const bool Aperto : {true, false}) {
         if (Aperto)
             ScriviFile(Blocco, "neri");
@@ -222,14 +241,97 @@ void TestConsegnaMancata::lEditorTornaAlDocumentoAperto()
         Premuto("barPrint_wp");
         QCOMPARE(Esportato(), QByteArray("scritto a mano"));
     }
-    // Another composition does not get there while it is open.
+    // The same page composed once more is the same document.
     ScriviFile(Blocco, "neri");
-    CambiaOggetto();
-    T->Voce.Attendi(u"Attenzione, il documento %1 è già aperto da un'altra applicazione e non può essere "
-                    u"aggiornato.\nChiudere il documento e riprovare."_s.arg(NomeFile(File)),
-                    vbOK, u"Errore:"_s);
+    ClicScheda(F, SchedaBase);
+    ClicScheda(F, SchedaDiStampa);
+    T->Voce.Attendi(NonParte, vbOK, u"Errore!"_s);
     Premuto("barPrint_wp");
     QCOMPARE(Esportato(), QByteArray("scritto a mano"));
+    // Another composition does not get there while it is open.
+    CambiaOggetto();
+    T->Voce.Attendi(GiaAperto(File), vbOK, u"Errore:"_s);
+    Premuto("barPrint_wp");
+    QCOMPARE(Esportato(), QByteArray("scritto a mano"));
+}
+
+void TestConsegnaMancata::lEditorNonApreQuelloDiUnOmonima_data()
+{
+    QTest::addColumn<bool>("Salvato");
+    QTest::addColumn<bool>("Aperto");
+
+    QTest::newRow("as it was composed") << false << false;
+    QTest::newRow("saved in the editor since") << true << false;
+    QTest::newRow("saved in the editor, and open there") << true << true;
+}
+
+/// Two notes of one name, in two folders, have one document between them.
+void TestConsegnaMancata::lEditorNonApreQuelloDiUnOmonima()
+{
+    QFETCH(bool, Salvato);
+    QFETCH(bool, Aperto);
+    const QScopedValueRollback Rimetti(sessione::WP, u"/opt/manca/editor"_s);
+    std::array<frmParcelle*, 2> Note{};
+    for (const int i : {0, 1}) {
+        const QString Cartella = T->Ufficio.File(u"202%1/"_s.arg(5 + i));
+        QDir().mkpath(Cartella);
+        Parcella Nota = NotaPiena();
+        Nota.txtOggetto.Testo = Nota.txtDatiStaOgg.Testo = i == 0 ? u"Lite Bianchi"_s : u"Lite Verdi"_s;
+        ScegliTipoStampa(Nota, StampaPrenotula);
+        ScriviNota(Cartella + u"rossi.mdb"_s, Nota);
+        Note[size_t(i)] = T->Apri(Cartella + u"rossi.mdb"_s, 2 + i);
+        QVERIFY(Note[size_t(i)]);
+        ClicScheda(Note[size_t(i)], SchedaDiStampa);
+    }
+    const QString File = FileDocumento(2);
+    QCOMPARE(FileDocumento(3), File);
+    QVERIFY(LeggiFile(File).contains("Lite Verdi"));
+    if (Salvato)
+        ScriviFile(File, "della Verdi, a mano");
+    if (Aperto)
+        ScriviFile(SegnoDi(File), "neri");
+
+    QVERIFY(MostraAttiva(*Note[0]));
+    if (Aperto)
+        T->Voce.Attendi(GiaAperto(File), vbOK, u"Errore:"_s);
+    else
+        T->Voce.Attendi(NonParte, vbOK, u"Errore!"_s);
+    Clic(Controllo(Note[0], "barPrint_wp"));
+    if (Aperto)
+        QCOMPARE(LeggiFile(File), QByteArray("della Verdi, a mano"));
+    else
+        QVERIFY2(LeggiFile(File).contains("Lite Bianchi"), "the other note's document");
+}
+
+/// Which is told by how it begins: an editor writes in its own way.
+void TestConsegnaMancata::lEditorNonApreQuelloDiUnAltroProgramma()
+{
+    const QScopedValueRollback Rimetti(sessione::WP, u"/opt/manca/editor"_s);
+    Documento(StampaPrenotula);
+    const QByteArray Altrui = Esportato();
+    QVERIFY(!Altrui.isEmpty() && !Altrui.contains("Altro oggetto"));
+    CambiaOggetto();
+    T->Voce.Attendi(NonParte, vbOK, u"Errore!"_s);
+    Premuto("barPrint_wp");
+    QVERIFY(Esportato().contains("Altro oggetto"));
+    ScriviFile(FileDocumento(1), Altrui);
+    T->Voce.Attendi(NonParte, vbOK, u"Errore!"_s);
+    Premuto("barPrint_wp");
+    QVERIFY(Esportato().contains("Altro oggetto"));
+}
+
+/// The settings have another user folder now, where a document of this name has lain for long.
+void TestConsegnaMancata::lEditorNonApreQuelloDiUnAltraCartella()
+{
+    const QScopedValueRollback Rimetti(sessione::WP, u"/opt/manca/editor"_s);
+    Documento(StampaPrenotula);
+    QVERIFY(!Esportato().isEmpty());
+    const QScopedValueRollback Altrove(sessione::UserFolder, T->Ufficio.File(u"altra/"_s));
+    QDir().mkpath(sessione::UserFolder + u"doc"_s);
+    ScriviFile(FileDocumento(1), "di un altro cliente");
+    T->Voce.Attendi(NonParte, vbOK, u"Errore!"_s);
+    Premuto("barPrint_wp");
+    QVERIFY2(Esportato().contains("Sfratto"), "the document that was there");
 }
 
 #include "TestConsegnaMancata.moc"
