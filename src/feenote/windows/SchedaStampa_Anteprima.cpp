@@ -167,7 +167,6 @@ std::optional<Errore> SchedaStampa::Componi(bool Invio)
 
 void SchedaStampa::DopoSalvataggio()
 {
-    NonConsegnata = false;
     if (Nota.cmbTipoStampa != NessunaVoce) {
         const bool Compagna = !sessione::RichiestaPV2.ID.isEmpty();
         if (Compagna)
@@ -195,17 +194,20 @@ std::optional<Errore> SchedaStampa::Composta(bool Invio)
 
 void SchedaStampa::Consegna(const std::optional<Errore>& Guasto)
 {
+    // An invoice that waits does so whatever document is saved meanwhile.
+    const bool Fattura = TipoDi(Nota.cmbTipoStampa).EFattura;
     if (!Guasto) {
-        NonConsegnata = !ConsegnaFattura(Nota);
+        if (Fattura)
+            NonConsegnata = !ConsegnaFattura(Nota);
         return;
     }
     // What could not be composed leaves nothing to hand over: the last figures are another document's.
-    NonConsegnata = TipoDi(Nota.cmbTipoStampa).EFattura;
-    GestioneErrori(NonConsegnata ? Errore(Guasto->Numero,
-                                          Guasto->Descrizione +
-                                              u";\nla fattura non è stata consegnata a Praxivo: salvare di "
-                                              u"nuovo la parcella"_s)
-                                 : *Guasto);
+    NonConsegnata = NonConsegnata || Fattura;
+    GestioneErrori(
+        Fattura ? Errore(Guasto->Numero, Guasto->Descrizione +
+                                             u";\nla fattura non è stata consegnata a Praxivo: salvare di "
+                                             u"nuovo la parcella"_s)
+                : *Guasto);
 }
 
 void SchedaStampa::StampaParcella()

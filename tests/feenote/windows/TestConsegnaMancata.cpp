@@ -47,6 +47,8 @@ private Q_SLOTS:
     void vaColSalvataggioSeguente();
     void laChiusuraLaChiede_data();
     void laChiusuraLaChiede();
+    void unAltroDocumentoNonLaConclude_data();
+    void unAltroDocumentoNonLaConclude();
     void lEditorNonApreIlDocumentoDiPrima();
     void lEditorTornaAlDocumentoAperto();
     void lEditorNonApreQuelloDiUnOmonima_data();
@@ -193,6 +195,45 @@ void TestConsegnaMancata::laChiusuraLaChiede()
         return;
     // Who stayed saves once more, and is asked nothing then.
     ScriviFile(sessione::ArchivioPrat, Sano);
+    QVERIFY(SalvaChiesto(vbYes));
+    QCOMPARE(Consegnate(u"8"_s), 1);
+    T->Voce.Sparecchia();
+    QVERIFY(ChiudiParcella(1));
+    QCOMPARE(T->Voce.Mostrati().size(), 0);
+}
+
+void TestConsegnaMancata::unAltroDocumentoNonLaConclude_data()
+{
+    QTest::addColumn<int>("Tipo");
+
+    QTest::newRow("a pro-forma note") << int(StampaPrenotula);
+    QTest::newRow("figures alone") << int(StampaSoloContabile);
+}
+
+/// The invoice waits until it is an invoice that is saved.
+void TestConsegnaMancata::unAltroDocumentoNonLaConclude()
+{
+    QFETCH(int, Tipo);
+    const QByteArray Sano = SalvaDellaPratica();
+    QVERIFY(!Sano.isEmpty());
+    ::Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_11"), u"8"_s);
+    ScriviFile(sessione::ArchivioPrat, "rumore");
+    T->Voce.Sparecchia();
+    T->Voce.Attendi(Trasferisco, vbYes);
+    T->Voce.Attendi(GuastoPV2, vbOK, u"Errore!"_s);
+    QVERIFY(F->SalvaSulPosto());
+    ScriviFile(sessione::ArchivioPrat, Sano);
+
+    Documento(Tipo);
+    T->Voce.Sparecchia();
+    QVERIFY(F->SalvaSulPosto());
+    QCOMPARE(T->Voce.Mostrati().size(), 0);
+    T->Voce.Attendi(u"p12-uno\nLa fattura non è stata consegnata a Praxivo.\nChiudere ugualmente?"_s, vbNo,
+                    u"Domanda:"_s);
+    QVERIFY(!ChiudiParcella(1));
+    QCOMPARE(T->Voce.Mostrati().size(), 1);
+
+    Documento(StampaFatturaSintetica);
     QVERIFY(SalvaChiesto(vbYes));
     QCOMPARE(Consegnate(u"8"_s), 1);
     T->Voce.Sparecchia();
