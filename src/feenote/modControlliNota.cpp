@@ -53,6 +53,7 @@ public:
     {}
 
     void Parti();
+    void Controparte();
     void Numerazione();
     void Termini();
     void Onorari();
@@ -134,6 +135,16 @@ void RaccoltaRilievi::Parti()
         CodiciDellaScheda();
     else if (Documento.EFattura)
         CodiciDelBlocco();
+}
+
+/// Who empties the box lets the counterparty go: one that is linked has lost its name. The archive has none
+/// for notes, or could not be read when a new note was saved. One that the archive has still to name is no
+/// matter yet.
+void RaccoltaRilievi::Controparte()
+{
+    if (Documento.Parti && Nota.IDCon > 0 && !Nota.NomiAttesi && Nota.txtControp.Testo.trimmed().isEmpty())
+        Avvisa(GenereRilievo::ControparteSenzaNome, LuogoRilievo::Controparte,
+               u"La controparte non ha un nome"_s);
 }
 
 void RaccoltaRilievi::CodiciDellaScheda()
@@ -390,6 +401,7 @@ QList<Rilievo> ControllaNota(const Parcella& Nota, const DatiControllo& Dati)
 {
     RaccoltaRilievi Note(Nota, Dati);
     Note.Parti();
+    Note.Controparte();
     Note.Numerazione();
     Note.Termini();
     Note.Onorari();

@@ -19,6 +19,7 @@ enum class GenereRilievo {
     ClienteSenzaCodici,   ///< neither tax code nor VAT number
     CodiceFiscaleErrato,  ///< its check character does not agree
     PartitaIvaErrata,
+    ControparteSenzaNome,
     NumeroMancante,  ///< of an invoice
     DataMancante,
     DataNonValida,
@@ -44,6 +45,7 @@ enum class GravitaRilievo {
 /// Where a remark leads.
 enum class LuogoRilievo {
     Cliente,        ///< on the first tab
+    Controparte,    ///< on the first tab
     BloccoCliente,  ///< the client as it prints
     CodiceFiscale,  ///< of the client's card
     PartitaIva,     ///< of the client's card

@@ -34,6 +34,8 @@ Parcella Duplicata(const Parcella& Nota, bool ConCliente)
         DellaPrima->clear();
     Copia.Stato = StatoDiNuova();
     Copia.Percorso.clear();
+    if (Copia.NomiAttesi)
+        Copia.NomiAttesi->Nuova = true;
     Copia.Psw.clear();
     Copia.IDMultipla = 0;
     Copia.AvvisoNotaGiudiziale = false;

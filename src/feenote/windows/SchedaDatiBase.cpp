@@ -376,7 +376,14 @@ QWidget* SchedaDatiBase::CasellaIniziale() const
 
 QWidget* SchedaDatiBase::Casella(CasellaNota Quale) const
 {
-    return Quale == CasellaNota::Cliente ? ui->txtCliente : nullptr;
+    switch (Quale) {
+    case CasellaNota::Cliente:
+        return ui->txtCliente;
+    case CasellaNota::Controparte:
+        return ui->txtControp;
+    default:
+        return nullptr;
+    }
 }
 
 void SchedaDatiBase::Mostra()

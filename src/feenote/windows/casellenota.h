@@ -4,6 +4,7 @@
 /// Each page knows its own: see Casella of `SchedaDatiBase` and the others.
 enum class CasellaNota {
     Cliente,
+    Controparte,
     Onorari,  ///< the lines of a page
     Spese,
     Acconti,

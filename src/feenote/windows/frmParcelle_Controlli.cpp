@@ -79,6 +79,8 @@ void frmParcelle::VaiAlRilievo(const Rilievo& Detto)
     switch (Detto.Luogo) {
     case LuogoRilievo::Cliente:
         return VaiAllaCasella(CasellaNota::Cliente);
+    case LuogoRilievo::Controparte:
+        return VaiAllaCasella(CasellaNota::Controparte);
     case LuogoRilievo::BloccoCliente:
         return VaiAllaCasella(CasellaNota::BloccoCliente);
     case LuogoRilievo::CodiceFiscale:

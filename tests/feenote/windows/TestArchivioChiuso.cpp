@@ -5,6 +5,7 @@
 #include "supporto/danni.h"
 
 #include "feenote/modDatiStampa.h"
+#include "feenote/modDuplica.h"
 #include "feenote/modParti.h"
 #include "platform/base/errore.h"
 #include "platform/database/connessione.h"
@@ -44,6 +45,7 @@ private Q_SLOTS:
     void nessunaControparteSiPerde();
     void laControparteDellaNotaNuova_data();
     void laControparteDellaNotaNuova();
+    void laControparteSenzaNomeSiDice();
     void laFatturaElettronicaLoDice();
 
 private:
@@ -423,18 +425,21 @@ void TestArchivioChiuso::nessunaControparteSiPerde()
 void TestArchivioChiuso::laControparteDellaNotaNuova_data()
 {
     QTest::addColumn<bool>("EraNuova");
+    QTest::addColumn<bool>("Copiata");
     QTest::addColumn<bool>("Salvata");
     QTest::addColumn<QString>("Nome");
 
-    QTest::newRow("new still") << true << false << u"Neri Carlo"_s;
-    QTest::newRow("new, and saved since") << true << true << u"Neri Carlo"_s;
-    QTest::newRow("opened from its file") << false << true << QString();
+    QTest::newRow("new still") << true << false << false << u"Neri Carlo"_s;
+    QTest::newRow("new, and saved since") << true << false << true << u"Neri Carlo"_s;
+    QTest::newRow("opened from its file") << false << false << true << QString();
+    QTest::newRow("a copy of that, saved since") << false << true << true << u"Neri Carlo"_s;
 }
 
 /// A row without a name for notes is headed all the same: a note that was made meanwhile takes that.
 void TestArchivioChiuso::laControparteDellaNotaNuova()
 {
     QFETCH(bool, EraNuova);
+    QFETCH(bool, Copiata);
     QFETCH(bool, Salvata);
     Scrivi(StampaFatturaAnalitica);
     Parcella Una = NotaPiena();
@@ -445,10 +450,54 @@ void TestArchivioChiuso::laControparteDellaNotaNuova()
     Una.NomeCon.clear();
     Una.Percorso = EraNuova ? QString() : Nota;
     SegnaNonLetto(Una, Errore(errori::Accesso));
+    if (Copiata)
+        Una = Duplicata(Una, true);
     if (Salvata)
         Una.Percorso = Nota;
     QVERIFY(RiprovaArchivio(Una));
     QTEST(Una.txtControp.Testo, "Nome");
+}
+
+/// A new note that was saved without the name has none in its file: opened again, it would leave him out in
+/// silence.
+void TestArchivioChiuso::laControparteSenzaNomeSiDice()
+{
+    const QString SenzaNome = u"La controparte non ha un nome"_s;
+    Scrivi(StampaFatturaAnalitica);
+    Parcella Scritta = NotaPiena();
+    CaricaDati(Scritta, Nota);
+    Scritta.txtControp.Testo.clear();
+    Scritta.txtDatiStaControp.Testo.clear();
+    ScriviNota(Nota, Scritta);
+    OpenDatabase(sessione::ArchivioCliCon).Execute(u"UPDATE Controparti SET Controp=''"_s);
+    Sano = LeggiFile(sessione::ArchivioCliCon);
+    const auto Riga = [&]() -> QListWidgetItem* {
+        Respiro();
+        const QList<QListWidgetItem*> Trovate =
+            Controllo<QListWidget>(F, "lstControlli")->findItems(SenzaNome, Qt::MatchExactly);
+        return Trovate.isEmpty() ? nullptr : Trovate.first();
+    };
+    Chiudi(Svuotato);
+    T->Voce.Tollera();
+    F = T->Apri(Nota);
+    QVERIFY(F);
+    ClicScheda(F, SchedaDiStampa);
+    QVERIFY2(!Riga(), "the archive may still name him");
+    Riapri();
+    ClicScheda(F, SchedaBase);
+    ClicScheda(F, SchedaDiStampa);
+    QVERIFY(Riga());
+
+    const auto* Elenco = Controllo<QListWidget>(F, "lstControlli");
+    QTest::mouseClick(Elenco->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      Elenco->visualItemRect(Riga()).center());
+    Respiro();
+    QCOMPARE(F->Scheda(), int(SchedaBase));
+    auto* Casella = Controllo<QLineEdit>(F, "txtControp");
+    QVERIFY(Casella->hasFocus());
+    ::Scrivi(Casella, u"Neri Carlo"_s);
+    ClicScheda(F, SchedaDiStampa);
+    QVERIFY(!Riga());
 }
 
 /// The panel lists it, and says nothing of a client who is not linked.
