@@ -21,8 +21,8 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(opzioni INTERFACE -Wno-null-dereference)
     # Lets ccache serve a build with precompiled headers.
     target_compile_options(opzioni INTERFACE -fpch-preprocess)
-    # The compiler tidies its memory less often, and not below a gigabyte: an eighth less of its time for a quarter more of
-    # memory.
+    # The compiler tidies its memory less often, and not below a gigabyte: an eighth less of its time for a
+    # quarter more of memory.
     target_compile_options(opzioni INTERFACE --param=ggc-min-expand=300 --param=ggc-min-heapsize=1048576)
 elseif(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
     # clang blames a nested class for the names of its enclosing one's members, which it cannot reach.
@@ -31,9 +31,9 @@ elseif(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
     target_compile_options(opzioni INTERFACE "SHELL:-Xclang -fno-pch-timestamp")
 endif()
 
-# For sources that are compiled together, behind `opzioni`: one that is included by another is no header that others
-# might see, and what it names for itself does not shadow its neighbours. The debug, sanitizer and lint builds compile each
-# alone, and do look.
+# For sources that are compiled together, behind `opzioni`: one that is included by another is no header that
+# others might see, and what it names for itself does not shadow its neighbours. The debug, sanitizer and lint
+# builds compile each alone, and do look.
 add_library(opzioni_insieme INTERFACE)
 target_compile_options(opzioni_insieme INTERFACE -Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
 
