@@ -6,6 +6,7 @@
 #include "platform/system/guasti.h"
 #include "print/banco_esporta.h"
 #include "print/writers/esportazione.h"
+#include "print/writers/scrittorertf.h"
 
 #include <sys/stat.h>
 
@@ -29,7 +30,12 @@ void TestEsportazione::formati()
     Banco B;
     QVERIFY(!B.Componi());
     const Documento& Doc = B.vp.Contenuto();
-    QVERIFY(DocumentoEsportato(Doc, FormatoEsportazione::Word, {}).startsWith("{\\rtf1"));
+    const QByteArray Word = DocumentoEsportato(Doc, FormatoEsportazione::Word, {});
+    QVERIFY(Word.startsWith("{\\rtf1"));
+    QVERIFY(EScrittoDaNoi(Word));
+    QVERIFY(EScrittoDaNoi(DocumentoEsportato(Documento(), FormatoEsportazione::Word, u"B"_s)));
+    QVERIFY(!EScrittoDaNoi("{\\rtf1\\ansi\\ansicpg1252\\deff0\\nouicompat\\deflang1040"));
+    QVERIFY(!EScrittoDaNoi(Word.first(8)));
     QVERIFY(DocumentoEsportato(Doc, FormatoEsportazione::Html, {}).startsWith("<!DOCTYPE html>"));
     QCOMPARE(NumeroErrore([&] { (void)DocumentoEsportato(Doc, FormatoEsportazione(7), {}); }), 5);
 }
