@@ -8,6 +8,7 @@
 #include "core/posti.h"
 #include "core/schedeimpostazioni.h"
 #include "core/sessione.h"
+#include "platform/base/errore.h"
 #include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"

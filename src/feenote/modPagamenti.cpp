@@ -5,6 +5,7 @@
 #include "feenote/modResti.h"
 #include "feenote/modStorno.h"
 #include "feenote/modTotali.h"
+#include "platform/base/regionale.h"
 
 #include <algorithm>
 #include <utility>

@@ -5,6 +5,7 @@
 #include "feenote/domandeparametri.h"
 #include "feenote/modNuovaParcella.h"
 #include "feenote/modVariazione.h"
+#include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/system/messaggi.h"
 
