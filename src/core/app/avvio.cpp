@@ -16,6 +16,7 @@
 #include "core/posti.h"
 #include "feenote/companion/modRichiesta.h"
 #include "feenote/file/modPosaFile.h"
+#include "platform/base/errore.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
 #include "platform/system/aparte.h"
