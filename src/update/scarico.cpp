@@ -147,7 +147,7 @@ EsitoScarico Tenta(F&& Scarica)
 
 QString Tassi(const Annuncio& Trovato, const PassoAggiornamento& Passo)
 {
-    const QString Archivio = ArchivioTassi();
+    QString Archivio = ArchivioTassi();
     const auto Presente = DataArchivio(Archivio);
     if (!Presente || !Trovato.Lette.DataTassi || *Presente >= *Trovato.Lette.DataTassi)
         throw Fallito{u"l'archivio non è più recente di quello in uso"_s};
@@ -187,7 +187,7 @@ QString Programma(const Annuncio& Trovato, const PassoAggiornamento& Passo)
     const QString Nome = NomeInstallatore(Trovato);
     CreaCartellaPrivata(CartellaUpgrade());
     TogliAltri(Nome);
-    const QString File = CartellaUpgrade() + Nome;
+    QString File = CartellaUpgrade() + Nome;
     if (Trovato.Lette.Elencato(Nome) && EsisteFile(File) && DifettoFile(Trovato, Nome, File).isEmpty())
         return File;
     const Arrivo Nuovo(File);
