@@ -1,17 +1,14 @@
-#include "core/app/scena.h"
 #include "core/impostazioni.h"
 #include "core/parametri.h"
+#include "core/settings/modulosetup.h"
 #include "supporto/danni.h"
 
-#include <QLineEdit>
 #include <QScreen>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTimer>
 
-#include <memory>
-
-class TestFrmSetup : public QObject
+class TestFrmSetup : public QObject, ModuloSetup
 {
     Q_OBJECT
 
@@ -48,18 +45,11 @@ private Q_SLOTS:
     void ogniControlloHaUnNome();
 
 private:
-    QLineEdit* Campo(const QString& Nome) { return Modulo->findChild<QLineEdit*>(Nome); }
     void Riempi();
-    void Memorizza() { QTest::mouseClick(Modulo->findChild<QWidget*>(u"cmdSaveImpost"_s), Qt::LeftButton); }
-
-    std::unique_ptr<Scena> S;
-    frmSetup* Modulo = nullptr;
 };
 PROVA(TestFrmSetup);
 
 namespace {
-
-const QString Memorizzate = u"Le impostazioni sono state memorizzate!"_s;
 
 /// Boxes and the keys that hold them.
 const QList<std::pair<QString, QString>> Chiavi{
@@ -78,9 +68,7 @@ const QList<std::pair<QString, QString>> Chiavi{
 
 void TestFrmSetup::init()
 {
-    S = std::make_unique<Scena>();
-    Scena::Salva(u"PercorsoProcedura"_s, ProgrammaDiProva());
-    Modulo = &Singola<frmSetup>();
+    Prepara();
 }
 
 void TestFrmSetup::cleanup()

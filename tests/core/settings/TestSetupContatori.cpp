@@ -1,18 +1,15 @@
 // The two counters of the settings where the file that holds them is damaged.
-#include "core/app/scena.h"
 #include "core/impostazioni.h"
 #include "core/parametri.h"
+#include "core/settings/modulosetup.h"
 #include "platform/system/impostazioni.h"
 #include "supporto/danni.h"
 
-#include <QLineEdit>
 #include <QTabWidget>
-
-#include <memory>
 
 using namespace Qt::StringLiterals;
 
-class TestSetupContatori : public QObject
+class TestSetupContatori : public QObject, ModuloSetup
 {
     Q_OBJECT
 
@@ -28,26 +25,13 @@ private Q_SLOTS:
     void senzaDannoNonSiChiede();
 
 private:
-    QLineEdit* Campo(const QString& Nome) { return Modulo->findChild<QLineEdit*>(Nome); }
     void Riempi();
-    void Memorizza() { QTest::mouseClick(Modulo->findChild<QWidget*>(u"cmdSaveImpost"_s), Qt::LeftButton); }
-
-    std::unique_ptr<Scena> S;
-    frmSetup* Modulo = nullptr;
 };
 PROVA(TestSetupContatori);
 
-namespace {
-
-const QString Memorizzate = u"Le impostazioni sono state memorizzate!"_s;
-
-}  // namespace
-
 void TestSetupContatori::init()
 {
-    S = std::make_unique<Scena>();
-    Scena::Salva(u"PercorsoProcedura"_s, ProgrammaDiProva());
-    Modulo = &Singola<frmSetup>();
+    Prepara();
 }
 
 void TestSetupContatori::Riempi()
