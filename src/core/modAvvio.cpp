@@ -76,7 +76,7 @@ void LeggiParametri()
 QString ConsiglioPer(GuastoDeposito Guasto)
 {
     const QString Ambiti = u"anche nei numeri, nelle cartelle e nell'archivio"_s;
-    const QString Memorizzarle =
+    QString Memorizzarle =
         u"Quel che vi manca vale come mai impostato: prima di stampare e di numerare fatture controllare le "
         u"impostazioni, "_s +
         Ambiti + u", e memorizzarle."_s;
