@@ -122,7 +122,7 @@ void SchedaContabili::Carica()
 ValoriScheda SchedaContabili::Valori() const
 {
     ValoriScheda Fatti;
-    if (TariffaScelta || isVisible())
+    if (TariffaScelta)
         Fatti.append({chiavi::Tariffa.toString(), ui->cmbTariffa->currentData().toString()});
     Fatti.append({chiavi::NormeDiPartenza.toString(), ui->cmbNorme->currentData().toString()});
     for (const VoceAliquota& Voce : Aliquote)

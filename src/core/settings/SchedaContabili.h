@@ -24,8 +24,10 @@ public:
     /// Fills the boxes from the settings store.
     void Carica();
     /// What is to be stored. The tariff is among it once there is a choice: one was stored, picked in the
-    /// list, or is saved with this page in view, which says what it is. The counter is always among it.
+    /// list, or confirmed as it stands. The counter is always among it.
     [[nodiscard]] ValoriScheda Valori() const;
+    /// Whoever saves with this page in view has seen which tariff it says, and has chosen it.
+    void ScegliTariffaInVista() { TariffaScelta = true; }
     /// The box of the last invoice's number.
     [[nodiscard]] QLineEdit* CasellaNumero() const;
     /// The same when it holds no number of an invoice; null when it does.

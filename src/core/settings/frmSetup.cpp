@@ -225,7 +225,10 @@ frmSetup::frmSetup()
     Collega(ui->cmdChiudi, &QAbstractButton::clicked, this, [this] { close(); });
     Collega(ui->cmdHelp, &QAbstractButton::toggled, this, [this](bool Si) { ShowHelp(Si); });
     Collega(this, &QDialog::finished, this, [] { Invoca(Aperture.ImpostazioniChiuse); });
-    Collega(ui->tabSetup, &QTabWidget::currentChanged, this, [this] { ShowHelp(ui->cmdHelp->isChecked()); });
+    Collega(ui->tabSetup, &QTabWidget::currentChanged, this, [this] {
+        PortatoDavanti = false;
+        ShowHelp(ui->cmdHelp->isChecked());
+    });
     for (const Obbligo& Voce : Obblighi) {
         QLineEdit* Campo = CampoDi(Voce, *ui, *Cartelle);
         Campo->setPlaceholderText(u"obbligatorio"_s);
@@ -267,6 +270,7 @@ void frmSetup::Prepara(int Indice)
         resize(sizeHint());
     }
     ChangeTab(Indice);
+    PortatoDavanti = false;
 }
 
 void frmSetup::Mostra(int Indice)
@@ -385,7 +389,15 @@ void frmSetup::SegnaControlli()
 bool frmSetup::Rifiuta(const QString& Messaggio, int Indice, QWidget* Campo)
 {
     MsgErrore(Messaggio);
-    ChangeTab(Indice);
+    return Porta(Indice, Campo);
+}
+
+bool frmSetup::Porta(int Indice, QWidget* Campo)
+{
+    if (ui->tabSetup->currentIndex() != Indice) {
+        ChangeTab(Indice);
+        PortatoDavanti = true;
+    }
     RidaiFuoco(Campo);
     return false;
 }
@@ -415,9 +427,7 @@ bool frmSetup::CheckNumero()
                "Memorizzarlo ugualmente?"_s.arg(*Prima),
                vbYesNo | vbQuestion | vbDefaultButton2, TitoloDomanda.toString()) == vbYes)
         return true;
-    ChangeTab(SchedaFatturaElettronica);
-    RidaiFuoco(Fattura->CasellaNumero());
-    return false;
+    return Porta(SchedaFatturaElettronica, Fattura->CasellaNumero());
 }
 
 /// A damaged store holds no counter, and nobody has written one into its box: what the form would store may
@@ -442,13 +452,11 @@ bool frmSetup::ConfermaPersi()
     const bool DiFile = Perso(chiavi::ProgTrasm);
     if (!DiFattura && !DiFile)
         return true;
-    // On the tab in view: another one that is brought to the front would be stored as its user's choice.
     if (MsgBox(DomandaPersi(DiFattura, DiFile, Numeri), vbYesNo | vbQuestion | vbDefaultButton2,
                TitoloDomanda.toString()) == vbYes)
         return true;
-    ChangeTab(DiFattura ? SchedaDatiContabili : SchedaFatturaElettronica);
-    RidaiFuoco(DiFattura ? Contabili->CasellaNumero() : Fattura->CasellaNumero());
-    return false;
+    return DiFattura ? Porta(SchedaDatiContabili, Contabili->CasellaNumero())
+                     : Porta(SchedaFatturaElettronica, Fattura->CasellaNumero());
 }
 
 ValoriScheda frmSetup::Valori() const
@@ -518,6 +526,8 @@ void frmSetup::cmdSaveImpost_Click()
 {
     if (!ConcludiCampo() || !CheckValori() || !CheckNumero())
         return;
+    if (ui->tabSetup->currentIndex() == SchedaDatiContabili && !PortatoDavanti)
+        Contabili->ScegliTariffaInVista();
     const bool IconeScritte = Desktop->SalvaIcone();
     if (!IconeScritte)
         MsgErrore(u"Errore scrittura .ini"_s);

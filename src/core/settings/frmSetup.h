@@ -71,6 +71,8 @@ private:
     void Prepara(int Indice);
     void CreaTasti();
     bool Rifiuta(const QString& Messaggio, int Indice, QWidget* Campo);
+    /// Leads to a box that has to be looked at. @return false
+    bool Porta(int Indice, QWidget* Campo);
     [[nodiscard]] bool CheckNumero();
     [[nodiscard]] bool ConfermaPersi();
     [[nodiscard]] ValoriScheda Valori() const;
@@ -90,5 +92,6 @@ private:
     ValoriScheda Letti;                 ///< what the form showed when it had nothing to store
     QMap<QString, QString> Conservati;  ///< what the store held when the form read it, or wrote into it
     QSet<QString> ContatoriPersi;       ///< those that a damaged store did not give when the form read it
+    bool PortatoDavanti = false;        ///< the tab in view is none that the user has turned to
     bool LettoDanneggiato = false;      ///< what it held may have been gone by then
 };

@@ -5,6 +5,7 @@
 #include "platform/system/impostazioni.h"
 #include "supporto/danni.h"
 
+#include <QTabBar>
 #include <QTabWidget>
 
 using namespace Qt::StringLiterals;
@@ -22,6 +23,9 @@ private Q_SLOTS:
     void ilContatorePersoSiChiede_data();
     void ilContatorePersoSiChiede();
     void laDomandaNonScegliePerLUtente();
+    void laSchedaPortataDavantiNonSceglie_data();
+    void laSchedaPortataDavantiNonSceglie();
+    void escSenzaTariffaScelta();
     void senzaDannoNonSiChiede();
 
 private:
@@ -175,6 +179,66 @@ void TestSetupContatori::laDomandaNonScegliePerLUtente()
     QCOMPARE(GetSetting(NomeApplicazione.toString(), SezioneParametri.toString(), chiavi::Tariffa.toString(),
                         u"manca"_s),
              u"manca"_s);
+}
+
+void TestSetupContatori::laSchedaPortataDavantiNonSceglie_data()
+{
+    QTest::addColumn<bool>("Numero");  // refused, instead of lost
+    QTest::addColumn<bool>("Torna");   // away from the page and back, by the user
+    QTest::addColumn<QString>("Tariffa");
+
+    QTest::newRow("no to the question") << false << false << u"manca"_s;
+    QTest::newRow("no to the question, back by himself") << false << true << u"140"_s;
+    QTest::newRow("a number refused") << true << false << u"manca"_s;
+    QTest::newRow("a number refused, back by himself") << true << true << u"140"_s;
+}
+
+/// Whoever is led to the number has been asked for a number: the tariff beside it is none that he has chosen.
+void TestSetupContatori::laSchedaPortataDavantiNonSceglie()
+{
+    QFETCH(bool, Numero);
+    QFETCH(bool, Torna);
+    QFETCH(QString, Tariffa);
+    Registratore Box;
+    const QString File = Scena::FileImpostazioni();
+    if (!Numero)
+        ScriviFile(File, LeggiFile(File).split('\n').first() + "\n[Parametri]\nprogtrasm=17\n");
+    Riempi();
+    auto* Schede = Modulo->findChild<QTabWidget*>(u"tabSetup"_s);
+    if (Numero) {
+        Campo(u"txtNumFatt"_s)->setText(u"99999"_s);
+        Box.Attendi(u"Immettere un valore numerico!"_s);
+    } else {
+        Box.Attendi(u"Nelle impostazioni danneggiate il numero dell'ultima fattura non si legge: con 0 si "
+                    u"potrebbero ripetere numeri già usati.\nMemorizzarlo ugualmente?"_s,
+                    vbNo);
+    }
+    Memorizza();
+    QCOMPARE(Schede->currentIndex(), int(frmSetup::SchedaDatiContabili));
+    Campo(u"txtNumFatt"_s)->setText(u"41"_s);
+    if (Torna)
+        for (const int Scheda : {frmSetup::SchedaDatiStudio, frmSetup::SchedaDatiContabili})
+            QTest::mouseClick(Schede->tabBar(), Qt::LeftButton, {},
+                              Schede->tabBar()->tabRect(Scheda).center());
+    QCOMPARE(Schede->currentIndex(), int(frmSetup::SchedaDatiContabili));
+    Box.Attendi(Memorizzate);
+    Memorizza();
+    QCOMPARE(Scena::Parametro(u"ProgFatt"_s), u"41"_s);
+    QCOMPARE(GetSetting(NomeApplicazione.toString(), SezioneParametri.toString(), chiavi::Tariffa.toString(),
+                        u"manca"_s),
+             Tariffa);
+}
+
+/// An office that has never chosen, as each has at first, has changed nothing by looking.
+void TestSetupContatori::escSenzaTariffaScelta()
+{
+    const Registratore Box;
+    Modulo->Mostra(0);
+    QVERIFY(QTest::qWaitForWindowActive(Modulo));
+    Modulo->ChangeTab(frmSetup::SchedaDatiContabili);
+    QTest::keyClick(Modulo, Qt::Key_Escape);
+    QVERIFY(!Modulo->isVisible());
+    QCOMPARE(Box.Mostrati().size(), 0);
 }
 
 /// What could not be read while the form was opened, and can now, has lost nothing.
