@@ -19,6 +19,7 @@
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/suggerimento.h"
+#include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"
 
@@ -435,7 +436,9 @@ bool frmSetup::CheckNumero()
 bool frmSetup::ConfermaPersi()
 {
     const std::optional<DepositoGuasto> Guasto = EsaminaImpostazioni(NomeApplicazione.toString());
-    if (Guasto ? !HaPerso(*Guasto) : !LettoDanneggiato)
+    // What could not be read has lost nothing once it is back, and everything if it is not.
+    if (Guasto ? !HaPerso(*Guasto)
+               : !LettoDanneggiato && EsisteFile(PercorsoImpostazioni(NomeApplicazione.toString())))
         return true;
     const ValoriScheda Ora = Valori();
     QStringList Numeri;

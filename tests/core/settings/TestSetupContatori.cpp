@@ -27,9 +27,16 @@ private Q_SLOTS:
     void laSchedaPortataDavantiNonSceglie();
     void escSenzaTariffaScelta();
     void senzaDannoNonSiChiede();
+    void toltoQuelCheNonSiLeggevaSiChiede();
+    void lettoDanneggiatoETornatoInteroSiChiede();
 
 private:
     void Riempi();
+
+    inline static const QString Entrambi =
+        u"Nelle impostazioni danneggiate i numeri dell'ultima fattura e dell'ultimo file XML non si leggono: "
+        u"con "
+        u"0 si potrebbero ripetere numeri già usati.\nMemorizzarli ugualmente?"_s;
 };
 PROVA(TestSetupContatori);
 
@@ -118,13 +125,9 @@ void TestSetupContatori::ilContatorePersoSiChiede()
     QFETCH(QByteArray, Resto);
     QFETCH(bool, Fattura);
     QFETCH(bool, Trasmissione);
-    const QString Inizia = u"Nelle impostazioni danneggiate "_s;
-    const QString Finisce = u": con 0 si potrebbero ripetere numeri già usati.\n"_s;
-    const QString Entrambi = Inizia +
-                             u"i numeri dell'ultima fattura e dell'ultimo file XML non si leggono"_s +
-                             Finisce + u"Memorizzarli ugualmente?"_s;
     const QString DiFile =
-        Inizia + u"il numero dell'ultimo file XML non si legge"_s + Finisce + u"Memorizzarlo ugualmente?"_s;
+        u"Nelle impostazioni danneggiate il numero dell'ultimo file XML non si legge: con 0 si "
+        u"potrebbero ripetere numeri già usati.\nMemorizzarlo ugualmente?"_s;
     Registratore Box;
     Scena::Salva(u"ProgFatt"_s, u"41"_s);
     Scena::Salva(u"ProgTrasm"_s, u"17"_s);
@@ -252,6 +255,43 @@ void TestSetupContatori::senzaDannoNonSiChiede()
     Riempi();
     QVERIFY(QDir().rmdir(File));
     ScriviFile(File, Intero);
+    Box.Attendi(Memorizzate);
+    Memorizza();
+    QCOMPARE(Scena::Parametro(u"ProgFatt"_s), u"0"_s);
+}
+
+/// What stood in the place of the settings says nothing of the numbers that the office has come to: taken
+/// away and not brought back, they are lost.
+void TestSetupContatori::toltoQuelCheNonSiLeggevaSiChiede()
+{
+    Registratore Box;
+    Scena::Salva(u"ProgFatt"_s, u"41"_s);
+    Scena::Salva(u"ProgTrasm"_s, u"17"_s);
+    const QString File = Scena::FileImpostazioni();
+    Rovina(File, Cartella);
+    Riempi();
+    QVERIFY(QDir().rmdir(File));
+    Box.Attendi(Entrambi, vbNo);
+    Memorizza();
+    QVERIFY(!EsisteFile(File));
+    Campo(u"txtNumFatt"_s)->setText(u"41"_s);
+    Campo(u"txtProgTrasm"_s)->setText(u"17"_s);
+    Box.Attendi(Memorizzate);
+    Memorizza();
+    QCOMPARE(Scena::Parametro(u"ProgFatt"_s), u"41"_s);
+    QCOMPARE(Scena::Parametro(u"ProgTrasm"_s), u"17"_s);
+}
+
+/// A file that another program has made anew meanwhile is sound, and has not got the numbers that were lost.
+void TestSetupContatori::lettoDanneggiatoETornatoInteroSiChiede()
+{
+    Registratore Box;
+    const QString File = Scena::FileImpostazioni();
+    ScriviFile(File, {});
+    Riempi();
+    ScriviFile(File, "[Parametri]\nstudiocitta=Pisa\n");
+    QVERIFY(FraseImpostazioniGuaste().isEmpty());
+    Box.Attendi(Entrambi, vbYes);
     Box.Attendi(Memorizzate);
     Memorizza();
     QCOMPARE(Scena::Parametro(u"ProgFatt"_s), u"0"_s);
