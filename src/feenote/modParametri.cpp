@@ -171,6 +171,7 @@ void CambiaCategoria(Parcella& Nota, int Indice)
     const RapportiUnici UnaVolta;
     SegnaRicalcolo(Nota);
     Nota.CodCateg = Codice;
+    Nota.Scaglione = 0;  // a column of the former category's tables
     LasciaTenute(Nota);
     LoadAutorità(Nota, Codice);
     StatiPerCategoria(Nota);

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void categoriaDecideListeEStati_data();
     void categoriaDecideListeEStati();
     void stessaCategoriaNonToccaNulla();
+    void laCategoriaLasciaLoScaglione();
     void stessaAutoritaNonChiede();
     void stessoIDAutNonChiede();
     void autoritaSenzaRigheNonChiede();
@@ -89,6 +90,19 @@ void TestParametri::stessaCategoriaNonToccaNulla()
     const Parcella Prima = Nota;
     CambiaCategoria(Nota, CategCivile);
     QVERIFY(Nota == Prima);
+}
+
+/// A column of civil amounts says nothing of any other category: as in a file that has no bracket, none is
+/// left.
+void TestParametri::laCategoriaLasciaLoScaglione()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Parcella Nota = NotaCivile();
+    QVERIFY(Nota.Scaglione > 0);
+    CambiaCategoria(Nota, CategStragiudiziale);
+    QCOMPARE(Nota.cmbValore, NessunaVoce);
+    QCOMPARE(Nota.Scaglione, 0);
 }
 
 void TestParametri::stessaAutoritaNonChiede()
