@@ -1,5 +1,6 @@
 #include "scimmia/controlli.h"
 
+#include "addressbook/modClienti.h"
 #include "core/posti.h"
 #include "core/sessione.h"
 #include "feenote/file/modLettura.h"
@@ -7,6 +8,7 @@
 #include "feenote/modParti.h"
 #include "feenote/windows/finestre.h"
 #include "feenote/windows/frmParcelle.h"
+#include "platform/base/regionale.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "scimmia/gesti.h"
@@ -81,6 +83,21 @@ QString Differenza(const QByteArray& Finestra, const QByteArray& File)
     return Diverse.join(u'\n');
 }
 
+namespace {
+
+/// The name that an opening takes from the archive for a key; empty where there is none or it cannot be read.
+template <typename Ricerca>
+QString NellArchivio(const Ricerca& Cerca, int Chiave)
+{
+    try {
+        return Chiave > 0 ? Cerca(Chiave).value_or(QString()) : QString();
+    } catch (const Errore&) {
+        return {};
+    }
+}
+
+}  // namespace
+
 QString NoteSalvate::Confronta()
 {
     for (int Posto = 1; Posto <= UltimaParcella(); ++Posto) {
@@ -98,11 +115,15 @@ QString NoteSalvate::Confronta()
         Parcella Vista = Nota;
         Vista.NsRif =
             sessione::RichiestaPV2.ID;  // a session of the companion saves every note for its matter
-        // What is typed over a linked name lasts until the note is opened again.
-        if (LegameParte(Vista, ParteNota::Cliente) > 0)
+        // What is typed over a linked name lasts until the note is opened again, where the archive has a name
+        // for it: of a counterparty that of the notes.
+        if (!NellArchivio(CercaCliente, Vista.IDCli).isEmpty())
             Vista.txtCliente.Testo = NomeLegato(Vista, ParteNota::Cliente);
-        if (LegameParte(Vista, ParteNota::Controparte) > 0)
+        if (!NellArchivio([](int Chiave) { return CercaControparte(Chiave, u"Controp"_s); }, Vista.IDCon)
+                 .isEmpty())
             Vista.txtControp.Testo = NomeLegato(Vista, ParteNota::Controparte);
+        // A value that its bracket refuses is the note's until the box has another; the file keeps the box's.
+        Vista.ImportoPrec = Arrotonda2(Vista.txtImporto.Numero());
         const QString Diversa = Differenza(DescriviNota(Vista), DescriviNota(Riletta(Nota.Percorso)));
         if (!Diversa.isEmpty())
             return u"la nota salvata non è quella della finestra, "_s + Nota.Percorso + u":\n"_s + Diversa;

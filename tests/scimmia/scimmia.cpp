@@ -7,6 +7,7 @@
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QLineEdit>
 #include <QThread>
 #include <QTimerEvent>
 
@@ -188,6 +189,17 @@ void Scimmia::Saluta()
     Tutte.removeIf([](const QWidget* Una) { return !Libera(Una); });
     if (Tutte.isEmpty())
         return;
+    // A box that lets nobody leave over what is no number is emptied, as its user would do.
+    constexpr int Rifiuti = 25;
+    if (Saluti % Rifiuti == 0 && qobject_cast<const QLineEdit*>(QApplication::focusWidget())) {
+        Annota(u"congedo: svuota "_s + NomeDi(QApplication::focusWidget()));
+        for (const auto& [Codice, Con] : {std::pair{Qt::Key_A, Qt::KeyboardModifiers(Qt::ControlModifier)},
+                                          std::pair{Qt::Key_Delete, Qt::KeyboardModifiers()}}) {
+            Mani::Tasto(QEvent::KeyPress, Codice, Con, {});
+            Mani::Tasto(QEvent::KeyRelease, Codice, Con, {});
+        }
+        return;
+    }
     const QWidget* Scelta = Tutte[Saluti % Tutte.size()];
     Annota(u"congedo: chiudi "_s + NomeDi(Scelta));
     Scelta->windowHandle()->close();
