@@ -91,7 +91,7 @@ constexpr std::array Voci{
     VoceImpostazione{u"ColoreEtichettaSel", u"255", Intero32, &sessione::ColoreEtichettaSel},
     VoceImpostazione{chiavi::PostaOggetto, OggettoPosta, Testo, &sessione::PostaOggetto},
     VoceImpostazione{chiavi::PostaTesto, TestoPosta, Testo, &sessione::PostaTesto},
-    VoceImpostazione{chiavi::LogoImpronta, u"", Testo, &sessione::LogoImpronta, {}, logo::ImprontaValida},
+    VoceImpostazione{chiavi::LogoImpronta, u"", Testo, &sessione::LogoImpronta},
     VoceImpostazione{chiavi::LogoPosto, u"", Testo, &sessione::LogoPosto, {}, logo::PostoNoto},
     VoceImpostazione{chiavi::LogoAltezza, u"2", Percentuale, &sessione::LogoAltezza},
     VoceImpostazione{chiavi::LogoDocumenti, logo::DocumentiIniziali, Testo, &sessione::LogoDocumenti},

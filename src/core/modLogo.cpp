@@ -42,7 +42,9 @@ QString Impronta(const QByteArray& Png)
 
 QString File(const QString& Impronta)
 {
-    return Impronta.isEmpty() ? QString() : CartellaDati() + Prefisso + Impronta.left(CifreNome) + u".png"_s;
+    return ImprontaValida(Impronta).isEmpty()
+               ? QString()
+               : CartellaDati() + Prefisso + Impronta.left(CifreNome) + u".png"_s;
 }
 
 QString Conserva(const QByteArray& Png)

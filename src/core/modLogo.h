@@ -35,7 +35,7 @@ inline constexpr QStringView DocumentiIniziali = u"01356C";
 
 [[nodiscard]] QString Impronta(const QByteArray& Png);
 
-/// The copy of a fingerprint, full path; empty for an empty one.
+/// The copy of a fingerprint, full path; empty for a text that is none.
 [[nodiscard]] QString File(const QString& Impronta);
 
 /// Stores a copy, and gives its fingerprint. @throws Errore 75, 61 as the disk refuses
@@ -44,7 +44,7 @@ inline constexpr QStringView DocumentiIniziali = u"01356C";
 /// one.
 void TogliAltri(const QString& Impronta);
 
-/// The bytes of a copy; nothing when it is missing, or is no longer what was stored.
+/// The bytes of a copy; nothing when it is missing or no longer what was stored, or the fingerprint is none.
 [[nodiscard]] std::optional<QByteArray> Leggi(const QString& Impronta);
 
 /// Pixels of a PNG by its first bytes; nothing where they are no PNG's.

@@ -99,7 +99,9 @@ void AvvisaLogo()
     if (!std::exchange(Avvisi().DaMostrare, false))
         return;
     Avvisi().Mostrato = sessione::LogoImpronta;
-    MsgErrore(u"Il logo dello studio (\"%1\") manca o è danneggiato: i documenti si stampano senza. "
-              u"Sceglierlo di nuovo nelle impostazioni, scheda \"Documenti\"."_s.arg(
-                  logo::File(sessione::LogoImpronta)));
+    // A garbled fingerprint names no file.
+    const QString File = logo::File(sessione::LogoImpronta);
+    const QString Quale = File.isEmpty() ? QString() : u" (\"%1\")"_s.arg(File);
+    MsgErrore(u"Il logo dello studio%1 manca o è danneggiato: i documenti si stampano senza. "
+              u"Sceglierlo di nuovo nelle impostazioni, scheda \"Documenti\"."_s.arg(Quale));
 }

@@ -124,6 +124,7 @@ void TestLogo::impronta()
     QFETCH(QString, Valore);
     QFETCH(bool, Valida);
     QCOMPARE(logo::ImprontaValida(Valore), Valida ? Valore : QString());
+    QCOMPARE(logo::File(Valore).isEmpty(), !Valida);
 }
 
 void TestLogo::posto()

@@ -90,7 +90,7 @@ void SchedaDocumenti::Carica()
 {
     // A name that a damaged file has garbled is one of a copy that cannot be read: nobody has taken it away.
     Impronta = ValoreConservato(chiavi::LogoImpronta);
-    Png = logo::Leggi(logo::ImprontaValida(Impronta)).value_or(QByteArray());
+    Png = logo::Leggi(Impronta).value_or(QByteArray());
     PngLetto = Png;
     Difetto = !Impronta.isEmpty() && Png.isEmpty();
     Detto = Difetto ? u"Il logo conservato manca o è danneggiato: sceglierlo di nuovo."_s : QString();

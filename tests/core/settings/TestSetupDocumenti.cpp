@@ -3,6 +3,7 @@
 
 #include "core/impostazioni.h"
 #include "core/modLogo.h"
+#include "core/modLogoStampa.h"
 #include "core/settings/anteprimapagina.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/orologio.h"
@@ -247,6 +248,16 @@ void TestSetupDocumenti::ilLogoRestaDoveIlSuoNomeSiLeggeMale()
         QString::fromLatin1(Altre.repeated(Altre.isEmpty() ? 0 : Quante)) + Buona.mid(Quante);
     Scena::Salva(chiavi::LogoImpronta.toString(), Guasta);
     ImpostaVariabili();
+    // Whoever prints before he opens the settings is told as well.
+    QVERIFY(!LogoDelleSchede());
+    const QString File = logo::File(Guasta);
+    QCOMPARE(File.isEmpty(), logo::ImprontaValida(Guasta).isEmpty());
+    Box.Attendi(
+        u"Il logo dello studio %1manca o è danneggiato: i documenti si stampano senza. Sceglierlo di nuovo "
+        u"nelle impostazioni, scheda \"Documenti\"."_s.arg(File.isEmpty() ? QString()
+                                                                          : u"(\"%1\") "_s.arg(File)),
+        vbOK, u"Errore:"_s);
+    AvvisaLogo();
     Apri();
     QCOMPARE(Detto(), u"Il logo conservato manca o è danneggiato: sceglierlo di nuovo."_s);
     for (int Volta = 0; Volta < 2; ++Volta) {
