@@ -37,17 +37,32 @@ QString TitoloDi(int Tipo, const QString& Stelo)
     return TipoDi(Tipo).Nome.toString() + u" - "_s + Stelo;
 }
 
+/// How a document is laid out in a file.
+struct Disposizione
+{
+    Carta Foglio;
+    bool UnaPagina = false;
+    Strettezza Quanto;
+
+    friend bool operator==(const Disposizione&, const Disposizione&) = default;
+};
+
 /// As tight as on its page: a file has no pages of its own before it is opened.
-QByteArray Esportata(const Superficie& vp, FormatoEsportazione Formato, const QString& Titolo,
-                     const Carta& Foglio)
+Disposizione DisposizioneDi(const Superficie& vp, const Carta& Foglio)
 {
     const Documento& Composto = vp.Contenuto();
-    const Strettezza Quanto = Composto.UnaPagina && vp.Stringitore ? vp.Stringitore(Composto) : Strettezza();
-    if (Quanto == Composto.Stretta)
-        return DocumentoEsportato(Composto, Formato, Titolo, Foglio);
+    return {Foglio, Composto.UnaPagina,
+            Composto.UnaPagina && vp.Stringitore ? vp.Stringitore(Composto) : Strettezza()};
+}
+
+QByteArray Esportata(const Documento& Composto, FormatoEsportazione Formato, const QString& Titolo,
+                     const Disposizione& Come)
+{
+    if (Come.Quanto == Composto.Stretta)
+        return DocumentoEsportato(Composto, Formato, Titolo, Come.Foglio);
     Documento Stretto = Composto;
-    Stretto.Stretta = Quanto;
-    return DocumentoEsportato(Stretto, Formato, Titolo, Foglio);
+    Stretto.Stretta = Come.Quanto;
+    return DocumentoEsportato(Stretto, Formato, Titolo, Come.Foglio);
 }
 
 QByteArray Impronta(const QByteArray& Byte)
@@ -55,18 +70,25 @@ QByteArray Impronta(const QByteArray& Byte)
     return QCryptographicHash::hash(Byte, QCryptographicHash::Sha256);
 }
 
-/// What this program has last written into each file: notes of one name have one file.
-QHash<QString, QByteArray>& ImpronteScritte()
+struct Scritta
 {
-    static QHash<QString, QByteArray> Scritte;
-    return Scritte;
+    QByteArray Impronta;
+    Disposizione Come;
+};
+
+/// What this program has last written into each file: notes of one name have one file.
+QHash<QString, Scritta>& Scritte()
+{
+    static QHash<QString, Scritta> Tutte;
+    return Tutte;
 }
 
 void Esporta(const Superficie& vp, const QString& Titolo, const Carta& Foglio)
 {
-    const QByteArray Byte = Esportata(vp, FormatoEsportazione(vp.ExportFormat), Titolo, Foglio);
+    const Disposizione Come = DisposizioneDi(vp, Foglio);
+    const QByteArray Byte = Esportata(vp.Contenuto(), FormatoEsportazione(vp.ExportFormat), Titolo, Come);
     (void)ScriviEsportato(vp.ExportFile, Byte);
-    ImpronteScritte()[vp.ExportFile] = Impronta(Byte);
+    Scritte()[vp.ExportFile] = {Impronta(Byte), Come};
 }
 
 }  // namespace
@@ -109,8 +131,8 @@ bool EsportazioneAllaPari(const Superficie& vp, const Parcella& Nota, int Tipo, 
                           const Carta& Foglio)
 {
     const QString File = FileDocumento(Stelo);
-    const QByteArray Scritta = ImpronteScritte().value(File);
-    if (Scritta.isEmpty() || !EsisteFile(File))
+    const Scritta Ultima = Scritte().value(File);
+    if (Ultima.Impronta.isEmpty() || !EsisteFile(File))
         return false;
     bool AllaPari = false;
     // What cannot be composed or read is told where it is brought up to date.
@@ -119,12 +141,16 @@ bool EsportazioneAllaPari(const Superficie& vp, const Parcella& Nota, int Tipo, 
         Ora.Stringitore = vp.Stringitore;
         if (!Anteprima(Ora, Nota, Tipo))
             return;
-        const QByteArray Byte = Esportata(Ora, FormatoEsportazione::Word, TitoloDi(Tipo, Stelo), Foglio);
-        if (Impronta(Byte) != Scritta)
+        // A page that was printed on other paper since is the same document.
+        const Disposizione Come = DisposizioneDi(Ora, Foglio);
+        const QByteArray Byte =
+            Esportata(Ora.Contenuto(), FormatoEsportazione::Word, TitoloDi(Tipo, Stelo), Ultima.Come);
+        if (Come.UnaPagina != Ultima.Come.UnaPagina || Impronta(Byte) != Ultima.Impronta)
             return;
-        // Of two programs neither knows what the other one has composed.
+        // Of two programs neither knows what the other one has composed. What nobody has written in gets the
+        // paper in use.
         const QByteArray Presente = LeggiFile(File);
-        AllaPari = Presente == Byte || !EScrittoDaNoi(Presente);
+        AllaPari = Presente == Byte ? Come == Ultima.Come : !EScrittoDaNoi(Presente);
     });
     return AllaPari;
 }

@@ -27,10 +27,10 @@ std::optional<Errore> AnteprimaConEsportazione(Superficie& vp, const Parcella& N
                                                const QString& Stelo, const std::optional<QString>& Invio = {},
                                                const Carta& Foglio = {});
 
-/// The word-processor file of this stem is that of the note as it would be composed now: as the program has
-/// written it, or as it was written on since in a word processor. Another note of the same name may have been
-/// composed there meanwhile, in this program or in another one; then it is not, nor where this program has
-/// not yet written it. Nothing is written.
+/// The word-processor file of this stem is that of the note as it would be composed now: as the program
+/// has written it, or as it was written on since in a word processor, there on whatever paper. Another
+/// note of the same name may have been composed there meanwhile, in this program or in another one; then
+/// it is not, nor where this program has not yet written it. Nothing is written.
 ///
 /// @param vp the surface of the page on view, which says how far that is tightened
 [[nodiscard]] bool EsportazioneAllaPari(const Superficie& vp, const Parcella& Nota, int Tipo,

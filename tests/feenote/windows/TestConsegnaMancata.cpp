@@ -4,11 +4,16 @@
 #include "stampa.h"
 #include "supporto/guasti.h"
 
+#include "platform/preview/stampante.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/percorsi.h"
 
 #include <QDir>
+#include <QPageLayout>
+#include <QPageSize>
 #include <QPlainTextEdit>
+#include <QPrinter>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 
 #include <array>
@@ -51,6 +56,8 @@ private Q_SLOTS:
     void unAltroDocumentoNonLaConclude();
     void lEditorNonApreIlDocumentoDiPrima();
     void lEditorTornaAlDocumentoAperto();
+    void lEditorTornaAlDocumentoStampatoSuAltraCarta_data();
+    void lEditorTornaAlDocumentoStampatoSuAltraCarta();
     void lEditorNonApreQuelloDiUnOmonima_data();
     void lEditorNonApreQuelloDiUnOmonima();
     void lEditorNonApreQuelloDiUnAltroProgramma();
@@ -294,6 +301,63 @@ void TestConsegnaMancata::lEditorTornaAlDocumentoAperto()
     T->Voce.Attendi(GiaAperto(File), vbOK, u"Errore:"_s);
     Premuto("barPrint_wp");
     QCOMPARE(Esportato(), QByteArray("scritto a mano"));
+}
+
+void TestConsegnaMancata::lEditorTornaAlDocumentoStampatoSuAltraCarta_data()
+{
+    QTest::addColumn<int>("Formato");
+    QTest::addColumn<bool>("Girata");
+    QTest::addColumn<bool>("UnaPagina");
+
+    QTest::newRow("the same paper") << int(QPageSize::A4) << false << false;
+    QTest::newRow("another paper") << int(QPageSize::Letter) << false << false;
+    QTest::newRow("turned") << int(QPageSize::A4) << true << false;
+    QTest::newRow("on one page, which is tighter") << int(QPageSize::A5) << false << true;
+}
+
+/// What was written in the editor stays there; a file that nobody has written in gets the paper in use.
+void TestConsegnaMancata::lEditorTornaAlDocumentoStampatoSuAltraCarta()
+{
+    QFETCH(int, Formato);
+    QFETCH(bool, Girata);
+    QFETCH(bool, UnaPagina);
+    const QScopedValueRollback Rimetti(sessione::WP, u"/opt/manca/editor"_s);
+    const Stampanti Altre =
+        InstallaStampanti({[] { return QStringList{u"Ufficio"_s}; }, [](const QPrinter&) { return true; }});
+    const auto RimettiStampanti = qScopeGuard([&] { InstallaStampanti(Altre); });
+    if (UnaPagina) {
+        constexpr int Righe = 18;  // more than one page of the smaller paper
+        Riempi(Righe);
+        F->Nota.UnaPagina = true;
+    }
+    Documento(StampaPrenotula);
+    const QString File = FileDocumento(1);
+    const QByteArray Prima = Esportato();
+    QVERIFY(!Prima.isEmpty());
+    T->Voce.ScegliStampante = [&](QPrinter& Scelta) {
+        Scelta.setOutputFileName(T->Ufficio.File(u"stampato.pdf"_s));
+        Scelta.setPageSize(QPageSize(QPageSize::PageSizeId(Formato)));
+        Scelta.setPageOrientation(Girata ? QPageLayout::Landscape : QPageLayout::Portrait);
+        return true;
+    };
+    Premuto("barPrint_print");
+    QCOMPARE(vp->CartaInUso() == Carta(), Formato == QPageSize::A4 && !Girata);
+
+    ScriviFile(File, "{\\rtf1 scritto a mano}");
+    T->Voce.Sparecchia();
+    T->Voce.Attendi(NonParte, vbOK, u"Errore!"_s);
+    Premuto("barPrint_wp");
+    QCOMPARE(Esportato(), QByteArray("{\\rtf1 scritto a mano}"));
+    ScriviFile(File, Prima);
+    T->Voce.Attendi(NonParte, vbOK, u"Errore!"_s);
+    Premuto("barPrint_wp");
+    QCOMPARE(Esportato() == Prima, vp->CartaInUso() == Carta());
+    // Another document is another one on any paper.
+    ScriviFile(File, "{\\rtf1 scritto a mano}");
+    CambiaOggetto();
+    T->Voce.Attendi(NonParte, vbOK, u"Errore!"_s);
+    Premuto("barPrint_wp");
+    QVERIFY(Esportato().contains("Altro oggetto"));
 }
 
 void TestConsegnaMancata::lEditorNonApreQuelloDiUnOmonima_data()
