@@ -49,9 +49,10 @@ public:
     void ConcludiInvii();
     /// What follows a save: the document, seen or not, and the companion application.
     void DopoSalvataggio();
-    /// The last save could not hand the invoice to the companion: the next one tries again, though the note
-    /// was not changed since.
+    /// A save could not hand the invoice to the companion.
     [[nodiscard]] bool DaConsegnare() const { return NonConsegnata; }
+    /// The next save tries again, though the note was not changed since: the document chosen is an invoice.
+    [[nodiscard]] bool RiprovaConsegna() const;
     /// The panel of the electronic invoice in the place of the page, or the page again. Nothing for a
     /// document that is no invoice.
     void MostraFattura(bool Si);

@@ -210,6 +210,11 @@ void SchedaStampa::Consegna(const std::optional<Errore>& Guasto)
                 : *Guasto);
 }
 
+bool SchedaStampa::RiprovaConsegna() const
+{
+    return NonConsegnata && TipoDi(Nota.cmbTipoStampa).EFattura;
+}
+
 void SchedaStampa::StampaParcella()
 {
     VistaStampa* vp = ui->vp;

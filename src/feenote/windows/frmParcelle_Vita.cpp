@@ -285,14 +285,19 @@ bool frmParcelle::SalvaConNome()
 
 bool frmParcelle::DettoSalvata()
 {
-    if (Nota.Modificata || Stampa->DaConsegnare())
+    if (Nota.Modificata || Stampa->RiprovaConsegna())
         return false;
     QString Detto = u"Niente da salvare"_s;
     if (!Nota.Percorso.isEmpty() && !NellaCartellaModelli(Nota.Percorso)) {
         const ImprontaNota Ora = ImprontaDi(Nota.Percorso);
         if (Ora == ImprontaNota())
             return false;
-        Detto = ImprontaMia == Ora ? u"Già salvata"_s : u"Il file è stato cambiato da altri"_s;
+        if (ImprontaMia != Ora)
+            Detto = u"Il file è stato cambiato da altri"_s;
+        else if (Stampa->DaConsegnare())
+            Detto = u"Già salvata; scegliere la fattura per consegnarla"_s;
+        else
+            Detto = u"Già salvata"_s;
     }
     ui->lblSalvata->Mostra(Detto);
     return true;
@@ -418,10 +423,16 @@ bool frmParcelle::LasciaConsegna()
     if (!Stampa->DaConsegnare())
         return true;
     PortaDavanti(Posto);
-    return InDialogo([this] {
-               return MsgBox(Titolo() +
-                                 u"\nLa fattura non è stata consegnata a Praxivo.\nChiudere ugualmente?"_s,
-                             vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString());
+    // The save of another document hands nothing over.
+    const QString Come =
+        Stampa->RiprovaConsegna()
+            ? QString()
+            : u": per consegnarla occorre sceglierla come documento e salvare di nuovo la parcella"_s;
+    return InDialogo([&] {
+               return MsgBox(
+                   u"%1\nLa fattura non è stata consegnata a Praxivo%2.\nChiudere ugualmente?"_s.arg(Titolo(),
+                                                                                                     Come),
+                   vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString());
            }) == vbYes;
 }
 

@@ -1,6 +1,7 @@
 // An invoice that a save could not hand to the companion, and a document that could not be brought up to date
 // for the editor.
 #include "compagna/archivio.h"
+#include "feenote/file/improntanota.h"
 #include "stampa.h"
 #include "supporto/guasti.h"
 
@@ -233,10 +234,19 @@ void TestConsegnaMancata::unAltroDocumentoNonLaConclude()
 
     Documento(Tipo);
     T->Voce.Sparecchia();
+    // Nothing has changed, and the save of this document would hand nothing over.
+    const auto* Riga = Controllo<QLabel>(F, "lblSalvata");
+    const ImprontaNota Salvata = ImprontaDi(F->Nota.Percorso);
+    constexpr int UnAttimo = 30;
+    QTest::qWait(UnAttimo);
     QVERIFY(F->SalvaSulPosto());
+    QVERIFY2(ImprontaDi(F->Nota.Percorso) == Salvata, "an unchanged note was written");
+    QCOMPARE(Riga->text(), u"Già salvata; scegliere la fattura per consegnarla"_s);
     QCOMPARE(T->Voce.Mostrati().size(), 0);
-    T->Voce.Attendi(u"p12-uno\nLa fattura non è stata consegnata a Praxivo.\nChiudere ugualmente?"_s, vbNo,
-                    u"Domanda:"_s);
+    T->Voce.Attendi(
+        u"p12-uno\nLa fattura non è stata consegnata a Praxivo: per consegnarla occorre sceglierla "
+        u"come documento e salvare di nuovo la parcella.\nChiudere ugualmente?"_s,
+        vbNo, u"Domanda:"_s);
     QVERIFY(!ChiudiParcella(1));
     QCOMPARE(T->Voce.Mostrati().size(), 1);
 
