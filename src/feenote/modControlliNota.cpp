@@ -139,10 +139,13 @@ void RaccoltaRilievi::Parti()
 
 /// Who empties the box lets the counterparty go: one that is linked has lost its name. The archive has none
 /// for notes, or could not be read when a new note was saved. One that the archive has still to name is no
-/// matter yet.
+/// matter yet. A document without the parties' head prints the user's own words, whatever the box says.
 void RaccoltaRilievi::Controparte()
 {
-    if (Documento.Parti && Nota.IDCon > 0 && !Nota.NomiAttesi && Nota.txtControp.Testo.trimmed().isEmpty())
+    const bool ConNome =
+        !Nota.txtControp.Testo.trimmed().isEmpty() ||
+        (Documento.Persona != FormaBlocco::Testata && !Nota.txtDatiStaControp.Testo.trimmed().isEmpty());
+    if (Documento.Parti && Nota.IDCon > 0 && !Nota.NomiAttesi && !ConNome)
         Avvisa(GenereRilievo::ControparteSenzaNome, LuogoRilievo::Controparte,
                u"La controparte non ha un nome"_s);
 }

@@ -21,6 +21,8 @@ private Q_SLOTS:
     void dataDellaPrenotula();
     void senzaCliente_data();
     void senzaCliente();
+    void controparteSenzaNome_data();
+    void controparteSenzaNome();
     void codiciDellaScheda_data();
     void codiciDellaScheda();
     void codiciDelBlocco_data();
@@ -168,6 +170,41 @@ void TestControlliDocumento::senzaCliente()
     QCOMPARE(Esito.Frasi, Frase.isEmpty() ? QStringList() : QStringList{Frase});
     if (!Frase.isEmpty())
         QCOMPARE(int(Esito.Tutti.first().Luogo), Luogo);
+}
+
+void TestControlliDocumento::controparteSenzaNome_data()
+{
+    QTest::addColumn<int>("Tipo");
+    QTest::addColumn<bool>("Stampata");  // its name stands on the page without the box of the base tab
+    QTest::addColumn<bool>("Detta");
+    const QSet<int> Testate{StampaPrenotula, StampaPreventivo, StampaFatturaSintetica,
+                            StampaFatturaAnalitica};
+    for (int Tipo = 0; Tipo < int(TipiDocumento.size()); ++Tipo) {
+        const QByteArray Nome = TipoDi(Tipo).Nome.toUtf8();
+        QTest::addRow("%s, senza", Nome.constData()) << Tipo << false << TipoDi(Tipo).Parti;
+        QTest::addRow("%s, in stampa", Nome.constData()) << Tipo << true << Testate.contains(Tipo);
+    }
+}
+
+/// The head of the page says him only where the box of the base tab does; the court's note, the contract and
+/// the statement of information print what was typed for them.
+void TestControlliDocumento::controparteSenzaNome()
+{
+    QFETCH(const int, Tipo);
+    QFETCH(const bool, Stampata);
+    QFETCH(const bool, Detta);
+    Parcella Nota = FatturaInRegola();
+    ScegliTipoStampa(Nota, Tipo);
+    Nota.IDCon = 3;
+    Nota.txtControp.Testo = u" "_s;
+    Nota.txtDatiStaControp.Testo = Stampata ? u"Neri Carlo"_s : u" "_s;
+    QCOMPARE(Guarda(Nota).Generi.contains(ControparteSenzaNome), Detta);
+    // One that is not linked has no name to lose, and none is missed while the archive has still to say it.
+    Nota.NomiAttesi = NomiTenuti();
+    QVERIFY(!Guarda(Nota).Generi.contains(ControparteSenzaNome));
+    Nota.NomiAttesi.reset();
+    Nota.IDCon = 0;
+    QVERIFY(!Guarda(Nota).Generi.contains(ControparteSenzaNome));
 }
 
 void TestControlliDocumento::codiciDellaScheda_data()
