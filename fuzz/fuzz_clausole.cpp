@@ -21,9 +21,10 @@ void Prova(const QByteArray& Dati)
     Pretendi(Lette.Esito != EsitoClausole::Mancano && Lette.Esito != EsitoClausole::Illeggibili);
     Pretendi(Lette.Testo.size() <= MassimoTesto);
     if (Lette.Testo.isEmpty()) {
-        Pretendi(Lette.Esito != EsitoClausole::Lette && Lette.Esito != EsitoClausole::Tronche);
+        Pretendi(Lette.Esito != EsitoClausole::Lette);
         return;
     }
+    Pretendi(Lette.Esito == EsitoClausole::Lette);
     Superficie Doc;
     Doc.StartDoc();
     Doc.Paragraph(Lette.Testo);

@@ -2,7 +2,7 @@
 
 #include "core/modErrori.h"
 #include "core/sessione.h"
-#include "platform/base/errore.h"
+#include "platform/base/numerierrore.h"
 #include "platform/base/paginacodice.h"
 #include "platform/document/lettorertf.h"
 #include "platform/document/setacciortf.h"
@@ -11,7 +11,7 @@
 #include "platform/system/percorsi.h"
 #include "print/modTestata.h"
 
-#include <QHash>
+#include <QFileInfo>
 #include <QSet>
 #include <QStringDecoder>
 
@@ -75,10 +75,14 @@ Clausole Leggi(const QString& Percorso)
         return {EsitoClausole::NonTesto, {}};
     if (Letti.size() > MassimoTesto)
         return {EsitoClausole::Troppe, {}};
-    const QString Testo = Rtf ? DaCp1252(Letti) : TestoSemplice(Letti);
-    if (SoloBianchi(Letti) || (Rtf && Letti.size() <= MassimoSenzaTesto && SenzaParole(Testo)))
+    if (SoloBianchi(Letti))
         return {EsitoClausole::Vuote, {}};
-    return {Rtf && !Setaccio.Finito() ? EsitoClausole::Tronche : EsitoClausole::Lette, Testo};
+    if (Rtf && !Setaccio.Finito())
+        return {EsitoClausole::Tronche, {}};
+    const QString Testo = Rtf ? DaCp1252(Letti) : TestoSemplice(Letti);
+    if (Rtf && Letti.size() <= MassimoSenzaTesto && SenzaParole(Testo))
+        return {EsitoClausole::SenzaParole, {}};
+    return {EsitoClausole::Lette, Testo};
 }
 
 // ---- where the files stand
@@ -97,6 +101,7 @@ QString FileFornito(const QString& Nome)
 
 // ---- what the user is shown
 
+/// Why nothing of a file can be printed; empty for one that can, or that is not there.
 QString Ragione(EsitoClausole Esito)
 {
     switch (Esito) {
@@ -112,17 +117,16 @@ QString Ragione(EsitoClausole Esito)
         return u"il file è troncato"_s;
     case EsitoClausole::Lette:
     case EsitoClausole::Mancano:
+    case EsitoClausole::SenzaParole:
         break;
     }
     return {};
 }
 
-/// Files whose clauses were not printed whole, by what the user is to know, and those that he was shown
-/// already.
+/// Files without a word, and those of them that the user was shown already.
 struct Avvisi
 {
-    QHash<QString, QString> DaMostrare;
-    QSet<QString> Mostrati;
+    QSet<QString> DaMostrare, Mostrati;
 };
 
 Avvisi& AvvisiClausole()
@@ -134,15 +138,10 @@ Avvisi& AvvisiClausole()
 void Registra(const QString& Nome, EsitoClausole Esito)
 {
     Avvisi& Tutti = AvvisiClausole();
-    const QString Perche = Ragione(Esito);
-    if (Perche.isEmpty())
+    if (Esito != EsitoClausole::SenzaParole)
         Tutti.Mostrati.remove(Nome);
     else if (!Tutti.Mostrati.contains(Nome))
-        Tutti.DaMostrare.insert(Nome, u"Attenzione, le clausole di "_s + Nome +
-                                          (Esito == EsitoClausole::Tronche
-                                               ? u" sono state stampate solo in parte: "_s
-                                               : u" non sono state stampate: "_s) +
-                                          Perche + u'.');
+        Tutti.DaMostrare.insert(Nome);
 }
 
 }  // namespace
@@ -168,7 +167,8 @@ QString NomeClausole(int Tipo, const Parcella& Nota)
 QString FileClausole(const QString& Nome)
 {
     QString Propria = FileProprio(Nome);
-    return EsisteFile(Propria) ? Propria : FileFornito(Nome);
+    // Whatever stands in its place, the delivered text is not the office's.
+    return !Propria.isEmpty() && QFileInfo::exists(Propria) ? Propria : FileFornito(Nome);
 }
 
 QString ClausoleDaModificare(const QString& Nome)
@@ -188,8 +188,14 @@ QString ClausoleDaModificare(const QString& Nome)
 void StampaClausole(Superficie& vp, const Parcella& Nota, int Tipo)
 {
     const QString Nome = NomeClausole(Tipo, Nota);
-    const Clausole Lette = LeggiClausole(FileClausole(Nome));
+    const QString File = FileClausole(Nome);
+    const Clausole Lette = LeggiClausole(File);
     Registra(Nome, Lette.Esito);
+    if (const QString Perche = Ragione(Lette.Esito); !Perche.isEmpty())
+        throw ClausoleGuaste(
+            Lette.Esito == EsitoClausole::Illeggibili ? errori::Accesso : errori::FileRifiutato,
+            u"Il documento non si compone: le clausole di %1 non si possono stampare, %2: %3"_s.arg(
+                Nome, Perche, File));
     if (Lette.Testo.isEmpty())
         return;
     vp.Paragraph(Lette.Testo);
@@ -199,9 +205,9 @@ void StampaClausole(Superficie& vp, const Parcella& Nota, int Tipo)
 void AvvisaClausole()
 {
     Avvisi& Tutti = AvvisiClausole();
-    const QHash<QString, QString> Nuovi = std::exchange(Tutti.DaMostrare, {});
-    for (const auto& [Nome, Frase] : Nuovi.asKeyValueRange()) {
+    for (const QString& Nome : std::exchange(Tutti.DaMostrare, {})) {
         Tutti.Mostrati.insert(Nome);
-        MsgErrore(Frase);
+        MsgErrore(u"Attenzione, le clausole di %1 non sono state stampate: il file non contiene testo."_s.arg(
+            Nome));
     }
 }

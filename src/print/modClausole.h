@@ -2,6 +2,7 @@
 #pragma once
 
 #include "feenote/parcella.h"
+#include "platform/base/errore.h"
 #include "platform/document/superficie.h"
 
 #include <QString>
@@ -9,12 +10,13 @@
 /// Most text that a document takes from a file, in bytes; pictures in it do not count.
 constexpr qint64 MassimoTesto = qint64(8) << 20;
 
-/// Why the clauses of a file are not printed, or not all of them.
+/// How the clauses of a file were read.
 enum class EsitoClausole {
     Lette,
     Mancano,      ///< no file
-    Vuote,        ///< a file without a word
-    Tronche,      ///< they are printed as far as the file goes, which breaks off
+    SenzaParole,  ///< rich text without a word, as a word processor saves an empty page
+    Vuote,        ///< no byte, or blanks alone
+    Tronche,      ///< the file breaks off
     Illeggibili,  ///< it cannot be opened
     Troppe,       ///< more text than MassimoTesto
     NonTesto,     ///< a document of another kind, or a damaged one
@@ -42,12 +44,19 @@ struct Clausole
 /// @throws Errore 53 neither is there, 75 or 61 when it cannot be written
 [[nodiscard]] QString ClausoleDaModificare(const QString& Nome);
 
+/// A file of clauses that is there and cannot be printed whole: the document is not composed, since nobody
+/// who signs it could see what it lacks. The description names the file and the reason.
+struct ClausoleGuaste : Errore
+{
+    using Errore::Errore;
+};
+
 /// Appends the clauses of a document for the note's kind of client and a blank row; nothing where there are
 /// none.
 /// @param Tipo StampaContratto or StampaInformativa
+/// @throws ClausoleGuaste 75 the file cannot be read, 321 it is no whole text
 void StampaClausole(Superficie& vp, const Parcella& Nota, int Tipo);
 
-/// Shows the user which files' clauses were not printed since the last call, or not to their end, and why. A
-/// file that was shown is not shown again until its clauses have been printed whole; a missing file is
-/// nothing to be shown.
+/// Shows the user which files without a word documents were composed with since the last call. A file that
+/// was shown is not shown again until its clauses have been printed; a missing file is nothing to be shown.
 void AvvisaClausole();

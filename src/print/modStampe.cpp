@@ -98,7 +98,14 @@ bool Anteprima(Superficie& vp, const Parcella& Nota, int Tipo)
         const DocumentoAperto Bianco(vp);
         throw Errore(Nota.ArchivioNonLetto->Numero, Nota.ArchivioNonLetto->Descrizione);
     }
-    const bool Composto = ComponiDocumento(vp, Nota, Tipo);
+    const bool Composto = [&] {
+        try {
+            return ComponiDocumento(vp, Nota, Tipo);
+        } catch (const ClausoleGuaste&) {
+            const DocumentoAperto Bianco(vp);  // nor is the half shown that the clauses would follow
+            throw;
+        }
+    }();
     AvvisaLogo();
     AvvisaClausole();  // a message may bring the next composition, and this one has ended
     return Composto;

@@ -4,6 +4,7 @@
 #include "core/comandi.h"
 #include "core/modErrori.h"
 #include "core/posti.h"
+#include "core/rapportiunici.h"
 #include "core/sessione.h"
 #include "feenote/companion/modPV2.h"
 #include "feenote/modDatiStampa.h"
@@ -40,12 +41,6 @@ bool HaEditor()
     return !sessione::WP.isEmpty() && sessione::WP != u"-1";
 }
 
-/// Number of the failure that the user knows of; 0: none.
-int GiaDetto(const Parcella& Nota)
-{
-    return Nota.ArchivioNonLetto ? Nota.ArchivioNonLetto->Numero : 0;
-}
-
 }  // namespace
 
 void SchedaStampa::CollegaAnteprima()
@@ -77,6 +72,7 @@ void SchedaStampa::NuovaNota()
     ui->vp->Svuota();
     ui->lblUnaPagina->hide();
     ClausoleComposte.clear();
+    ClausoleRifiutate.reset();
     NonConsegnata = false;
     ui->cmdFatturaXml->setChecked(false);
     Elettronica->NuovaNota();
@@ -103,22 +99,39 @@ bool SchedaStampa::RileggiArchivio()
 
 bool SchedaStampa::SiCompone()
 {
-    if (!AspettaArchivio(Nota))
-        return true;
-    if (!RileggiArchivio()) {
+    const RapportiUnici UnaVolta;
+    Cornice.ComponiInAttesa();
+    const bool Aspettava = AspettaArchivio(Nota);
+    if (Aspettava && !RileggiArchivio()) {
         GestioneErrori(Errore(Nota.ArchivioNonLetto->Numero, Nota.ArchivioNonLetto->Descrizione));
         return false;
     }
-    Ricomponi();
+    if (Nota.cmbTipoStampa == NessunaVoce || (!Aspettava && !ClausoleRifiutate))
+        return true;
+    if (const std::optional<Errore> Guasto = Composta(false)) {
+        GestioneErrori(*Guasto);
+        return false;
+    }
     return true;
+}
+
+void SchedaStampa::Riferisci(const Errore& Guasto, const std::optional<Errore>& Prima) const
+{
+    const bool Archivio = Nota.ArchivioNonLetto && Guasto.Numero == Nota.ArchivioNonLetto->Numero;
+    const bool Clausole = Prima && ClausoleRifiutate && Guasto.Descrizione == Prima->Descrizione;
+    if (!Archivio && !Clausole)
+        GestioneErrori(Guasto);
 }
 
 void SchedaStampa::Ricomponi()
 {
     // A file that cannot be written is no message here: the page on view is whole. An archive that cannot be
     // read was told when it was asked, and stands in the page's margin.
-    if (Nota.cmbTipoStampa != NessunaVoce)
-        Protetta([this] { (void)Componi(); }, GiaDetto(Nota));
+    if (Nota.cmbTipoStampa == NessunaVoce)
+        return;
+    const std::optional<Errore> Prima = ClausoleRifiutate;
+    if (const std::optional<Errore> Guasto = Composta(false))
+        Riferisci(*Guasto, Prima);
 }
 
 QString SchedaStampa::StatoClausole() const
@@ -159,10 +172,16 @@ std::optional<Errore> SchedaStampa::Componi(bool Invio)
     if (TogliIbanAssente(Nota))
         mostra::Segno(ui->chkIBAN, Nota.chkIBAN);
     const auto Cartella = Invio ? std::optional(CartellaCompagna()) : std::nullopt;
-    auto Esito = AnteprimaConEsportazione(vp->Foglio(), Nota, Nota.cmbTipoStampa,
-                                          SteloDocumento(Cornice.Indice()), Cartella, vp->CartaInUso());
-    MemorizzaUltimaStampa(Nota);
-    return Esito;
+    ClausoleRifiutate.reset();
+    try {
+        auto Esito = AnteprimaConEsportazione(vp->Foglio(), Nota, Nota.cmbTipoStampa,
+                                              SteloDocumento(Cornice.Indice()), Cartella, vp->CartaInUso());
+        MemorizzaUltimaStampa(Nota);
+        return Esito;
+    } catch (const ClausoleGuaste& Guasto) {
+        ClausoleRifiutate = Guasto;
+        throw;
+    }
 }
 
 void SchedaStampa::DopoSalvataggio()
@@ -171,13 +190,14 @@ void SchedaStampa::DopoSalvataggio()
         const bool Compagna = !sessione::RichiestaPV2.ID.isEmpty();
         if (Compagna)
             (void)RileggiArchivio();
+        const std::optional<Errore> Prima = ClausoleRifiutate;
         std::optional<Errore> Guasto = Composta(false);
         if (!Guasto && Compagna)
             Guasto = Composta(true);
         if (Compagna)
             Consegna(Guasto);
-        else if (Guasto && Guasto->Numero != GiaDetto(Nota))
-            GestioneErrori(*Guasto);
+        else if (Guasto)
+            Riferisci(*Guasto, Prima);
     }
     InvioMsgPV2();
 }
@@ -221,7 +241,6 @@ void SchedaStampa::StampaParcella()
     // The keys come while the button is disabled, too.
     if (!ETipoStampa(Nota.cmbTipoStampa) || Cornice.InDomanda())
         return;
-    Cornice.ComponiInAttesa();
     if (!SiCompone())
         return;
     if (Cornice.InDialogo([vp] { return PrintDialog(*vp); }) == 0)
@@ -245,7 +264,6 @@ void SchedaStampa::ApriNellEditor()
 {
     if (Cornice.InDomanda())
         return;
-    Cornice.ComponiInAttesa();
     if (!SiCompone())
         return;
     const bool Pronto = EsportazioneAllaPari(ui->vp->Foglio(), Nota, Nota.cmbTipoStampa,
@@ -258,7 +276,6 @@ void SchedaStampa::SalvaPdf()
 {
     if (Cornice.InDomanda())
         return;
-    Cornice.ComponiInAttesa();
     if (!SiCompone())
         return;
     const QString File = Cornice.InDialogo([this] {
@@ -278,9 +295,12 @@ void SchedaStampa::ImpostaAvviso(const QString& Testo)
 
 void SchedaStampa::MostraAvviso()
 {
-    ui->vp->ImpostaAvviso(Nota.ArchivioNonLetto
-                              ? u"L'archivio dei clienti non si legge: il documento non si compone"_s
-                              : Avviso);
+    QString Margine = Avviso;
+    if (Nota.ArchivioNonLetto)
+        Margine = u"L'archivio dei clienti non si legge: il documento non si compone"_s;
+    else if (ClausoleRifiutate)
+        Margine = u"Le clausole non si possono stampare: il documento non si compone"_s;
+    ui->vp->ImpostaAvviso(Margine);
 }
 
 void SchedaStampa::MostraAnteprima()

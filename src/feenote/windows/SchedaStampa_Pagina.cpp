@@ -76,7 +76,6 @@ void SchedaStampa::Invia()
 {
     if (Cornice.InDomanda())
         return;
-    Cornice.ComponiInAttesa();
     if (!SiCompone())
         return;
     const auto Scrivi = [this](const QString& File, const QString& Titolo) {

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void nonSiPossonoFare_data();
     void nonSiPossonoFare();
     void tornandoSiVedono();
+    void guasteNullaEsce();
 
 private:
     [[nodiscard]] static QString Propria(const QString& Nome)
@@ -177,6 +178,59 @@ void TestClausoleProprie::tornandoSiVedono()
     QVERIFY(VieneDavanti(*F));
     Respiro();
     QVERIFY(!Composto());
+}
+
+/// Told once, then by the margin, and by whatever would let the document out; well again, all goes on.
+void TestClausoleProprie::guasteNullaEsce()
+{
+    sessione::WP = u"editor"_s;
+    Documento(StampaContratto);
+    Premuto("cmdClausole");
+    Aperti.clear();
+    const QString File = Propria(u"ContrattoPersonaFisica.rtf"_s);
+    const QByteArray Sane = LeggiFile(File);
+    const QByteArray Uscito = Esportato();
+    ScriviFile(File, Sane.first(Sane.size() / 2));
+    Registratore& Voce = T->Voce;
+    Voce.Tollera();
+    const auto UnaSola = [&] {
+        const bool Una =
+            Voce.Mostrati().size() == 1 &&
+            Voce.UltimoTesto() == u"Errore: Il documento non si compone: le clausole di "
+                                  u"ContrattoPersonaFisica.rtf non si possono stampare, il file è "
+                                  u"troncato: %1 (%2)"_s.arg(File)
+                                      .arg(errori::FileRifiutato);
+        Voce.Sparecchia();
+        return Una;
+    };
+    const auto TornaAllaStampa = [&] {
+        ClicScheda(F, SchedaBase);
+        ClicScheda(F, SchedaDiStampa);
+    };
+    TornaAllaStampa();
+    QVERIFY2(UnaSola(), "the page");
+    QVERIFY(!Stampato(u"Contratto di affidamento"_s));
+    QCOMPARE(vp->Avviso(), u"Le clausole non si possono stampare: il documento non si compone"_s);
+    TornaAllaStampa();
+    QCOMPARE(Voce.Mostrati().size(), 0);
+    // No answer is laid out for the dialogs of printer and file: one that came up would fail the test.
+    for (const char* Tasto :
+         {"barPrint_print", "barPrint_pdf", "barPrint_invia", "barPrint_word", "barPrint_wp"}) {
+        Premuto(Tasto);
+        QVERIFY2(UnaSola(), Tasto);
+    }
+    QCOMPARE(Aperti, QStringList());
+    QCOMPARE(Esportato(), Uscito);
+    // Another document goes out, and this one once its clauses are whole.
+    Documento(StampaPrenotula);
+    QCOMPARE(vp->Avviso(), QString());
+    Documento(StampaContratto);
+    QVERIFY2(UnaSola(), "chosen again");
+    ScriviFile(File, Sane);
+    TornaAllaStampa();
+    QVERIFY(Stampato(u"Art. 3"_s));
+    QCOMPARE(vp->Avviso(), QString());
+    QCOMPARE(Voce.Mostrati().size(), 0);
 }
 
 #include "TestClausoleProprie.moc"
