@@ -103,7 +103,8 @@ void Muta(const std::function<bool(QList<NotaRecente>& Note)>& Fai, bool Chiesto
     if (const QString Frase = Chiesto ? FraseImpostazioniGuaste() : QString(); !Frase.isEmpty())
         throw Errore(errori::Accesso, Frase);
     const QString Ora = Chiesto ? ImpostazioneSicura(ChiaveRecenti) : Impostazione(ChiaveRecenti);
-    if (Dopo(Ora) != Ora)
+    // A damaged store refuses whatever can be read of it.
+    if (Dopo(Ora) != Ora || !FraseImpostazioniGuaste().isEmpty())
         (Chiesto ? MutaImpostazione : RicordaMutata)(ChiaveRecenti, Dopo);
 }
 

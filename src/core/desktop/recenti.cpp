@@ -1,6 +1,7 @@
 #include "core/desktop/recenti.h"
 
 #include "core/aperture.h"
+#include "core/parametri.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/kit/collega.h"
@@ -105,7 +106,9 @@ void ApriRecente(const NotaRecente& Nota)
             Rifiuto = u'\n' + Guasto.Descrizione;
         }
         const QList<NotaRecente> Ora = NoteRecenti();
-        const bool Resta = std::ranges::find(Ora, Nota.Percorso, &NotaRecente::Percorso) != Ora.end();
+        // Damaged settings may look empty, and give the name back with the rest.
+        const bool Resta = !FraseImpostazioniGuaste().isEmpty() ||
+                           std::ranges::find(Ora, Nota.Percorso, &NotaRecente::Percorso) != Ora.end();
         MsgBox(u"La parcella %1 non si trova più nella cartella %2"_s.arg(NomeRecente(Nota), Cartella) +
                    (Resta ? u"."_s + Rifiuto : u"\ne non compare più tra le ultime."_s),
                vbExclamation, TitoloAvvertenza.toString());

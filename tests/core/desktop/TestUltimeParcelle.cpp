@@ -8,6 +8,7 @@
 #include "core/posti.h"
 #include "platform/system/attese.h"
 #include "supporto/cartellaferma.h"
+#include "supporto/danni.h"
 
 #include <QLabel>
 #include <QListView>
@@ -232,34 +233,48 @@ void TestUltimeParcelle::laNotaSparitaLoDiceEVa()
 
 void TestUltimeParcelle::laNotaSparitaSiDiceAncheSeIlNomeResta_data()
 {
+    QTest::addColumn<int>("Come");    // Danni: the last row is cut off, the list stands above it
     QTest::addColumn<bool>("Detto");  // the damage, at the start
-    QTest::newRow("told at the start") << true;
-    QTest::newRow("damaged since") << false;
+    QTest::newRow("told at the start") << int(Danni) << true;
+    QTest::newRow("damaged since") << int(Danni) << false;
+    for (const int Come : {Svuotato, ::Cartella}) {
+        QTest::addRow("%s, told at the start", NomiDanni[size_t(Come)]) << Come << true;
+        QTest::addRow("%s since", NomiDanni[size_t(Come)]) << Come << false;
+    }
 }
 
 /// Damaged settings keep the name; why the note does not open is told all the same, each time, and in one
 /// sentence with the damage that nobody has told yet.
 void TestUltimeParcelle::laNotaSparitaSiDiceAncheSeIlNomeResta()
 {
+    QFETCH(int, Come);
     QFETCH(bool, Detto);
     Registratore Box;
     QVERIFY(QFile::remove(Scritta(u"b"_s)));
+    const NotaRecente Nota = NoteRecenti().constFirst();
     Apri();
     const QString File = Scena::FileImpostazioni();
     const QByteArray Intero = LeggiFile(File);
-    ScriviFile(File, Intero.first(Intero.lastIndexOf('\n', Intero.size() - 2) + 1));
+    if (Come == Danni)
+        ScriviFile(File, Intero.first(Intero.lastIndexOf('\n', Intero.size() - 2) + 1));
+    else
+        Rovina(File, Come);
     const QString Guasto = FraseImpostazioniGuaste();
     QVERIFY(!Guasto.isEmpty());
     if (Detto)
         ImpostazioniGuasteDette();
-    QCOMPARE(NoteRecenti().size(), 1);
+    QCOMPARE(NoteRecenti().size(), Come == Danni ? 1 : 0);
     const QString Sparita =
         u"La parcella b non si trova più nella cartella %1."_s.arg(PercorsoNativo(Cartella));
     for (int Volta = 1; Volta <= 2; ++Volta) {
         Box.Attendi(Detto || Volta == 2 ? Sparita : Sparita + u'\n' + Guasto, vbOK, u"Avvertenza:"_s);
-        ApriRecente(NoteRecenti().constFirst());
+        ApriRecente(Nota);
         QCOMPARE(Box.Mostrati().size(), Volta);
     }
+    // It is back with the settings.
+    if (Come == ::Cartella)
+        QVERIFY(QDir().rmdir(File));
+    ScriviFile(File, Intero);
     QCOMPARE(NoteRecenti().size(), 1);
 }
 
