@@ -1,12 +1,11 @@
 // What goes out: documents, lists, terms, the electronic invoice with its number and its mark.
 #include "guasti/fatturabile.h"
+#include "uccisioni/fatture.h"
 #include "uccisioni/imprese.h"
 
-#include "feenote/einvoice/controlli.h"
 #include "feenote/file/file_prova.h"
 #include "platform/base/errore.h"
 #include "platform/system/file.h"
-#include "platform/system/orologio.h"
 
 #include <QDir>
 #include <QFile>
@@ -133,34 +132,20 @@ QString Spedite(const QString& In)
     return In.chopped(1) + u"-spedite/"_s;
 }
 
-/// The number that a file bears; empty for none.
-QString Progressivo(const QByteArray& Xml)
+int Contatore(const QString& In)
 {
-    static const QRegularExpression Forma(u"<ProgressivoInvio>([0-9A-Z]{5})<"_s);
-    return Forma.match(QString::fromLatin1(Xml)).captured(1);
+    return fatture::Contatore(In + u"Calcanova/KR5.ini"_s);
 }
 
 QString Segnata(const QString& In)
 {
-    Parcella Letta;
-    ApplicaMemoria(Letta, MemoriaDi(In + u"n.mdb"_s));
-    return Letta.FatturaXml.File;
-}
-
-int Contatore(const QString& In)
-{
-    static const QRegularExpression Forma(u"^progtrasm=\"?(\\d+)"_s,
-                                          QRegularExpression::MultilineOption |
-                                              QRegularExpression::CaseInsensitiveOption);
-    const auto Trovato = Forma.match(QString::fromUtf8(Contenuto(In + u"Calcanova/KR5.ini"_s)));
-    return Trovato.hasMatch() ? Trovato.captured(1).toInt() : -1;
+    return fatture::Segnata(In + u"n.mdb"_s);
 }
 
 /// A file is whole, its note knows it, and its number is nobody else's; a number that was taken is behind the
 /// counter for good.
 QString DifettoFattura(const QString& In)
 {
-    constexpr int Base = 36;
     const int Preso = Contatore(In);
     if (Preso < 0 || !Contenuto(In + u"Calcanova/KR5.ini"_s).contains("Via della Prova"))
         return u"impostazioni perdute"_s;
@@ -168,14 +153,10 @@ QString DifettoFattura(const QString& In)
     if (!EsisteFile(In + u"f.xml"_s))
         return {};
     const QByteArray Xml = Contenuto(In + u"f.xml"_s);
-    const QString Suo = Progressivo(Xml);
-    if (!ControllaFattura(Xml, {}, Oggi()).isEmpty() || Suo.isEmpty())
-        return u"fattura a metà"_s;
-    if (!Nome.endsWith(u'_' + Suo + u".xml"_s))
-        return u"la parcella dice «%1» della %2"_s.arg(Nome, Suo);
-    if (EsisteFile(Spedite(In) + Suo))
-        return u"due volte il numero "_s + Suo;
-    return Suo.toInt(nullptr, Base) > Preso ? u"numero %1 non preso"_s.arg(Suo) : QString();
+    if (const QString Difetto = fatture::Difetto(Xml, {Nome}, Preso); !Difetto.isEmpty())
+        return Difetto;
+    const QString Suo = fatture::Progressivo(Xml);
+    return EsisteFile(Spedite(In) + Suo) ? u"due volte il numero "_s + Suo : QString();
 }
 
 /// What was written is sent; of a note that was marked and whose file is missing the user takes the mark
@@ -184,7 +165,7 @@ void Spedisci(const QString& In)
 {
     QDir().mkpath(Spedite(In));
     if (EsisteFile(In + u"f.xml"_s))
-        QFile::rename(In + u"f.xml"_s, Spedite(In) + Progressivo(Contenuto(In + u"f.xml"_s)));
+        QFile::rename(In + u"f.xml"_s, Spedite(In) + fatture::Progressivo(Contenuto(In + u"f.xml"_s)));
     if (!Segnata(In).isEmpty())
         Posa(In + u"n.mdb"_s, fatturabile::Fatturabile().Nota);
 }

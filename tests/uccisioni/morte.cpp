@@ -4,6 +4,7 @@
 //   MORTE_SOTTO  the folder, without a separator at its end
 //   MORTE_ALLA   the call behind which the process kills itself, counted from 1; 0 never
 //   MORTE_CONTA  where the number of calls so far is kept, so that whoever asks knows how many there are
+//   MORTE_POI    set: no call counts before the program's driver has called morte_comincia
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/file.h>
@@ -27,6 +28,7 @@ constexpr int MassimiFile = 4096;
 
 std::array<std::atomic<bool>, MassimiFile> Nostri;
 std::atomic<int> Contate;
+std::atomic<bool> Attesa{std::getenv("MORTE_POI") != nullptr};
 
 const char* Sotto()
 {
@@ -76,6 +78,8 @@ void Passata()
         const char* Testo = std::getenv("MORTE_ALLA");
         return Testo ? std::atoi(Testo) : 0;
     }();
+    if (Attesa)
+        return;
     const int Errno = errno;
     const int Quante = ++Contate;
     ScriviConto(Quante);
@@ -111,6 +115,12 @@ mode_t ModoDi(int Bandiere, va_list Altri)
 
 // NOLINTBEGIN(readability-identifier-naming)
 extern "C" {
+
+/// The act begins.
+__attribute__((visibility("default"))) void morte_comincia()
+{
+    Attesa = false;
+}
 
 #define APERTURA(NOME)                                                                                       \
     int NOME(const char* Nome, int Bandiere, ...)                                                            \

@@ -1,16 +1,26 @@
 // Loaded into the real program by its environment: writes into the subject of the note on view and saves,
 // again and again, answering every message, until somebody kills the program.
 //
-//   CALCANOVA_PILOTA  the file that is told how far it is: the last number written, and the last one saved
+//   CALCANOVA_PILOTA     the file that is told how far it is: the last number written, and the last one saved
+//   CALCANOVA_PILOTA_FA  something else instead, once: "scrive", a change that is not saved; "fattura", the
+//                        electronic invoice of the note as it is; "cambia e fattura", of one with a change
+//                        that is not saved. The first number is 1 behind the change and 2 when the invoice
+//                        begins, the second 1 when it has ended, 2 where the note was known to be invoiced
+#include <QAbstractButton>
 #include <QApplication>
 #include <QFile>
 #include <QFileDialog>
 #include <QGenericPlugin>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QTest>
 #include <QTimer>
+
+#include <dlfcn.h>
 
 namespace {
 
@@ -20,7 +30,10 @@ constexpr int Ripetizioni = 40;
 class Pilota : public QObject
 {
 public:
-    explicit Pilota(const QString& DiChi) : Conto(DiChi) { Prossimo(); }
+    explicit Pilota(const QString& DiChi) : Conto(DiChi), Compito(qEnvironmentVariable("CALCANOVA_PILOTA_FA"))
+    {
+        Prossimo();
+    }
 
 private:
     /// A timer of its own for each step: one that repeats stands still while its own step waits in a dialog.
@@ -55,15 +68,22 @@ private:
             return;
         }
         DentroUnPasso = true;
-        if (DaSalvare)
+        if (!Compito.isEmpty())
+            Svolgi(*Oggetto);
+        else if (DaSalvare)
             Salva(*Oggetto);
         else
             Scrivi(*Oggetto);
         DentroUnPasso = false;
     }
 
-    static void Rispondi(QMessageBox& Box)
+    void Rispondi(QMessageBox& Box)
     {
+        if (Box.text().contains(QStringLiteral("Scriverla di nuovo"))) {
+            GiaNota = true;
+            Box.button(QMessageBox::No)->click();
+            return;
+        }
         QAbstractButton* Si = Box.button(QMessageBox::Yes);
         if (!Si)
             Si = Box.button(QMessageBox::Ok);
@@ -71,12 +91,14 @@ private:
             Si->click();
     }
 
-    static QLineEdit* InVista()
+    QLineEdit* InVista()
     {
         for (QWidget* Finestra : QApplication::topLevelWidgets())
             for (auto* Campo : Finestra->findChildren<QLineEdit*>(QStringLiteral("txtOggetto")))
-                if (Campo->isVisible() && Campo->isEnabled())
-                    return Campo;
+                if (DellaNota && Campo->window() == DellaNota->window())
+                    return Campo;  // behind another tab by now
+                else if (Campo->isVisible() && Campo->isEnabled())
+                    return DellaNota = Campo;
         return nullptr;
     }
 
@@ -90,6 +112,46 @@ private:
         QApplication::sendEvent(&Oggetto, &Tasto);
         // Some changes wait for their recovery copy, others go to the disk at once.
         DaSalvare = Scritto % 2 == 0;
+        Segna();
+    }
+
+    /// One step of what is done once.
+    void Svolgi(QLineEdit& Oggetto)
+    {
+        if (Salvato > 0)
+            return;
+        if (Scritto == 0 && Compito != QStringLiteral("fattura")) {
+            Scrivi(Oggetto);
+            return;
+        }
+        if (Compito == QStringLiteral("scrive"))
+            return;
+        auto* Schede = Oggetto.window()->findChild<QTabWidget*>(QStringLiteral("tabParcelle"));
+        auto* Pannello = Oggetto.window()->findChild<QAbstractButton*>(QStringLiteral("cmdFatturaXml"));
+        auto* Bottone = Oggetto.window()->findChild<QAbstractButton*>(QStringLiteral("cmdSalvaXml"));
+        if (!Schede || !Pannello || !Bottone)
+            qFatal("no invoice in this window");
+        if (!Pannello->isVisible()) {
+            for (int i = 0; i < Schede->count(); ++i)
+                if (Schede->widget(i)->isAncestorOf(Pannello))
+                    Schede->setCurrentIndex(i);
+        } else if (!Bottone->isVisible()) {
+            Pannello->click();
+        } else {
+            Fattura(*Bottone);
+        }
+    }
+
+    void Fattura(QAbstractButton& Bottone)
+    {
+        if (!Bottone.isEnabled())
+            qFatal("something is missing for the invoice");
+        Scritto = 2;
+        Segna();
+        if (const auto Comincia = reinterpret_cast<void (*)()>(dlsym(RTLD_DEFAULT, "morte_comincia")))
+            Comincia();
+        Bottone.click();
+        Salvato = GiaNota ? 2 : 1;
         Segna();
     }
 
@@ -114,6 +176,9 @@ private:
     }
 
     QString Conto;
+    QString Compito;
+    QPointer<QLineEdit> DellaNota;
+    bool GiaNota = false;
     int Scritto = 0;
     int Salvato = 0;
     bool DaSalvare = false;

@@ -135,6 +135,11 @@ private:
     QProcess Processo;
 };
 
+/// What a killed program may cost the next one, in milliseconds beyond what that takes by itself: a lock that
+/// nobody has signed yet is waited for, a second, and nothing else is. Three seconds, for which a save waits
+/// for a living program, are far off.
+inline constexpr qint64 MassimaAttesaMs = 2000;
+
 /// How many kills are asked for; 0 in an ordinary run, which makes a few.
 inline int UccisioniChieste()
 {

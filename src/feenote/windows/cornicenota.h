@@ -45,7 +45,8 @@ public:
     /// The same of a document that went out a while ago, with the state that it gave the note then.
     virtual void DocumentoUscitoPrima(const StatoTenuto& Stato) = 0;
     /// The file of the note's electronic invoice is about to be written, and the note says so: one that had
-    /// no changes before keeps that in its own file at once, any other is marked. Shows what has changed.
+    /// no changes before keeps that in its own file at once, any other is marked and has its recovery copy
+    /// keep it. Shows what has changed.
     /// @return true when the file has it
     virtual bool FatturaScritta(bool Intatta) = 0;
     /// That file could not be written: the note is as it was before, in its own file too. Shows it.

@@ -86,8 +86,11 @@ void frmParcelle::SegueUscita(bool Intatta)
 bool frmParcelle::FatturaScritta(bool Intatta)
 {
     const bool Tenuta = Intatta && Tieni(ScriviSoloFattura) == EsitoStato::Scritto;
-    if (!Tenuta)
+    if (!Tenuta) {
         Cambiata();
+        // Until the note is saved its recovery copy alone knows of the file, which is about to be there.
+        (void)ScriviCopia();
+    }
     MostraTutto();
     return Tenuta;
 }
@@ -103,6 +106,7 @@ bool frmParcelle::FatturaNonScritta(const DatiFatturaXml& Prima, const StatoTenu
     else if (!Tenuta && Intatta)
         ::SetModificata(Nota, false);
     SetModificata(Nota.Modificata);
+    CopiaInAttesa();
     MostraTutto();
     return Ritirata;
 }

@@ -27,6 +27,8 @@ private Q_SLOTS:
         Sgombra();
     }
     void laNotaLoSaPrima();
+    void conModificheLoSaLaCopia_data();
+    void conModificheLoSaLaCopia();
     void nonConfermata_data();
     void nonConfermata();
     void scrittaDaUnAltroPosto_data();
@@ -73,6 +75,50 @@ void TestFatturaSegnata::laNotaLoSaPrima()
     Clic(Controllo(F, "cmdSalvaXml"));
     CaricaDati(Letta, Dove);
     QCOMPARE(Letta.FatturaXml.Progressivo, u"00002"_s);
+}
+
+void TestFatturaSegnata::conModificheLoSaLaCopia_data()
+{
+    QTest::addColumn<bool>("Salvata");
+    QTest::newRow("saved, then changed") << true;
+    QTest::newRow("never saved") << false;
+}
+
+/// What a note with changes cannot keep in its file its recovery copy keeps, before the invoice is there;
+/// where it cannot be written, the copy knows of none.
+void TestFatturaSegnata::conModificheLoSaLaCopia()
+{
+    QFETCH(bool, Salvata);
+    if (Salvata) {
+        salvataggi::SalvaCome(*T, u"rossi.mdb"_s);
+        F->SetModificata(true);
+    }
+    ApriPannello();
+    const QString Cartella = sessione::UserFolder + u"recupero/"_s;
+    const auto DettoDallaCopia = [&] {
+        const QStringList Copie = QDir(Cartella).entryList({u"*.mdb"_s}, QDir::Files);
+        Parcella Letta;
+        if (Copie.size() == 1)
+            CaricaDati(Letta, Cartella + Copie.first());
+        return Letta.FatturaXml.File;
+    };
+    T->Voce.AttendiSalva(T->Ufficio.File(u"nessuna/IT%1_00001.xml"_s.arg(CodiceStudio)));
+    T->Voce.Tollera();
+    Clic(Controllo(F, "cmdSalvaXml"));
+    QVERIFY(T->Voce.UltimoTesto().startsWith(u"La fattura elettronica non è stata scritta: "_s));
+    QCOMPARE(QDir(Cartella).entryList({u"*.mdb"_s}, QDir::Files).size(), 1);
+    QCOMPARE(DettoDallaCopia(), QString());
+    T->Voce.Sparecchia();
+    const QString Nome = u"IT%1_00002.xml"_s.arg(CodiceStudio);
+    const QString File = T->Ufficio.File(Nome);
+    QString Detto;
+    guasti::PrimaDellaCartella = [&](const QString& Quale) {
+        if (Quale == File)
+            Detto = DettoDallaCopia();
+        return true;
+    };
+    SalvaIn(T->Ufficio.Cartella(), 2);
+    QCOMPARE(Detto, Nome);
 }
 
 void TestFatturaSegnata::nonConfermata_data()
