@@ -6,6 +6,7 @@
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
 #include "supporto/guasti.h"
+#include "supporto/maschera.h"
 #include "supporto/prova.h"
 
 #include <QDir>
@@ -54,12 +55,10 @@ void TestInvii::init()
 
 void TestInvii::soloDellUtente()
 {
+    const SenzaMaschera Aperta;
     const QString Cartella = CartellaFile(Scritto());
-    const QFile::Permissions Altri = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
-                                     QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
-    QCOMPARE(QFileInfo(Cartella).permissions() & Altri, QFile::Permissions());
-    for (const QString& Sopra : {Invii(), CartellaDati()})
-        QCOMPARE(QFileInfo(Sopra).permissions() & Altri, QFile::Permissions());
+    for (const QString& Sua : {Cartella, Invii(), CartellaDati()})
+        QCOMPARE(QFileInfo(Sua).permissions() & DiAltri, QFile::Permissions());
 }
 
 void TestInvii::ciascunoLaSua()

@@ -19,6 +19,7 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/mman.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -266,6 +267,8 @@ Uscita Banco::Esegui(const Guasto& Come, unsigned Numero)
     std::fflush(nullptr);
     const pid_t Figlio = ::fork();
     if (Figlio == 0) {
+        // The system takes no permission away: what is closed to others the program has closed.
+        ::umask(0);
         Ascolta(Detto, Frasi);
         if (Cosa.Comando) {
             Avvia(Cosa.Comando(Dove), Dove, FileConti, Come, Numero);

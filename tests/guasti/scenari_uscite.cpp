@@ -42,7 +42,7 @@ constexpr auto DiPrima = "quello di prima\n";
 /// Bytes without the moment at which they were written.
 QByteArray SenzaMomento(const QByteArray& Byte)
 {
-    static const QRegularExpression Momento(u"\\d{8}T\\d{6}Z"_s);
+    static const QRegularExpression Momento(u"\\d{8}T\\d{6}Z|\\d\\d/\\d\\d/\\d{4} \\d\\d:\\d\\d"_s);
     return QString::fromUtf8(Byte).remove(Momento).toUtf8();
 }
 

@@ -7,6 +7,7 @@
 #include "feenote/file/modRecupero.h"
 #include "platform/base/errore.h"
 #include "platform/system/file.h"
+#include "supporto/maschera.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -87,6 +88,7 @@ void TestUccisioniFile::laVittima()
     Registratore Messaggi;
     Messaggi.Tollera();
     ConCasaIn(Cartella);
+    const SenzaMaschera Aperta;
     Imprese()[Quale].Fa(Cartella);
 }
 

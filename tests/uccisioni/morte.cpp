@@ -150,6 +150,18 @@ APERTURA(openat)
 APERTURA(openat64)
 #undef APERTURA
 
+int creat(const char* Nome, mode_t Modo)
+{
+    static auto* Vero = Vera<int(const char*, mode_t)>("creat");
+    return Aperto(Nome, O_CREAT, Vero(Nome, Modo));
+}
+
+int creat64(const char* Nome, mode_t Modo)
+{
+    static auto* Vero = Vera<int(const char*, mode_t)>("creat64");
+    return Aperto(Nome, O_CREAT, Vero(Nome, Modo));
+}
+
 int close(int Fd)
 {
     static auto* Vero = Vera<int(int)>("close");
@@ -213,6 +225,12 @@ int fchmod(int Fd, mode_t Modo) noexcept
     return Dopo(Nostro(Fd), Vero(Fd, Modo));
 }
 
+int futimens(int Fd, const timespec Quando[2]) noexcept
+{
+    static auto* Vero = Vera<int(int, const timespec*)>("futimens");
+    return Dopo(Nostro(Fd), Vero(Fd, Quando));
+}
+
 int fchown(int Fd, uid_t Utente, gid_t Gruppo) noexcept
 {
     static auto* Vero = Vera<int(int, uid_t, gid_t)>("fchown");
@@ -231,6 +249,36 @@ int chmod(const char* Nome, mode_t Modo) noexcept
     return Dopo(Nostro(Nome), Vero(Nome, Modo));
 }
 
+int fchmodat(int Cartella, const char* Nome, mode_t Modo, int Bandiere) noexcept
+{
+    static auto* Vero = Vera<int(int, const char*, mode_t, int)>("fchmodat");
+    return Dopo(Nostro(Nome), Vero(Cartella, Nome, Modo, Bandiere));
+}
+
+int utimensat(int Cartella, const char* Nome, const timespec Quando[2], int Bandiere) noexcept
+{
+    static auto* Vero = Vera<int(int, const char*, const timespec*, int)>("utimensat");
+    return Dopo(Nostro(Nome), Vero(Cartella, Nome, Quando, Bandiere));
+}
+
+int truncate(const char* Nome, off_t Lungo) noexcept
+{
+    static auto* Vero = Vera<int(const char*, off_t)>("truncate");
+    return Dopo(Nostro(Nome), Vero(Nome, Lungo));
+}
+
+int truncate64(const char* Nome, off64_t Lungo) noexcept
+{
+    static auto* Vero = Vera<int(const char*, off64_t)>("truncate64");
+    return Dopo(Nostro(Nome), Vero(Nome, Lungo));
+}
+
+int symlink(const char* A, const char* Nome) noexcept
+{
+    static auto* Vero = Vera<int(const char*, const char*)>("symlink");
+    return Dopo(Nostro(Nome), Vero(A, Nome));
+}
+
 int chown(const char* Nome, uid_t Utente, gid_t Gruppo) noexcept
 {
     static auto* Vero = Vera<int(const char*, uid_t, gid_t)>("chown");
@@ -241,6 +289,18 @@ int mkdir(const char* Nome, mode_t Modo) noexcept
 {
     static auto* Vero = Vera<int(const char*, mode_t)>("mkdir");
     return Dopo(Nostro(Nome), Vero(Nome, Modo));
+}
+
+int mkdirat(int Cartella, const char* Nome, mode_t Modo) noexcept
+{
+    static auto* Vero = Vera<int(int, const char*, mode_t)>("mkdirat");
+    return Dopo(Nostro(Nome), Vero(Cartella, Nome, Modo));
+}
+
+int rmdir(const char* Nome) noexcept
+{
+    static auto* Vero = Vera<int(const char*)>("rmdir");
+    return Dopo(Nostro(Nome), Vero(Nome));
 }
 
 int unlink(const char* Nome) noexcept
@@ -265,6 +325,12 @@ int rename(const char* Da, const char* A) noexcept
 {
     static auto* Vero = Vera<int(const char*, const char*)>("rename");
     return Dopo(Nostro(A), Vero(Da, A));
+}
+
+int renameat(int CartellaDa, const char* Da, int CartellaA, const char* A) noexcept
+{
+    static auto* Vero = Vera<int(int, const char*, int, const char*)>("renameat");
+    return Dopo(Nostro(A), Vero(CartellaDa, Da, CartellaA, A));
 }
 
 int renameat2(int CartellaDa, const char* Da, int CartellaA, const char* A, unsigned Bandiere) noexcept

@@ -2,6 +2,7 @@
 #include "banco.h"
 
 #include "platform/base/numerierrore.h"
+#include "supporto/maschera.h"
 
 #include <QFileInfo>
 
@@ -62,15 +63,13 @@ void TestScaricoProgramma::programma()
     B->Firmate();
     const Annuncio Trovato = B->Controllato(B->Cartella());
     QCOMPARE(NomeInstallatore(Trovato), Nome);
+    const SenzaMaschera Aperta;
     const EsitoScarico Esito = ScaricaProgramma(Trovato);
     QCOMPARE(Esito.Dettaglio, QString());
     QCOMPARE(Esito.File, CartellaUpgrade() + Nome);
     QCOMPARE(LeggiFile(Esito.File), "installatore " + Nome.toLatin1());
     // Nobody else may put a file there.
-    QCOMPARE(QFileInfo(CartellaUpgrade()).permissions() &
-                 (QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther |
-                  QFile::WriteOther | QFile::ExeOther),
-             QFile::Permissions());
+    QCOMPARE(QFileInfo(CartellaUpgrade()).permissions() & DiAltri, QFile::Permissions());
     QCOMPARE(B->Avanzi(), QStringList());
 }
 

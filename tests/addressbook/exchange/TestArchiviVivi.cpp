@@ -13,6 +13,7 @@
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 #include "supporto/guasti.h"
+#include "supporto/maschera.h"
 #include "supporto/scrittoreaccess.h"
 
 #include <QDateTime>
@@ -332,12 +333,11 @@ void TestArchiviVivi::leCopieDiLavoro()
         ScriviAccess(S.Cartella + u"vecchio.mdb"_s,
                      {.Tabelle = {{.Nome = u"clienti"_s, .Colonne = {{.Nome = u"Nominativo"_s}}}}});
     {
+        const SenzaMaschera Aperta;
         const ArchivioNativo Aperto(File);
         QVERIFY(Aperto.File().startsWith(Lavoro));
-        constexpr QFile::Permissions Altri =
-            QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
-        QCOMPARE(QFile::permissions(Aperto.File()) & Altri, QFile::Permissions());
-        QCOMPARE(QFile::permissions(Lavoro) & Altri, QFile::Permissions());
+        QCOMPARE(QFile::permissions(Aperto.File()) & DiAltri, QFile::Permissions());
+        QCOMPARE(QFile::permissions(Lavoro) & DiAltri, QFile::Permissions());
         TogliRestiDiSorgenti();
         QVERIFY(EsisteFile(Aperto.File()));
     }

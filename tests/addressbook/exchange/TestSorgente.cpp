@@ -10,6 +10,7 @@
 #include "platform/base/errore.h"
 #include "platform/system/guasti.h"
 #include "supporto/guasti.h"
+#include "supporto/maschera.h"
 #include "supporto/scrittoreaccess.h"
 
 #include <QDir>
@@ -577,23 +578,20 @@ void TestSorgente::chiLeLegge_data()
 void TestSorgente::chiLeLegge()
 {
     QFETCH(bool, DiAccess);
-    constexpr QFile::Permissions Altri =
-        QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
     const Studio S;
     QVERIFY(QFile::setPermissions(S.File, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther));
     const QString Dove = NuovaCartella();
     const QString Da = Dove + u"vecchio.mdb"_s;
-    if (DiAccess)
-        ScriviAccess(Da, AccessDa(S.File));
-    else
-        QVERIFY(QFile::copy(S.File, Da));
-    const auto Preso = PrendiArchivio(Da, NuovaCartella());
+    QVERIFY(DiAccess ? !ScriviAccess(Da, AccessDa(S.File)).isEmpty() : QFile::copy(S.File, Da));
+    const QString Nuova = NuovaCartella();
+    const SenzaMaschera Aperta;
+    const auto Preso = PrendiArchivio(Da, Nuova);
     QVERIFY(Preso);
-    QCOMPARE(QFile::permissions(Preso->File) & Altri, QFile::Permissions());
-    const QString A = NuovaCartella() + u"nuove/"_s;
+    QCOMPARE(QFile::permissions(Preso->File) & DiAltri, QFile::Permissions());
+    const QString A = Nuova + u"nuove/"_s;
     QVERIFY(CopiaNote(Dove, A)->first().Copiata);
-    QCOMPARE(QFile::permissions(A + u"vecchio.mdb"_s) & Altri, QFile::Permissions());
-    QCOMPARE(QFile::permissions(A) & Altri, QFile::Permissions());
+    QCOMPARE(QFile::permissions(A + u"vecchio.mdb"_s) & DiAltri, QFile::Permissions());
+    QCOMPARE(QFile::permissions(A) & DiAltri, QFile::Permissions());
 }
 
 #include "TestSorgente.moc"

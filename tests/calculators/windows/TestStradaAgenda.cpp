@@ -5,6 +5,7 @@
 #include "platform/grid/griglia.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
+#include "supporto/maschera.h"
 
 #include <QListWidget>
 #include <QScopedValueRollback>
@@ -212,13 +213,15 @@ void TestStradaAgenda::agendaDiUnUtenteSolo()
     const QScopedValueRollback Cartella(sessione::UserFolder, NuovaCartella().chopped(1));
     auto* Voci = Agenda();
     QVERIFY(Voci);
-    Clic(Controllo(Voci, "cmdApri"));
+    QDir(CartellaDati() + u"agenda"_s).removeRecursively();
+    {
+        const SenzaMaschera Aperta;
+        Clic(Controllo(Voci, "cmdApri"));
+    }
     QCOMPARE(B->Aperti.size(), 1);
     QVERIFY(QDir(sessione::UserFolder).isEmpty());
     QVERIFY(!QFileInfo::exists(sessione::UserFolder + u"agenda"_s));
-    QCOMPARE(QFileInfo(CartellaDati() + u"agenda"_s).permissions() &
-                 (QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther),
-             QFile::Permissions());
+    QCOMPARE(QFileInfo(CartellaDati() + u"agenda"_s).permissions() & DiAltri, QFile::Permissions());
 }
 
 void TestStradaAgenda::agendaSenzaProgramma()
