@@ -1,6 +1,7 @@
 #include "platform/system/permessi.h"
 
 #include "platform/base/errore.h"
+#include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
@@ -117,9 +118,14 @@ void CreaCartellaDiUtente(const QString& Percorso)
     for (QString Livello = QDir::cleanPath(QDir::current().absoluteFilePath(PercorsoNativo(Percorso)));
          !EsisteCartella(Livello) && !QDir(Livello).isRoot(); Livello = QFileInfo(Livello).path())
         Mancanti.prepend(Livello);
-    CreaCartella(Percorso);
-    for (const QString& Livello : std::as_const(Mancanti))
+    if (!Mancanti.isEmpty() && !CartellaScrivibile(QFileInfo(Mancanti.first()).path()))
+        throw Errore(errori::Accesso);
+    for (const QString& Livello : std::as_const(Mancanti)) {
+        // The user's alone from its first moment: who is stopped before the next line leaves nothing open.
+        (void)CreaCartellaNuova(Livello);
         DaiPermessi(Livello, {}, Lettori::Cartella);
+    }
+    CreaCartella(Percorso);
 }
 
 bool DiQuestoUtente(const QString& Percorso)

@@ -178,6 +178,7 @@ void TestPermessi::ilSupportoDecide()
     QTEST(NumeroErrore([&] { ScriviFile(File, "x", Lettori::SoloUtente); }), "Numero");
     QTEST(NumeroErrore([&] { (void)CreaFile(File + u"2"_s, "x", Lettori::Cartella); }), "Numero");
     QTEST(NumeroErrore([&] { CreaCartellaPrivata(Cartella + u"d"_s); }), "Numero");
+    QCOMPARE(int(Modo(Cartella + u"d"_s)) & 0777, 0700);
     QCOMPARE(EsisteFile(File), Codice != EACCES && Codice != EROFS);
 }
 
