@@ -122,8 +122,9 @@ QString NoteSalvate::Confronta()
         if (!NellArchivio([](int Chiave) { return CercaControparte(Chiave, u"Controp"_s); }, Vista.IDCon)
                  .isEmpty())
             Vista.txtControp.Testo = NomeLegato(Vista, ParteNota::Controparte);
-        // A value that its bracket refuses is the note's until the box has another; the file keeps the box's.
-        Vista.ImportoPrec = Arrotonda2(Vista.txtImporto.Numero());
+        // A value that its bracket refuses is the note's until the box has another; the file keeps the box's,
+        // and below zero none is defined.
+        Vista.ImportoPrec = std::max(Arrotonda2(Vista.txtImporto.Numero()), 0.0);
         const QString Diversa = Differenza(DescriviNota(Vista), DescriviNota(Riletta(Nota.Percorso)));
         if (!Diversa.isEmpty())
             return u"la nota salvata non è quella della finestra, "_s + Nota.Percorso + u":\n"_s + Diversa;
