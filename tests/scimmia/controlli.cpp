@@ -107,14 +107,18 @@ QString NoteSalvate::Confronta()
             continue;
         }
         const Parcella& Nota = Finestra->Nota;
-        const Prima Stato = std::exchange(Stati[Posto], {Finestra->Numero(), Nota.Modificata});
-        const bool Salvata = Stato.Numero == Finestra->Numero() && Stato.Modificata && !Nota.Modificata;
-        if (!Salvata || Nota.Percorso.isEmpty() || !EsisteFile(Nota.Percorso))
+        const bool SuFile = !Nota.Percorso.isEmpty() && EsisteFile(Nota.Percorso);
+        const Prima Adesso{Finestra->Numero(), Nota.Modificata,
+                           SuFile ? DataFile(Nota.Percorso) : QDateTime()};
+        const Prima Stato = std::exchange(Stati[Posto], Adesso);
+        const bool ComeInFile = Stato.Numero == Adesso.Numero && Stato.Modificata && !Nota.Modificata;
+        if (!ComeInFile || !SuFile)
             continue;
         ++Volte;
         Parcella Vista = Nota;
-        Vista.NsRif =
-            sessione::RichiestaPV2.ID;  // a session of the companion saves every note for its matter
+        // A session of the companion saves every note for its matter; steps back to the file save nothing.
+        if (Stato.Scritta != Adesso.Scritta)
+            Vista.NsRif = sessione::RichiestaPV2.ID;
         // What is typed over a linked name lasts until the note is opened again, where the archive has a name
         // for it: of a counterparty that of the notes.
         if (!NellArchivio(CercaCliente, Vista.IDCli).isEmpty())

@@ -1,6 +1,7 @@
 // What must hold whatever a monkey does.
 #pragma once
 
+#include <QDateTime>
 #include <QString>
 #include <QStringList>
 
@@ -26,6 +27,7 @@ private:
     {
         int Numero = 0;
         bool Modificata = false;
+        QDateTime Scritta;  ///< when its file was last written
     };
     std::map<int, Prima> Stati;  ///< by the place of the window
     int Volte = 0;
