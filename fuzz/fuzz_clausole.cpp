@@ -24,7 +24,6 @@ void Prova(const QByteArray& Dati)
         Pretendi(Lette.Esito != EsitoClausole::Lette);
         return;
     }
-    Pretendi(Lette.Esito == EsitoClausole::Lette);
     Superficie Doc;
     Doc.StartDoc();
     Doc.Paragraph(Lette.Testo);

@@ -2,7 +2,7 @@
 
 #include "core/modErrori.h"
 #include "core/sessione.h"
-#include "platform/base/numerierrore.h"
+#include "platform/base/errore.h"
 #include "platform/base/paginacodice.h"
 #include "platform/document/lettorertf.h"
 #include "platform/document/setacciortf.h"
@@ -11,7 +11,9 @@
 #include "platform/system/percorsi.h"
 #include "print/modTestata.h"
 
+#include <QDir>
 #include <QFileInfo>
+#include <QHash>
 #include <QSet>
 #include <QStringDecoder>
 
@@ -37,11 +39,6 @@ QString TestoSemplice(QByteArray Byte)
     return Lettore.hasError() ? DaCp1252(Byte) : Testo;
 }
 
-bool SoloBianchi(const QByteArray& Byte)
-{
-    return std::ranges::all_of(Byte, [](char C) { return C == ' ' || (C >= '\t' && C <= '\r'); });
-}
-
 /// What a word processor saves of an empty page is all fonts and styles; more than this is no empty page.
 constexpr qsizetype MassimoSenzaTesto = qsizetype(1) << 18;
 
@@ -60,6 +57,7 @@ Clausole Leggi(const QString& Percorso)
     QByteArray Byte;
     bool Rtf = false;
     bool Primo = true;
+    int Oltre = 0;  // pieces behind the end
     LeggiAPezzi(Percorso, [&](QByteArrayView Pezzo) {
         if (std::exchange(Primo, false))
             Rtf = ComeRtf(DaCp1252(Pezzo.first(std::min<qsizetype>(Pezzo.size(), 4096)).toByteArray())) ||
@@ -68,21 +66,23 @@ Clausole Leggi(const QString& Percorso)
             Setaccio.Passa(Pezzo);
         else
             Byte += Pezzo;
-        return !Setaccio.Finito() && (Rtf ? Setaccio.Resto() : Byte).size() <= MassimoTesto;
+        Oltre += Setaccio.Finito() ? 1 : 0;
+        return Oltre < 2 && (Rtf ? Setaccio.Resto() : Byte).size() <= MassimoTesto;
     });
     const QByteArray& Letti = Rtf ? Setaccio.Resto() : Byte;
     if (DiAltraSpecie(Letti) || (Rtf ? Setaccio.ConZeri() : Letti.contains('\0')))
         return {EsitoClausole::NonTesto, {}};
     if (Letti.size() > MassimoTesto)
         return {EsitoClausole::Troppe, {}};
-    if (SoloBianchi(Letti))
-        return {EsitoClausole::Vuote, {}};
-    if (Rtf && !Setaccio.Finito())
-        return {EsitoClausole::Tronche, {}};
     const QString Testo = Rtf ? DaCp1252(Letti) : TestoSemplice(Letti);
-    if (Rtf && Letti.size() <= MassimoSenzaTesto && SenzaParole(Testo))
-        return {EsitoClausole::SenzaParole, {}};
-    return {EsitoClausole::Lette, Testo};
+    if (Testo.trimmed().isEmpty())
+        return {EsitoClausole::Vuote, {}};
+    const bool Muto = Rtf && Letti.size() <= MassimoSenzaTesto && SenzaParole(Testo);
+    if (Rtf && !Setaccio.Finito())
+        return {EsitoClausole::Tronche, Muto ? QString() : Testo};
+    if (Rtf && Setaccio.Prosegue())
+        return {EsitoClausole::Spezzate, Muto ? QString() : Testo};
+    return Muto ? Clausole{EsitoClausole::Bianche, {}} : Clausole{EsitoClausole::Lette, Testo};
 }
 
 // ---- where the files stand
@@ -99,9 +99,23 @@ QString FileFornito(const QString& Nome)
     return TrovaFile(sessione::PercorsoProg + Barra(u"doc"_s) + Nome);
 }
 
+/// Something stands there, be it a link to what is gone.
+bool Presente(const QString& Percorso)
+{
+    const QFileInfo Posto(Percorso);
+    return Posto.exists() || Posto.isSymLink();
+}
+
+/// A folder that cannot be looked into, or a link to one that is gone: what the office keeps there is not
+/// known.
+bool Irraggiungibile(const QString& Cartella)
+{
+    const QFileInfo Posto(QDir::cleanPath(Cartella));  // behind a bar a link is never seen
+    return Posto.isSymLink() ? !Posto.exists() : Posto.isDir() && !Posto.isExecutable();
+}
+
 // ---- what the user is shown
 
-/// Why nothing of a file can be printed; empty for one that can, or that is not there.
 QString Ragione(EsitoClausole Esito)
 {
     switch (Esito) {
@@ -111,22 +125,33 @@ QString Ragione(EsitoClausole Esito)
         return u"il file contiene troppo testo"_s;
     case EsitoClausole::NonTesto:
         return u"il file non è un testo RTF"_s;
+    case EsitoClausole::Bianche:
+        return u"il file non contiene testo"_s;
     case EsitoClausole::Vuote:
         return u"il file è vuoto"_s;
+    case EsitoClausole::Spezzate:
+        return u"nel file una parentesi graffa di troppo chiude il testo prima della fine"_s;
     case EsitoClausole::Tronche:
         return u"il file è troncato"_s;
     case EsitoClausole::Lette:
     case EsitoClausole::Mancano:
-    case EsitoClausole::SenzaParole:
         break;
     }
     return {};
 }
 
-/// Files without a word, and those of them that the user was shown already.
+/// What the user is to know of a file.
+struct Avviso
+{
+    QString Frase;
+    bool Guasto = true;
+};
+
+/// Files whose clauses were not printed whole, and those of them that he was shown already.
 struct Avvisi
 {
-    QSet<QString> DaMostrare, Mostrati;
+    QHash<QString, Avviso> DaMostrare;
+    QSet<QString> Mostrati;
 };
 
 Avvisi& AvvisiClausole()
@@ -135,13 +160,26 @@ Avvisi& AvvisiClausole()
     return Unici;
 }
 
-void Registra(const QString& Nome, EsitoClausole Esito)
+/// @return what is to be known of clauses that are not printed whole; empty for those that are, or are
+/// missing
+QString Frase(const QString& Nome, const Clausole& Lette)
+{
+    const QString Perche = Ragione(Lette.Esito);
+    return Perche.isEmpty() ? QString()
+                            : u"le clausole di "_s + Nome +
+                                  (Lette.Testo.isEmpty() ? u" non sono state stampate: "_s
+                                                         : u" sono state stampate solo in parte: "_s) +
+                                  Perche + u'.';
+}
+
+void Registra(const QString& Nome, const Clausole& Lette)
 {
     Avvisi& Tutti = AvvisiClausole();
-    if (Esito != EsitoClausole::SenzaParole)
+    const QString Perche = Frase(Nome, Lette);
+    if (Perche.isEmpty())
         Tutti.Mostrati.remove(Nome);
     else if (!Tutti.Mostrati.contains(Nome))
-        Tutti.DaMostrare.insert(Nome);
+        Tutti.DaMostrare.insert(Nome, {u"Attenzione, "_s + Perche, Lette.Esito != EsitoClausole::Bianche});
 }
 
 }  // namespace
@@ -151,8 +189,9 @@ Clausole LeggiClausole(const QString& Percorso)
     try {
         return Leggi(TrovaFile(PercorsoNativo(Percorso)));
     } catch (const Errore& Guasto) {
-        return {Guasto.Numero == errori::FileMancante ? EsitoClausole::Mancano : EsitoClausole::Illeggibili,
-                {}};
+        const bool Mancano = Guasto.Numero == errori::FileMancante && !Presente(Percorso) &&
+                             !Irraggiungibile(CartellaFile(Percorso));
+        return {Mancano ? EsitoClausole::Mancano : EsitoClausole::Illeggibili, {}};
     }
 }
 
@@ -167,8 +206,9 @@ QString NomeClausole(int Tipo, const Parcella& Nota)
 QString FileClausole(const QString& Nome)
 {
     QString Propria = FileProprio(Nome);
-    // Whatever stands in its place, the delivered text is not the office's.
-    return !Propria.isEmpty() && QFileInfo::exists(Propria) ? Propria : FileFornito(Nome);
+    return !Propria.isEmpty() && (Presente(Propria) || Irraggiungibile(CartellaFile(Propria)))
+               ? Propria
+               : FileFornito(Nome);
 }
 
 QString ClausoleDaModificare(const QString& Nome)
@@ -188,26 +228,32 @@ QString ClausoleDaModificare(const QString& Nome)
 void StampaClausole(Superficie& vp, const Parcella& Nota, int Tipo)
 {
     const QString Nome = NomeClausole(Tipo, Nota);
-    const QString File = FileClausole(Nome);
-    const Clausole Lette = LeggiClausole(File);
-    Registra(Nome, Lette.Esito);
-    if (const QString Perche = Ragione(Lette.Esito); !Perche.isEmpty())
-        throw ClausoleGuaste(
-            Lette.Esito == EsitoClausole::Illeggibili ? errori::Accesso : errori::FileRifiutato,
-            u"Il documento non si compone: le clausole di %1 non si possono stampare, %2: %3"_s.arg(
-                Nome, Perche, File));
+    const Clausole Lette = LeggiClausole(FileClausole(Nome));
+    Registra(Nome, Lette);
     if (Lette.Testo.isEmpty())
         return;
     vp.Paragraph(Lette.Testo);
     RigaVuota(vp);
 }
 
+QString ClausoleMancate(const Parcella& Nota, int Tipo)
+{
+    const QString Nome = NomeClausole(Tipo, Nota);
+    if (Nome.isEmpty())
+        return {};
+    const Clausole Lette = LeggiClausole(FileClausole(Nome));
+    return Lette.Esito == EsitoClausole::Bianche ? QString() : Frase(Nome, Lette);
+}
+
 void AvvisaClausole()
 {
     Avvisi& Tutti = AvvisiClausole();
-    for (const QString& Nome : std::exchange(Tutti.DaMostrare, {})) {
+    const QHash<QString, Avviso> Nuovi = std::exchange(Tutti.DaMostrare, {});
+    for (const auto& [Nome, Detto] : Nuovi.asKeyValueRange()) {
         Tutti.Mostrati.insert(Nome);
-        MsgErrore(u"Attenzione, le clausole di %1 non sono state stampate: il file non contiene testo."_s.arg(
-            Nome));
+        if (Detto.Guasto)
+            MsgErrore(Detto.Frase);
+        else
+            MsgBox(Detto.Frase, vbExclamation, TitoloAvvertenza.toString());
     }
 }

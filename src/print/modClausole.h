@@ -2,7 +2,6 @@
 #pragma once
 
 #include "feenote/parcella.h"
-#include "platform/base/errore.h"
 #include "platform/document/superficie.h"
 
 #include <QString>
@@ -10,13 +9,14 @@
 /// Most text that a document takes from a file, in bytes; pictures in it do not count.
 constexpr qint64 MassimoTesto = qint64(8) << 20;
 
-/// How the clauses of a file were read.
+/// Why the clauses of a file are not printed, or not all of them.
 enum class EsitoClausole {
     Lette,
     Mancano,      ///< no file
-    SenzaParole,  ///< rich text without a word, as a word processor saves an empty page
+    Bianche,      ///< rich text without a word: what a word processor saves of an empty page
     Vuote,        ///< no byte, or blanks alone
-    Tronche,      ///< the file breaks off
+    Tronche,      ///< they are printed as far as the file goes, which breaks off
+    Spezzate,     ///< they are printed up to where the rich text ends, and words stand behind it
     Illeggibili,  ///< it cannot be opened
     Troppe,       ///< more text than MassimoTesto
     NonTesto,     ///< a document of another kind, or a damaged one
@@ -36,7 +36,8 @@ struct Clausole
 [[nodiscard]] QString NomeClausole(int Tipo, const Parcella& Nota);
 
 /// The file of that name that is printed: the office's own, in the folder "clausole" of the user folder,
-/// where there is one, else the one in "doc" of the program folder. It need not be there.
+/// where there is one or where it cannot be told, else the one in "doc" of the program folder. It need not be
+/// there.
 [[nodiscard]] QString FileClausole(const QString& Nome);
 
 /// The office's own file of that name, for its word processor. Where there is none yet, it begins as a copy
@@ -44,19 +45,17 @@ struct Clausole
 /// @throws Errore 53 neither is there, 75 or 61 when it cannot be written
 [[nodiscard]] QString ClausoleDaModificare(const QString& Nome);
 
-/// A file of clauses that is there and cannot be printed whole: the document is not composed, since nobody
-/// who signs it could see what it lacks. The description names the file and the reason.
-struct ClausoleGuaste : Errore
-{
-    using Errore::Errore;
-};
-
 /// Appends the clauses of a document for the note's kind of client and a blank row; nothing where there are
 /// none.
 /// @param Tipo StampaContratto or StampaInformativa
-/// @throws ClausoleGuaste 75 the file cannot be read, 321 it is no whole text
 void StampaClausole(Superficie& vp, const Parcella& Nota, int Tipo);
 
-/// Shows the user which files without a word documents were composed with since the last call. A file that
-/// was shown is not shown again until its clauses have been printed; a missing file is nothing to be shown.
+/// Why a document of the note does not have all of its clauses, as a question's first line says it; empty for
+/// one that has, that has no clauses, whose file is missing or is an empty page.
+/// @param Tipo a TipoStampa
+[[nodiscard]] QString ClausoleMancate(const Parcella& Nota, int Tipo);
+
+/// Shows the user which files' clauses were not printed since the last call, or not to their end, and why. A
+/// file that was shown is not shown again until its clauses have been printed whole; a missing file is
+/// nothing to be shown.
 void AvvisaClausole();

@@ -98,14 +98,7 @@ bool Anteprima(Superficie& vp, const Parcella& Nota, int Tipo)
         const DocumentoAperto Bianco(vp);
         throw Errore(Nota.ArchivioNonLetto->Numero, Nota.ArchivioNonLetto->Descrizione);
     }
-    const bool Composto = [&] {
-        try {
-            return ComponiDocumento(vp, Nota, Tipo);
-        } catch (const ClausoleGuaste&) {
-            const DocumentoAperto Bianco(vp);  // nor is the half shown that the clauses would follow
-            throw;
-        }
-    }();
+    const bool Composto = ComponiDocumento(vp, Nota, Tipo);
     AvvisaLogo();
     AvvisaClausole();  // a message may bring the next composition, and this one has ended
     return Composto;

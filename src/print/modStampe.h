@@ -14,7 +14,6 @@
 /// @return false when nothing was composed
 /// @throws Errore; what was drawn up to there stays on the surface: nothing while the archive of clients
 /// could not be read for what the document says of the parties
-/// @throws ClausoleGuaste with nothing on the surface
 bool Anteprima(Superficie& vp, const Parcella& Nota, int Tipo);
 
 /// The margins of a document's page.

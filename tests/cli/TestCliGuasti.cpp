@@ -115,8 +115,8 @@ void TestCliGuasti::clausole_data()
     }
 }
 
-// Nobody signs a document without its articles: nothing is written, and what stood there stays. A file that
-// was taken away is nobody's damage.
+// The document is written all the same, and whoever prints it knows what is not in it. A file that was taken
+// away is nobody's damage.
 void TestCliGuasti::clausole()
 {
     QFETCH(QString, File);
@@ -132,10 +132,7 @@ void TestCliGuasti::clausole()
     Cartella.Rovina(u"doc/"_s + File, Come);
     const Esito Avuto = Cartella.Chiama(Stampa);
     QCOMPARE(Avuto.Stato, Come == Mancante ? 0 : 1);
-    if (Come == Mancante)
-        QVERIFY(LeggiFile(Stampa.last()).size() < Intero.size());
-    else
-        QCOMPARE(LeggiFile(Stampa.last()), Intero);
+    QVERIFY(LeggiFile(Stampa.last()).size() < Intero.size());
     QCOMPARE(Avuto.Guasti.contains(File), Come != Mancante);
     QVERIFY(Avuto.Guasti.trimmed().count(u'\n') == 0);
 }

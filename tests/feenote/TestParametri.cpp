@@ -103,6 +103,12 @@ void TestParametri::laCategoriaLasciaLoScaglione()
     CambiaCategoria(Nota, CategStragiudiziale);
     QCOMPARE(Nota.cmbValore, NessunaVoce);
     QCOMPARE(Nota.Scaglione, 0);
+    // Nor is the office of a criminal matter a bracket of any other.
+    CambiaCategoria(Nota, CategPenale);
+    CambiaAutorita(Nota, 0);
+    QVERIFY(Nota.Scaglione > 0);
+    CambiaCategoria(Nota, CategCivile);
+    QCOMPARE(Nota.Scaglione, 0);
 }
 
 void TestParametri::stessaAutoritaNonChiede()

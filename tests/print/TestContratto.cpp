@@ -1,11 +1,8 @@
 #include "supporto/prova.h"
 
 #include "documenti.h"
-#include "platform/base/numerierrore.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
-#include "print/modClausole.h"
-#include "print/modStampe.h"
 #include "supporto/registratore.h"
 
 #include <QDir>
@@ -42,12 +39,13 @@ private Q_SLOTS:
     void clausoleMancanti_data();
     void clausoleMancanti();
     void clausoleInTestoSemplice();
-    void clausoleSane_data();
-    void clausoleSane();
-    void clausoleSenzaParole();
+    void clausoleGuaste_data();
+    void clausoleGuaste();
     void clausoleRifiutate_data();
     void clausoleRifiutate();
-    void cartellaAlPostoDelleProprie();
+    void clausoleBianche();
+    void clausoleProprieIrraggiungibili_data();
+    void clausoleProprieIrraggiungibili();
     void clausoleConImmagini();
 
 private:
@@ -346,7 +344,7 @@ void TestContratto::clausoleDelloStudio()
     };
     QCOMPARE(Penultimo(StampaContratto), u"Dello studio"_s);
     QCOMPARE(Penultimo(StampaInformativa), u"Fornite"_s);
-    ScriviFile(Proprie + u"CONTRATTOpersonafisica.rtf"_s, "{\\rtf1\\par}");
+    ScriviFile(Proprie + u"CONTRATTOpersonafisica.rtf"_s, {});
     QVERIFY(!TestiBlocchi(Composto(Nota, StampaContratto)).join(u' ').contains(u"Fornite"));
     sessione::UserFolder.clear();
     QCOMPARE(Penultimo(StampaContratto), u"Fornite"_s);
@@ -382,47 +380,45 @@ void TestContratto::clausoleInTestoSemplice()
     QVERIFY(TestiBlocchi(Doc).contains(u"Foro competente è Milano."_s));
 }
 
-void TestContratto::clausoleSane_data()
+void TestContratto::clausoleGuaste_data()
 {
     QTest::addColumn<QByteArray>("Byte");
     QTest::addColumn<QString>("Lette");
-    QTest::newRow("bianchi prima") << QByteArray(" \r\n{\\rtf1\\ansi Foro di Milano}") << u"Foro di Milano"_s;
+    QTest::addColumn<bool>("InParte");
+    QTest::newRow("troncato nel testo")
+        << QByteArray("{\\rtf1\\ansi Foro di Mil") << u"Foro di Mil"_s << true;
+    QTest::newRow("troncato in una figura")
+        << QByteArray("{\\rtf1\\ansi Foro{\\pict 00ff") << u"Foro"_s << true;
+    QTest::newRow("una parentesi di troppo")
+        << QByteArray("{\\rtf1\\ansi Foro}} di Milano}") << u"Foro"_s << true;
+    QTest::newRow("bianchi prima") << QByteArray(" \r\n{\\rtf1\\ansi Foro di Milano}") << u"Foro di Milano"_s
+                                   << false;
     QTest::newRow("byte nulli in coda")
-        << QByteArray("{\\rtf1\\ansi Foro di Milano}\0\0", 28) << u"Foro di Milano"_s;
-    QTest::newRow("UTF-8 senza marca") << QByteArray("Citt\xC3\xA0") << u"Città"_s;
+        << QByteArray("{\\rtf1\\ansi Foro di Milano}\0\0", 28) << u"Foro di Milano"_s << false;
+    QTest::newRow("UTF-8 senza marca") << QByteArray("Citt\xC3\xA0") << u"Città"_s << false;
 }
 
-void TestContratto::clausoleSane()
+void TestContratto::clausoleGuaste()
 {
     QFETCH(QByteArray, Byte);
     QFETCH(QString, Lette);
+    QFETCH(bool, InParte);
     const Parcella Nota = Completa(campioni::Civile());
     const QString Senza = TestiBlocchi(Composto(Nota, StampaContratto)).join(u'|');
     ScriviFile(Clausole + u"ContrattoPersonaFisica.rtf"_s, Byte);
-    const Registratore Messaggi;
+    Registratore Messaggi;
+    if (InParte)
+        Messaggi.Attendi(u"Attenzione, le clausole di ContrattoPersonaFisica.rtf sono state stampate solo in "
+                         u"parte: "_s +
+                             (Byte.contains("}}")
+                                  ? u"nel file una parentesi graffa di troppo chiude il testo "
+                                    u"prima della fine."_s
+                                  : u"il file è troncato."_s),
+                         vbOK, u"Errore:"_s);
     const QString Con = TestiBlocchi(Composto(Nota, StampaContratto)).join(u'|');
     QVERIFY(Con.startsWith(Senza));
+    QCOMPARE(ClausoleMancate(Nota, StampaContratto).isEmpty(), !InParte);
     QCOMPARE(Con.mid(Senza.size()).remove(u'|').remove(QChar()), Lette);
-}
-
-/// An office that wants no clauses saves an empty page: told once by name, however often the document is
-/// composed, and again only after clauses were printed.
-void TestContratto::clausoleSenzaParole()
-{
-    const Parcella Nota = Completa(campioni::Civile());
-    const QString Nome = Clausole + u"ContrattoPersonaFisica.rtf"_s;
-    const QStringList Senza = TestiBlocchi(Composto(Nota, StampaContratto));
-    for (int Volta = 0; Volta < 2; ++Volta) {
-        Registratore Messaggi;
-        Messaggi.Attendi(u"Attenzione, le clausole di ContrattoPersonaFisica.rtf non sono state stampate: il "
-                         u"file non contiene testo."_s);
-        ScriviFile(Nome, "{\\rtf1\\ansi{\\fonttbl{\\f0 Times;}}\\pard\\par}");
-        QCOMPARE(TestiBlocchi(Composto(Nota, StampaContratto)), Senza);
-        QCOMPARE(TestiBlocchi(Composto(Nota, StampaContratto)), Senza);
-        QCOMPARE(Messaggi.Mostrati().size(), 1);
-        ScriviFile(Nome, "Foro");
-        QVERIFY(TestiBlocchi(Composto(Nota, StampaContratto)).contains(u"Foro"_s));
-    }
 }
 
 void TestContratto::clausoleRifiutate_data()
@@ -438,55 +434,96 @@ void TestContratto::clausoleRifiutate_data()
     const QString Vuoto = u"il file è vuoto"_s;
     QTest::newRow("niente") << QByteArray("") << Vuoto;
     QTest::newRow("soli bianchi") << QByteArray(" \r\n\t ") << Vuoto;
+    QTest::newRow("solo la marca di UTF-8") << QByteArray("\xEF\xBB\xBF") << Vuoto;
+    QTest::newRow("marca e bianchi") << QByteArray("\xEF\xBB\xBF\r\n\r\n") << Vuoto;
+    QTest::newRow("spazio fisso") << QByteArray("\xC2\xA0\r\n") << Vuoto;
     const QString Tronco = u"il file è troncato"_s;
     QTest::newRow("troncato nei font") << QByteArray("{\\rtf1\\ansi{\\fonttbl{\\f0 Tim") << Tronco;
     QTest::newRow("gruppi senza fine") << QByteArray("{\\rtf1") + QByteArray(100000, '{') << Tronco;
-    QTest::newRow("troncato nel testo") << QByteArray("{\\rtf1\\ansi Foro di Mil") << Tronco;
-    QTest::newRow("troncato in una figura") << QByteArray("{\\rtf1\\ansi Foro{\\pict 00ff") << Tronco;
     QTest::newRow("troppo testo") << QByteArray("{\\rtf1 ") + QByteArray(MassimoTesto, 'a') + '}'
                                   << u"il file contiene troppo testo"_s;
 }
 
-/// Nobody signs a contract without its articles: the document is not composed, nor the half before them.
+/// Once by name, however often the document is composed, and again only after it was well.
 void TestContratto::clausoleRifiutate()
 {
     QFETCH(QByteArray, Byte);
     QFETCH(QString, Perche);
     const Parcella Nota = Completa(campioni::Civile());
-    const Registratore Messaggi;
     const QString Nome = Clausole + u"ContrattoPersonaFisica.rtf"_s;
-    ScriviFile(Nome, Byte);
-    Superficie vp;
-    vp.StartDoc();
-    vp.Text(u"il documento di prima"_s);
-    vp.EndDoc();
-    try {
-        (void)Anteprima(vp, Nota, StampaContratto);
-        QFAIL("composed");
-    } catch (const ClausoleGuaste& Guasto) {
-        QCOMPARE(Guasto.Numero, errori::FileRifiutato);
-        QCOMPARE(Guasto.Descrizione,
-                 u"Il documento non si compone: le clausole di ContrattoPersonaFisica.rtf "
-                 u"non si possono stampare, %1: %2"_s.arg(Perche, Nome));
-    }
-    QCOMPARE(TestiBlocchi(vp.Contenuto()).join(QString()), QString());
-    // The other documents, and this one with sound clauses, are nobody's concern.
-    QVERIFY(!TestiBlocchi(Composto(Nota, StampaInformativa)).isEmpty());
     ScriviFile(Nome, "Foro");
+    const QStringList Con = TestiBlocchi(Composto(Nota, StampaContratto));
+    QFile::remove(Nome);
+    const QStringList Senza = TestiBlocchi(Composto(Nota, StampaContratto));
+    QVERIFY(Con.size() > Senza.size());
+    for (int Volta = 0; Volta < 2; ++Volta) {
+        Registratore Messaggi;
+        Messaggi.Attendi(
+            u"Attenzione, le clausole di ContrattoPersonaFisica.rtf non sono state stampate: "_s + Perche +
+            u'.');
+        ScriviFile(Nome, Byte);
+        QCOMPARE(TestiBlocchi(Composto(Nota, StampaContratto)), Senza);
+        QCOMPARE(TestiBlocchi(Composto(Nota, StampaContratto)), Senza);
+        QCOMPARE(Messaggi.Mostrati().size(), 1);
+        ScriviFile(Nome, "Foro");
+        QCOMPARE(TestiBlocchi(Composto(Nota, StampaContratto)), Con);
+    }
+}
+
+/// An office that wants no clauses saves an empty page: told once, as no fault, and nothing is amiss.
+void TestContratto::clausoleBianche()
+{
+    const Parcella Nota = Completa(campioni::Civile());
+    const QStringList Senza = TestiBlocchi(Composto(Nota, StampaContratto));
+    ScriviFile(Clausole + u"ContrattoPersonaFisica.rtf"_s,
+               "{\\rtf1\\ansi{\\fonttbl{\\f0 Times;}}\\pard\\par}");
+    Registratore Messaggi;
+    Messaggi.Attendi(
+        u"Attenzione, le clausole di ContrattoPersonaFisica.rtf non sono state stampate: il file "
+        u"non contiene testo."_s,
+        vbOK, u"Avvertenza:"_s);
+    QCOMPARE(TestiBlocchi(Composto(Nota, StampaContratto)), Senza);
+    QCOMPARE(TestiBlocchi(Composto(Nota, StampaContratto)), Senza);
+    QCOMPARE(Messaggi.Mostrati().size(), 1);
+    QCOMPARE(ClausoleMancate(Nota, StampaContratto), QString());
+    ScriviFile(Clausole + u"ContrattoPersonaFisica.rtf"_s, "Foro");
     QVERIFY(TestiBlocchi(Composto(Nota, StampaContratto)).contains(u"Foro"_s));
 }
 
-/// What stands where the office keeps its own clauses is not silently the delivered text instead.
-void TestContratto::cartellaAlPostoDelleProprie()
+/// Whatever keeps the office's own text from being read, the delivered one is not printed in its place.
+void TestContratto::clausoleProprieIrraggiungibili_data()
 {
+    QTest::addColumn<QString>("Come");
+    for (const QString& Come : {u"cartella"_s, u"collegamento"_s, u"collegamento alla cartella"_s})
+        QTest::newRow(qPrintable(Come)) << Come;
+}
+
+void TestContratto::clausoleProprieIrraggiungibili()
+{
+    QFETCH(QString, Come);
     const auto Rimetti = qScopeGuard([Era = sessione::UserFolder] { sessione::UserFolder = Era; });
     sessione::UserFolder = NuovaCartella();
     ScriviFile(Clausole + u"ContrattoPersonaFisica.rtf"_s, "{\\rtf1 Fornite}");
-    QVERIFY(QDir().mkpath(sessione::UserFolder + u"clausole/ContrattoPersonaFisica.rtf"_s));
-    const Registratore Messaggi;
-    Superficie vp;
-    QVERIFY_THROWS_EXCEPTION(ClausoleGuaste,
-                             (void)Anteprima(vp, Completa(campioni::Civile()), StampaContratto));
+    const QString Proprie = sessione::UserFolder + u"clausole"_s;
+    const QString Propria = Proprie + u"/ContrattoPersonaFisica.rtf"_s;
+    if (Come == u"collegamento alla cartella") {
+        QVERIFY(QFile::link(sessione::UserFolder + u"condivisione sparita"_s, Proprie));
+    } else {
+        QVERIFY(QDir().mkpath(Proprie));
+        QVERIFY(Come == u"cartella" ? QDir().mkpath(Propria)
+                                    : QFile::link(sessione::UserFolder + u"sparito.rtf"_s, Propria));
+    }
+    Registratore Messaggi;
+    Messaggi.Attendi(
+        u"Attenzione, le clausole di ContrattoPersonaFisica.rtf non sono state stampate: il file "
+        u"non si può leggere."_s,
+        vbOK, u"Errore:"_s);
+    const Parcella Nota = Completa(campioni::Civile());
+    QVERIFY(!TestiBlocchi(Composto(Nota, StampaContratto)).contains(u"Fornite"_s));
+    QVERIFY(!ClausoleMancate(Nota, StampaContratto).isEmpty());
+    // Sound again, so that the next damage is told.
+    sessione::UserFolder.clear();
+    QVERIFY(TestiBlocchi(Composto(Nota, StampaContratto)).contains(u"Fornite"_s));
 }
 
 /// An office's own letterhead makes the file large, not the text.

@@ -116,12 +116,9 @@ private:
     std::optional<Errore> Composta(bool Invio);
     /// Reads the client once more where his row could not be read. @return false while it cannot
     bool RileggiArchivio();
-    /// The same for a document that is to go out, which waits for that and for clauses that cannot be
-    /// printed: the user is told why.
+    /// The same for a document that is to go out, which waits for that: the user is told why. Whether one
+    /// goes out without its clauses is for the user to say.
     bool SiCompone();
-    /// What kept a document from being composed, unless it is in the margin already.
-    /// @param Prima what kept the former composition from its clauses
-    void Riferisci(const Errore& Guasto, const std::optional<Errore>& Prima) const;
     void MostraAvviso();
 
     Parcella& Nota;
@@ -135,6 +132,6 @@ private:
     QString Avviso;            ///< for the preview's margin
     QString ClausoleComposte;  ///< StatoClausole when the document on view was composed
     QList<InvioChiesto> Attesi;
-    std::optional<Errore> ClausoleRifiutate;  ///< why the document in view was not composed
+    QString SenzaClausole;  ///< why the document in view lacks clauses, as ClausoleMancate says it
     bool NonConsegnata = false;
 };

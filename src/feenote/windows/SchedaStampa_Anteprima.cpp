@@ -4,7 +4,6 @@
 #include "core/comandi.h"
 #include "core/modErrori.h"
 #include "core/posti.h"
-#include "core/rapportiunici.h"
 #include "core/sessione.h"
 #include "feenote/companion/modPV2.h"
 #include "feenote/modDatiStampa.h"
@@ -41,6 +40,12 @@ bool HaEditor()
     return !sessione::WP.isEmpty() && sessione::WP != u"-1";
 }
 
+/// Number of the failure that the user knows of; 0: none.
+int GiaDetto(const Parcella& Nota)
+{
+    return Nota.ArchivioNonLetto ? Nota.ArchivioNonLetto->Numero : 0;
+}
+
 }  // namespace
 
 void SchedaStampa::CollegaAnteprima()
@@ -72,7 +77,7 @@ void SchedaStampa::NuovaNota()
     ui->vp->Svuota();
     ui->lblUnaPagina->hide();
     ClausoleComposte.clear();
-    ClausoleRifiutate.reset();
+    SenzaClausole.clear();
     NonConsegnata = false;
     ui->cmdFatturaXml->setChecked(false);
     Elettronica->NuovaNota();
@@ -99,39 +104,29 @@ bool SchedaStampa::RileggiArchivio()
 
 bool SchedaStampa::SiCompone()
 {
-    const RapportiUnici UnaVolta;
     Cornice.ComponiInAttesa();
-    const bool Aspettava = AspettaArchivio(Nota);
-    if (Aspettava && !RileggiArchivio()) {
-        GestioneErrori(Errore(Nota.ArchivioNonLetto->Numero, Nota.ArchivioNonLetto->Descrizione));
-        return false;
+    if (AspettaArchivio(Nota)) {
+        if (!RileggiArchivio()) {
+            GestioneErrori(Errore(Nota.ArchivioNonLetto->Numero, Nota.ArchivioNonLetto->Descrizione));
+            return false;
+        }
+        Ricomponi();
     }
-    if (Nota.cmbTipoStampa == NessunaVoce || (!Aspettava && !ClausoleRifiutate))
+    if (SenzaClausole.isEmpty())
         return true;
-    if (const std::optional<Errore> Guasto = Composta(false)) {
-        GestioneErrori(*Guasto);
-        return false;
-    }
-    return true;
-}
-
-void SchedaStampa::Riferisci(const Errore& Guasto, const std::optional<Errore>& Prima) const
-{
-    const bool Archivio = Nota.ArchivioNonLetto && Guasto.Numero == Nota.ArchivioNonLetto->Numero;
-    const bool Clausole = Prima && ClausoleRifiutate && Guasto.Descrizione == Prima->Descrizione;
-    if (!Archivio && !Clausole)
-        GestioneErrori(Guasto);
+    // Nobody who signs it sees what it lacks.
+    return Cornice.InDialogo([this] {
+        return MsgBox(u"Attenzione, "_s + SenzaClausole + u"\nFare uscire lo stesso il documento?"_s,
+                      vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString());
+    }) == vbYes;
 }
 
 void SchedaStampa::Ricomponi()
 {
     // A file that cannot be written is no message here: the page on view is whole. An archive that cannot be
     // read was told when it was asked, and stands in the page's margin.
-    if (Nota.cmbTipoStampa == NessunaVoce)
-        return;
-    const std::optional<Errore> Prima = ClausoleRifiutate;
-    if (const std::optional<Errore> Guasto = Composta(false))
-        Riferisci(*Guasto, Prima);
+    if (Nota.cmbTipoStampa != NessunaVoce)
+        Protetta([this] { (void)Componi(); }, GiaDetto(Nota));
 }
 
 QString SchedaStampa::StatoClausole() const
@@ -160,6 +155,7 @@ std::optional<Errore> SchedaStampa::Componi(bool Invio)
 {
     VistaStampa* vp = ui->vp;
     ClausoleComposte = StatoClausole();
+    SenzaClausole = ClausoleMancate(Nota, Nota.cmbTipoStampa);
     // What was drawn before a failure is shown.
     const auto AllaFine = qScopeGuard([this, vp] {
         vp->Aggiorna();
@@ -172,16 +168,10 @@ std::optional<Errore> SchedaStampa::Componi(bool Invio)
     if (TogliIbanAssente(Nota))
         mostra::Segno(ui->chkIBAN, Nota.chkIBAN);
     const auto Cartella = Invio ? std::optional(CartellaCompagna()) : std::nullopt;
-    ClausoleRifiutate.reset();
-    try {
-        auto Esito = AnteprimaConEsportazione(vp->Foglio(), Nota, Nota.cmbTipoStampa,
-                                              SteloDocumento(Cornice.Indice()), Cartella, vp->CartaInUso());
-        MemorizzaUltimaStampa(Nota);
-        return Esito;
-    } catch (const ClausoleGuaste& Guasto) {
-        ClausoleRifiutate = Guasto;
-        throw;
-    }
+    auto Esito = AnteprimaConEsportazione(vp->Foglio(), Nota, Nota.cmbTipoStampa,
+                                          SteloDocumento(Cornice.Indice()), Cartella, vp->CartaInUso());
+    MemorizzaUltimaStampa(Nota);
+    return Esito;
 }
 
 void SchedaStampa::DopoSalvataggio()
@@ -190,14 +180,13 @@ void SchedaStampa::DopoSalvataggio()
         const bool Compagna = !sessione::RichiestaPV2.ID.isEmpty();
         if (Compagna)
             (void)RileggiArchivio();
-        const std::optional<Errore> Prima = ClausoleRifiutate;
         std::optional<Errore> Guasto = Composta(false);
         if (!Guasto && Compagna)
             Guasto = Composta(true);
         if (Compagna)
             Consegna(Guasto);
-        else if (Guasto)
-            Riferisci(*Guasto, Prima);
+        else if (Guasto && Guasto->Numero != GiaDetto(Nota))
+            GestioneErrori(*Guasto);
     }
     InvioMsgPV2();
 }
@@ -298,8 +287,8 @@ void SchedaStampa::MostraAvviso()
     QString Margine = Avviso;
     if (Nota.ArchivioNonLetto)
         Margine = u"L'archivio dei clienti non si legge: il documento non si compone"_s;
-    else if (ClausoleRifiutate)
-        Margine = u"Le clausole non si possono stampare: il documento non si compone"_s;
+    else if (!SenzaClausole.isEmpty())
+        Margine = SenzaClausole.left(1).toUpper() + SenzaClausole.mid(1).chopped(1);
     ui->vp->ImpostaAvviso(Margine);
 }
 

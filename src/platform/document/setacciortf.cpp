@@ -45,6 +45,8 @@ void SetaccioRtf::Passa(QByteArrayView Pezzo)
             Leggi(*C++);
         }
     }
+    Oltre = Oltre || std::any_of(C, Pezzo.end(),
+                                 [](char D) { return D != '\0' && D != ' ' && (D < '\t' || D > '\r'); });
 }
 
 void SetaccioRtf::Tieni(char C)

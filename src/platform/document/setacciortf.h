@@ -15,6 +15,8 @@ public:
     [[nodiscard]] const QByteArray& Resto() const { return Tenuti; }
     /// The outermost group has ended: what follows is no text.
     [[nodiscard]] bool Finito() const { return Dove == Fuori; }
+    /// Words stood behind that end: a brace too many has closed the text before them.
+    [[nodiscard]] bool Prosegue() const { return Oltre; }
     /// Zeros stood where text stands: the file is damaged, or is no text at all.
     [[nodiscard]] bool ConZeri() const { return Zeri; }
 
@@ -33,4 +35,5 @@ private:
     qint64 Profondo = 0;   ///< groups that are open
     qint64 SaltatoDa = 0;  ///< depth of the group whose content runs by, 0 none
     bool Zeri = false;
+    bool Oltre = false;
 };
