@@ -274,6 +274,7 @@ Uscita Banco::Esegui(const Guasto& Come, unsigned Numero)
             Avvia(Cosa.Comando(Dove), Dove, FileConti, Come, Numero);
             ::_exit(127);
         }
+        qputenv(VarConti, QFile::encodeName(FileConti));
         bool Cominciato = false;
         const auto Comincia = [&] {
             Cominciato = true;

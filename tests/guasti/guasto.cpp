@@ -13,18 +13,27 @@
 #include <cstring>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <spawn.h>
+#include <string>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/uio.h>
 #include <unistd.h>
+#include <vector>
 
 using namespace registro;
 
 namespace {
 
+/// Descriptors that are known by the name they were opened with.
+constexpr int Noti = 64;
+
 struct Piano
 {
+    char Errore[16] = {};
+    /// Behind a filter of calls nobody is told where a descriptor leads.
+    char Aperti[Noti][PATH_MAX] = {};
     char Cartella[PATH_MAX] = {};
     size_t Lunga = 0;
     Chiamata Quale = Chiamate;
@@ -107,6 +116,8 @@ void DiDescrittore(int File, char (&Fatto)[PATH_MAX])
     std::snprintf(Nome, sizeof Nome, "/proc/self/fd/%d", File);
     const ssize_t Letti = readlink(Nome, Fatto, sizeof Fatto - 1);
     Fatto[Letti > 0 ? Letti : 0] = '\0';
+    if (Letti < 0 && File >= 0 && File < Noti)
+        std::snprintf(Fatto, sizeof Fatto, "%s", Preparato().Aperti[File]);
 }
 
 bool ECartella(const char* Percorso)
@@ -181,7 +192,10 @@ int Apertura(int Da, const char* Percorso, int Bandiere, mode_t Permesso)
         return -1;
     using Tipo = int (*)(int, const char*, int, ...);
     static const auto Sistema = Vera<Tipo>("openat");
-    return Sistema(Da, Percorso, Bandiere, Permesso);
+    const int File = Sistema(Da, Percorso, Bandiere, Permesso);
+    if (Preparato().Attivo && File >= 0 && File < Noti)
+        Intero(Da, Percorso, Preparato().Aperti[File]);
+    return File;
 }
 
 mode_t PermessoDa(int Bandiere, va_list Altri)
@@ -230,6 +244,7 @@ void Arma(const char* Cartella, Conti* Registro, Chiamata Quale, unsigned Numero
     P.Numero = Numero;
     P.Corto = std::strcmp(Errore, "corto") == 0;
     P.Codice = CodiceDi(Errore);
+    std::snprintf(P.Errore, sizeof P.Errore, "%s", Errore);
     P.Sempre = Sempre;
     P.Attivo = true;
 }
@@ -491,6 +506,35 @@ int linkat(int DaCartella, const char* Da, int ACartella, const char* A, int Ban
 {
     static const auto Sistema = Vera<int (*)(int, const char*, int, const char*, int)>("linkat");
     return Fallisce(Collega, ACartella, A) ? -1 : Sistema(DaCartella, Da, ACartella, A, Bandiere);
+}
+
+/// A program that gets surroundings of its own meets the same faults all the same.
+int posix_spawn(pid_t* Nuovo, const char* Percorso, const posix_spawn_file_actions_t* Azioni,
+                const posix_spawnattr_t* Attributi, char* const Argomenti[], char* const Ambiente[])
+{
+    static const auto Sistema = Vera<decltype(&posix_spawn)>("posix_spawn");
+    const Piano& P = Preparato();
+    if (!P.Attivo)
+        return Sistema(Nuovo, Percorso, Azioni, Attributi, Argomenti, Ambiente);
+    std::vector<std::string> Righe;
+    const auto Imposta = [&](const char* Nome, const char* Valore) {
+        Righe.push_back(std::string(Nome) + '=' + Valore);
+    };
+    for (char* const* Una = Ambiente; *Una; ++Una)
+        Righe.emplace_back(*Una);
+    Imposta("LD_PRELOAD", Variabile("LD_PRELOAD"));
+    Imposta("ASAN_OPTIONS", Variabile("ASAN_OPTIONS"));
+    Imposta(VarCartella, P.Cartella);
+    Imposta(VarConti, Variabile(VarConti));
+    Imposta(VarChiamata, P.Quale < Chiamate ? Nomi[P.Quale].data() : "");
+    Imposta(VarNumero, std::to_string(P.Numero).c_str());
+    Imposta(VarErrore, P.Errore);
+    Imposta(VarSempre, P.Sempre ? "1" : "0");
+    std::vector<char*> Suo;
+    for (std::string& Riga : Righe)
+        Suo.push_back(Riga.data());
+    Suo.push_back(nullptr);
+    return Sistema(Nuovo, Percorso, Azioni, Attributi, Argomenti, Suo.data());
 }
 
 int futimens(int File, const struct timespec Quando[2]) noexcept

@@ -18,6 +18,7 @@
 namespace origine {
 
 inline constexpr int Nomi = 300;
+inline constexpr int Avversari = 40;
 inline constexpr QFile::Permissions Altri =
     QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
 
@@ -40,8 +41,13 @@ inline const Origine& Vecchio()
             const Database Db = OpenDatabase(File);
             Transazione Insieme(Db);
             for (int i = 1; i <= Nomi; ++i)
-                Db.Execute(QStringLiteral("INSERT INTO clienti (ID, Nominativo, Citta) VALUES (?,?,'Lucca')"),
-                           {i, QStringLiteral("Cliente numero %1").arg(i)});
+                Db.Execute(QStringLiteral("INSERT INTO clienti (ID, Nominativo, Indirizzo, Citta) VALUES "
+                                          "(?,?,?,'Lucca')"),
+                           {i, QStringLiteral("Cliente numero %1").arg(i), QStringLiteral("Via %1").arg(i)});
+            for (int i = 1; i <= Avversari; ++i)
+                Db.Execute(
+                    QStringLiteral("INSERT INTO controparti (ID, Nominativo, Citta) VALUES (?,?,'Pisa')"),
+                    {2 * i, QStringLiteral("Avversario %1").arg(i)});
             Insieme.Conferma();
         }
         Fatta.DiAccess = ScriviAccess(AccessDa(File));
@@ -78,9 +84,13 @@ inline bool HaTutti(const QString& File)
         const Recordset Controllo = Db.OpenRecordset(QStringLiteral("SELECT * FROM pragma_integrity_check"));
         return !Controllo.Eof() && Controllo.Value(QStringLiteral("integrity_check")).toString() == u"ok" &&
                Db.OpenRecordset(
+                     QStringLiteral("SELECT ID FROM clienti WHERE Nominativo LIKE 'Cliente numero %' "
+                                    "AND Indirizzo LIKE 'Via %' AND Citta='Lucca'"))
+                       .RecordCount() == Nomi &&
+               Db.OpenRecordset(
                      QStringLiteral(
-                         "SELECT ID FROM clienti WHERE Nominativo LIKE 'Cliente numero %' AND Citta='Lucca'"))
-                       .RecordCount() == Nomi;
+                         "SELECT ID FROM controparti WHERE Nominativo LIKE 'Avversario %' AND Citta='Pisa'"))
+                       .RecordCount() == Avversari;
     } catch (const Errore&) {
         return false;
     }

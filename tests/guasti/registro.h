@@ -45,7 +45,7 @@ struct Conti
 
 /// Folder whose files count, without a separator at its end.
 inline constexpr auto VarCartella = "CALCANOVA_GUASTO_CARTELLA";
-/// File of counts.
+/// File of counts. A program that works under the shim names it too, for those it starts.
 inline constexpr auto VarConti = "CALCANOVA_GUASTO_CONTI";
 /// Name of the call that fails; none: calls are counted.
 inline constexpr auto VarChiamata = "CALCANOVA_GUASTO_CHIAMATA";

@@ -57,7 +57,7 @@ Scenario Prendi(bool DiAccess)
     const auto A = [](const Posto& Dove) { return Dove.Cartella + u"studio/DatiStudio.mdb"_s; };
     return {
         .Nome = DiAccess ? u"prendi-access"_s : u"prendi-archivio"_s,
-        .Attese = {Apri, Sincronizza, Rinomina, Togli, Permessi, Chiudi},
+        .Attese = {Apri, Scrivi, Sincronizza, Rinomina, Togli, Permessi, Chiudi},
         .Prepara = [=](const Posto& Dove) { PosaVecchio(Da(Dove), DiAccess); },
         .Atto =
             [=](const Posto& Dove, const std::function<void()>& Comincia) {

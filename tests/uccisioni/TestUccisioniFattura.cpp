@@ -207,7 +207,7 @@ void TestUccisioniFattura::dietroOgniChiamata()
         QVERIFY(QTest::qWaitFor([&] { return !Intera.Vive() || Conto(In)[1] > 0; }, Pazienza));
         Prima = Orologio.elapsed();
         QVERIFY2(Intera.Vive(), Intera.Detto().constData());
-        Tutte = LeggiFile(File).toInt();
+        Tutte = Contate(File);
         Intera.Uccidi();
         QCOMPARE(Conto(In), QList<int>({2, 1}));
         QCOMPARE(Fatture(In).size(), 1);

@@ -183,7 +183,7 @@ void TestUccisioniFile::dietroOgniChiamata()
         QVERIFY(Intera.AspettaLaFine());
         Indisturbata = Orologio.elapsed();
         QVERIFY2(Intera.Riuscita(), Intera.Detto().constData());
-        Tutte = LeggiFile(Conto).toInt();
+        Tutte = Contate(Conto);
         QVERIFY2(Tutte > 0, "calls that nobody counts");
     }
     // Each of them where kills are asked for, otherwise a few spread over all.

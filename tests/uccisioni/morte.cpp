@@ -3,12 +3,18 @@
 //
 //   MORTE_SOTTO  the folder, without a separator at its end
 //   MORTE_ALLA   the call behind which the process kills itself, counted from 1; 0 never
-//   MORTE_CONTA  where the number of calls so far is kept, so that whoever asks knows how many there are
+//   MORTE_CONTA  where the number of calls so far is kept, so that whoever asks knows how many there are:
+//   four
+//                bytes, which the programs that this one starts count on in
+//   MORTE_PADRE  set by the first one: it is killed too where one that it has started meets the call
 //   MORTE_POI    set: no call counts before the program's driver has called morte_comincia
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <spawn.h>
 #include <sys/file.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/types.h>
 #include <sys/uio.h>
 #include <unistd.h>
@@ -18,16 +24,17 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdarg>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <new>
+#include <string>
+#include <vector>
 
 namespace {
 
 constexpr int MassimiFile = 4096;
 
 std::array<std::atomic<bool>, MassimiFile> Nostri;
-std::atomic<int> Contate;
 std::atomic<bool> Attesa{std::getenv("MORTE_POI") != nullptr};
 
 const char* Sotto()
@@ -56,35 +63,56 @@ F* Vera(const char* Nome)
     return reinterpret_cast<F*>(::dlsym(RTLD_NEXT, Nome));
 }
 
-void ScriviConto(int Quante)
+int Numero(const char* Nome)
 {
-    static const char* File = std::getenv("MORTE_CONTA");
+    const char* Testo = std::getenv(Nome);
+    return Testo ? std::atoi(Testo) : 0;
+}
+
+/// The count is in memory before a program closes its doors to further files.
+std::atomic<int>* Contate = nullptr;
+int Alla = 0;
+int Padre = 0;
+
+__attribute__((constructor)) void Prepara()
+{
+    const char* File = std::getenv("MORTE_CONTA");
     if (!File)
         return;
-    static auto* Apri = Vera<int(const char*, int, ...)>("open");
-    static auto* Scrivi = Vera<ssize_t(int, const void*, size_t)>("write");
-    static auto* Chiudi = Vera<int(int)>("close");
-    const int Fd = Apri(File, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-    std::array<char, 16> Testo{};
-    const int Lungo = std::snprintf(Testo.data(), Testo.size(), "%d", Quante);
-    (void)!Scrivi(Fd, Testo.data(), size_t(Lungo));
-    Chiudi(Fd);
+    Alla = Numero("MORTE_ALLA");
+    Padre = Numero("MORTE_PADRE");
+    const int Fd = int(::syscall(SYS_openat, AT_FDCWD, File, O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    if (Fd < 0)
+        return;
+    if (Padre == 0) {
+        Padre = ::getpid();
+        ::setenv("MORTE_PADRE", std::to_string(Padre).c_str(), 1);
+        (void)!::syscall(SYS_ftruncate, Fd, 0);
+    }
+    (void)!::syscall(SYS_ftruncate, Fd, sizeof(int));
+    void* Memoria = ::mmap(nullptr, sizeof(int), PROT_READ | PROT_WRITE, MAP_SHARED, Fd, 0);
+    ::syscall(SYS_close, Fd);
+    if (Memoria != MAP_FAILED)
+        Contate = new (Memoria) std::atomic<int>(*static_cast<int*>(Memoria));
+}
+
+/// A way that is open to a program which has given up sending signals to others.
+void Uccidi(pid_t Chi)
+{
+    ::syscall(SYS_tgkill, Chi, Chi, SIGKILL);
 }
 
 /// Behind a call that may have changed the folder.
 void Passata()
 {
-    static const int Alla = [] {
-        const char* Testo = std::getenv("MORTE_ALLA");
-        return Testo ? std::atoi(Testo) : 0;
-    }();
-    if (Attesa)
+    if (Attesa || !Contate)
         return;
     const int Errno = errno;
-    const int Quante = ++Contate;
-    ScriviConto(Quante);
-    if (Quante == Alla)
-        ::kill(::getpid(), SIGKILL);
+    if (++*Contate == Alla) {
+        Uccidi(Padre);
+        Uccidi(::getpid());
+        ::_exit(1);  // from a thread that is not the first, until the signal comes
+    }
     errno = Errno;
 }
 
@@ -211,6 +239,25 @@ int fsync(int Fd)
 {
     static auto* Vero = Vera<int(int)>("fsync");
     return Dopo(Nostro(Fd), Vero(Fd));
+}
+
+/// A program that gets surroundings of its own is killed and counted all the same.
+int posix_spawn(pid_t* Nuovo, const char* Percorso, const posix_spawn_file_actions_t* Azioni,
+                const posix_spawnattr_t* Attributi, char* const Argomenti[], char* const Ambiente[])
+{
+    static auto* Vero = Vera<decltype(posix_spawn)>("posix_spawn");
+    std::vector<std::string> Righe;
+    for (char* const* Una = Ambiente; *Una; ++Una)
+        Righe.emplace_back(*Una);
+    for (const char* Nome :
+         {"LD_PRELOAD", "ASAN_OPTIONS", "MORTE_SOTTO", "MORTE_ALLA", "MORTE_CONTA", "MORTE_PADRE"})
+        if (const char* Valore = std::getenv(Nome); Valore && !Attesa)
+            Righe.push_back(std::string(Nome) + '=' + Valore);
+    std::vector<char*> Suo;
+    for (std::string& Riga : Righe)
+        Suo.push_back(Riga.data());
+    Suo.push_back(nullptr);
+    return Vero(Nuovo, Percorso, Azioni, Attributi, Argomenti, Suo.data());
 }
 
 int fdatasync(int Fd)
