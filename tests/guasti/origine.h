@@ -57,6 +57,8 @@ inline const Origine& Vecchio()
         Conn.Esegui(QStringLiteral("UPDATE clienti SET Nominativo='x' || Nominativo, Citta='altrove'"));
         Fatta.Byte = Contenuto(File);
         Fatta.Giornale = Contenuto(File + QStringLiteral("-journal"));
+        if (!Fatta.Byte.contains("xCliente numero"))
+            qFatal("a write that was cut off and has changed nothing");
         Conn.Esegui(QStringLiteral("ROLLBACK"));
         return Fatta;
     }();

@@ -74,6 +74,34 @@ Trovato GuardaDeposito(const Posto& Dove, const Uscita&)
     return Cambiate == QStringList{u"Studio Bianchi"_s, QString(400, u'x')} ? Trovato::Nuovo : Trovato::Rotto;
 }
 
+/// The store as a loss of power has left it: all keys, and not its last line.
+const QByteArray& Mozzo()
+{
+    static const QByteArray Byte = [] {
+        const QString Cartella = NuovaCartella();
+        const Posto Qui{Cartella, Cartella};
+        PosaDeposito(Qui);
+        Usa(Qui);
+        SalvaImpostazione(u"StudioCitta"_s, u"Lucca"_s);
+        SalvaImpostazione(u"StudioCap"_s, u"55100"_s);
+        constexpr qsizetype Perduti = 3;
+        return Contenuto(FileDeposito(Qui)).chopped(Perduti);
+    }();
+    return Byte;
+}
+
+/// What was damaged stands in its place or beside it, once.
+Trovato GuardaMozzo(const Posto& Dove, const Uscita& Vista)
+{
+    const QString Messo = FileDeposito(Dove) + u".guasto"_s;
+    const bool Parte = QFile::exists(Messo);
+    if (Parte && Contenuto(Messo) != Mozzo())
+        return Trovato::Rotto;
+    if (Contenuto(FileDeposito(Dove)) == Mozzo())
+        return Trovato::Prima;
+    return Parte ? GuardaDeposito(Dove, Vista) : Trovato::Rotto;
+}
+
 /// The number that the session goes on with is the one that the next start will read.
 Trovato GuardaContatore(const Posto& Dove, const Uscita& Vista)
 {
@@ -136,6 +164,24 @@ QList<Scenario> ScenariImpostazioni()
                   .Guarda = GuardaDeposito,
                   .Ammessi = DelDeposito,
                   .InBreve = true});
+    Tutti.append({.Nome = u"impostazioni-guaste"_s,
+                  .Attese = DiUnFile + QList{Collega},
+                  .Prepara =
+                      [](const Posto& Dove) {
+                          QDir().mkpath(Dove.Cartella + u"Calcanova"_s);
+                          Posa(FileDeposito(Dove), Mozzo());
+                      },
+                  .Atto =
+                      [](const Posto& Dove, const std::function<void()>& Comincia) {
+                          Usa(Dove);
+                          Comincia();
+                          return Svolgi([] {
+                              SalvaImpostazioni({{u"StudioNome"_s, u"Studio Bianchi"_s},
+                                                 {u"StudioCitta"_s, QString(400, u'x')}});
+                          });
+                      },
+                  .Guarda = GuardaMozzo,
+                  .Ammessi = DelDeposito + QStringList{u"Calcanova/KR5\\.ini\\.guasto"_s}});
     Tutti.append({.Nome = u"impostazioni-prime"_s,
                   .Attese = DelNuovo + QList{registro::Cartella},
                   .Prepara = [](const Posto&) {},

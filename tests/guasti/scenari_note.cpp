@@ -186,7 +186,7 @@ QStringList Crea(const Posto& Dove)
 }
 
 /// A template from before the general expenses, read-only as templates are.
-void PosaAntica(const Posto& Dove)
+void PosaAntica(const Posto& Dove, bool Scrivibile)
 {
     static const QByteArray Antica = [] {
         const QString File = NuovaCartella() + u"antica.mdb"_s;
@@ -196,14 +196,14 @@ void PosaAntica(const Posto& Dove)
     }();
     const QString File = Dove.Cartella + u"antica.mdb"_s;
     Posa(File, Antica);
-    QFile::setPermissions(File, QFile::ReadOwner | QFile::ReadUser);
+    QFile::setPermissions(File, QFile::ReadOwner | (Scrivibile ? QFile::WriteOwner : QFile::Permissions()));
 }
 
 /// It can be read, and nobody has taken its attribute away.
-Trovato GuardaAntica(const Posto& Dove, const Uscita& Vista)
+Trovato GuardaAntica(const Posto& Dove, const Uscita& Vista, bool Scrivibile)
 {
     const QString File = Dove.Cartella + u"antica.mdb"_s;
-    if (!SolaLettura(File) || SolaLettura(Dove.Cartella))
+    if (SolaLettura(File) == Scrivibile || SolaLettura(Dove.Cartella))
         return Trovato::Rotto;
     // A look at it upgrades it, so the columns are counted first.
     Sessione({});
@@ -323,23 +323,25 @@ QList<Scenario> ScenariNote()
                   .Ammessi = {u"modello\\.mdb"_s},
                   .Spazza = [](const Posto& Dove) { TogliRestiDiNote(Dove.Cartella); },
                   .InBreve = true});
-    Tutti.append({.Nome = u"nota-antica"_s,
-                  .Attese = {Apri, Scrivi, Sincronizza, Chiudi, Leggi},
-                  .Prepara = PosaAntica,
-                  .Comando =
-                      [](const Posto& Dove) {
-                          return QStringList{ProgrammaDiProva() + u"calcanova-cli"_s,
-                                             u"--programma"_s,
-                                             ProgrammaDiProva(),
-                                             u"--utente"_s,
-                                             Dove.Fuori,
-                                             u"nota"_s,
-                                             Dove.Cartella + u"antica.mdb"_s};
-                      },
-                  .Guarda = GuardaAntica,
-                  .Ammessi = {u"antica\\.mdb"_s},
-                  .Spazza = [](const Posto& Dove) { TogliRestiDiNote(Dove.Cartella); },
-                  .DiPassaggio = true});
+    for (const bool Scrivibile : {false, true})
+        Tutti.append({.Nome = Scrivibile ? u"nota-antica-scrivibile"_s : u"nota-antica"_s,
+                      .Attese = {Apri, Scrivi, Sincronizza, Chiudi, Leggi},
+                      .Prepara = [=](const Posto& Dove) { PosaAntica(Dove, Scrivibile); },
+                      .Comando =
+                          [](const Posto& Dove) {
+                              return QStringList{ProgrammaDiProva() + u"calcanova-cli"_s,
+                                                 u"--programma"_s,
+                                                 ProgrammaDiProva(),
+                                                 u"--utente"_s,
+                                                 Dove.Fuori,
+                                                 u"nota"_s,
+                                                 Dove.Cartella + u"antica.mdb"_s};
+                          },
+                      .Guarda = [=](const Posto& Dove,
+                                    const Uscita& Vista) { return GuardaAntica(Dove, Vista, Scrivibile); },
+                      .Ammessi = {u"antica\\.mdb"_s},
+                      .Spazza = [](const Posto& Dove) { TogliRestiDiNote(Dove.Cartella); },
+                      .DiPassaggio = true});
     Tutti.append({.Nome = u"copia-prima"_s,
                   .Attese = {Apri, Scrivi, Sincronizza, Rinomina, Chiudi, registro::Cartella},
                   .Prepara = [](const Posto&) {},

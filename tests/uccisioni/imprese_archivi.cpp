@@ -12,6 +12,8 @@
 #include "addressbook/exchange/notevecchie.h"
 #include "addressbook/exchange/sorgente.h"
 #include "addressbook/modColonneFattura.h"
+#include "compagna/archivio.h"
+#include "feenote/companion/modPV2.h"
 #include "platform/accesso/accesso.h"
 #include "platform/accesso/copie.h"
 #include "platform/base/errore.h"
@@ -278,6 +280,42 @@ Impresa CopiaTenuta()
             .SoloChieste = true};
 }
 
+// ---- the companion's row ----------------------------------------------------------------------------
+
+/// Her own rows as they were, and of this matter none or the whole one.
+QString DifettoFattura(const QString& In, bool Finita)
+{
+    const Database Db = OpenDatabase(In + u"pratiche.mdb"_s, true);
+    if (Db.OpenRecordset(u"SELECT * FROM Fatture WHERE Rif='P7' AND CorriF=250.5"_s).RecordCount() != 1 ||
+        Db.OpenRecordset(u"Agenda"_s).RecordCount() != 1)
+        return u"perduto il resto"_s;
+    const Recordset Sua = Db.OpenRecordset(u"SELECT * FROM Fatture WHERE Rif='P12'"_s);
+    if (Sua.Eof() && !Finita)
+        return {};
+    return Sua.RecordCount() == 1 && Sua.Value(u"CorriF"_s).toDouble() == 1234.5 &&
+                   Sua.Value(u"NumF"_s).toString() == u"9" && Sua.Value(u"IDContab"_s).toInt() == 3
+               ? QString()
+               : u"%1 righe"_s.arg(Sua.RecordCount());
+}
+
+Impresa Consegnata()
+{
+    return {.Nome = u"fattura alla compagna"_s,
+            .Prepara = [](const QString& In) { CreaArchivioPratiche(In + u"pratiche.mdb"_s); },
+            .Fa =
+                [](const QString& In) {
+                    sessione::ArchivioPrat = In + u"pratiche.mdb"_s;
+                    sessione::RichiestaPV2.ID = u"P12"_s;
+                    MemorizzaUltimaStampa({1234.5, u"9"_s, u"22/11/2026"_s, false});
+                    if (!SalvaFatturaPV2(3))
+                        throw Errore(errori::Accesso);
+                },
+            .Difetto = [](const QString& In) { return DifettoFattura(In, false); },
+            .Rimane = {u"pratiche.mdb"_s},
+            .Infine = [](const QString& In) { return DifettoFattura(In, true); },
+            .DaCapo = true};
+}
+
 }  // namespace
 
 QList<Impresa> ImpreseArchivi()
@@ -336,5 +374,6 @@ QList<Impresa> ImpreseArchivi()
         Guardata(false),
         Guardata(true),
         CopiaTenuta(),
+        Consegnata(),
     };
 }

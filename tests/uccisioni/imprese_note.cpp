@@ -61,7 +61,11 @@ void LasciaAMeta(const QString& File)
         const Database Nota = OpenDatabase(File);
         const Transazione Aperta(Nota);
         Nota.Execute(u"PRAGMA cache_size=1"_s);
-        Nota.Execute(u"UPDATE ParcellaRighe SET Descr=printf('%.4000c', 'x')"_s);
+        // What the second one needs room for sends the pages of the first one to the disk.
+        Nota.Execute(u"UPDATE ParcellaRighe SET Descr='UNA RIGA'"_s);
+        Nota.Execute(u"UPDATE ParcellaParam SET Oggetto=printf('%.200000c', 'x')"_s);
+        if (!LeggiFile(File).contains("UNA RIGA"))
+            qFatal("a write that was cut off and has changed nothing");
         QFile::copy(File, Copia);
         QFile::copy(File + Giornale, Copia + Giornale);
     }
@@ -202,6 +206,42 @@ QList<Impresa> ImpreseNote()
              return NonUna(DettoDa(In + u"n.mdb"_s), {u"prima"_s});
          },
          {u"n.mdb"_s}},
+        {.Nome = u"modello salvato"_s,
+         .Prepara = [](const QString&) {},
+         .Fa =
+             [](const QString& In) {
+                 TogliRestiDiNote(In);
+                 if (!EsisteFile(In + u"m.mdb"_s))  // one that is there is never saved over
+                     ScriviNota(In + u"m.mdb"_s, NotaDetta(u"dopo"_s), true);
+             },
+         .Difetto =
+             [](const QString& In) {
+                 if (EsisteFile(In + u"m.mdb"_s) && !SolaLettura(In + u"m.mdb"_s))
+                     return u"senza il suo attributo"_s;
+                 return NonUna(DettoDa(In + u"m.mdb"_s), {u""_s, u"dopo"_s});
+             },
+         .Rimane = {u"m.mdb"_s},
+         .DaCapo = true},
+        {.Nome = u"nota di ieri"_s,
+         .Prepara =
+             [](const QString& In) {
+                 ScriviNota(In + u"n.mdb"_s, NotaDetta(u"prima"_s));
+                 EseguiSu(In + u"n.mdb"_s, u"ALTER TABLE ParcellaParam DROP COLUMN SpeseGen"_s);
+             },
+         .Fa =
+             [](const QString& In) {
+                 Parcella Letta;
+                 CaricaDati(Letta, In + u"n.mdb"_s);
+             },
+         .Difetto = [](const QString& In) { return NonUna(DettoDa(In + u"n.mdb"_s), {u"prima"_s}); },
+         .Rimane = {u"n.mdb"_s},
+         .Infine =
+             [](const QString& In) {
+                 const Database Nota = OpenDatabase(In + u"n.mdb"_s, true);
+                 return Nota.EsisteCampo(u"ParcellaParam"_s, u"SpeseGen"_s) ? QString() : u"non completata"_s;
+             },
+         .DaCapo = true,
+         .SoloChieste = true},
         {u"copia di recupero"_s,
          [](const QString& In) {
              sessione::UserFolder = In;

@@ -10,10 +10,12 @@
 #include "core/modLogo.h"
 #include "core/modTrasmissioni.h"
 #include "core/parametri.h"
+#include "feenote/modNumeraFattura.h"
 #include "platform/base/errore.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
+#include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/profilo.h"
 #include "update/scarico.h"
@@ -28,6 +30,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int PrimaFattura = 41;
 
 constexpr QFile::Permissions Altri =
     QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
@@ -79,6 +83,71 @@ QString DifettoNumeri(const QString& In)
         Dati.insert(Numero);
     }
     return {};
+}
+
+/// Proposes some numbers of invoices and moves the counter on, writing each down behind that.
+void PrendiFatture(const QString& In)
+{
+    Messaggi Voce;
+    Voce.Box = [](const QString&, int, const QString&) { return vbYes; };
+    InstallaMessaggi(std::move(Voce));
+    constexpr int Quanti = 4;
+    for (int i = 0; i < Quanti; ++i) {
+        sessione::ProgFatt = Impostazione(chiavi::ProgFatt.toString()).toInt();
+        AggiornaProgFatt();
+        QFile Presi(In + u"presi"_s);
+        if (!Presi.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
+            throw Errore(errori::Accesso);
+        Presi.write(QByteArray::number(sessione::ProgFatt) + '\n');
+    }
+}
+
+/// The counter went on, and never back.
+QString DifettoFatture(const QString& In)
+{
+    ConCasaIn(In);
+    if (Impostazione(u"StudioNome"_s) != u"Studio Rossi")
+        return u"impostazioni perdute"_s;
+    int Ultimo = PrimaFattura;
+    for (const QByteArray& Riga : LeggiFile(In + u"presi"_s).split('\n')) {
+        if (Riga.isEmpty())
+            continue;
+        if (Riga.toInt() <= Ultimo)
+            return u"%1 dietro %2"_s.arg(Riga.toInt()).arg(Ultimo);
+        Ultimo = Riga.toInt();
+    }
+    const int Ora = Impostazione(chiavi::ProgFatt.toString()).toInt();
+    return Ora < Ultimo ? u"il contatore torna a %1"_s.arg(Ora) : QString();
+}
+
+// ---- settings that were cut off ---------------------------------------------------------------------
+
+QString FileImpostazioni(const QString& In)
+{
+    return In + u"Calcanova/Uccise.ini"_s;
+}
+
+/// As a program without a sync left them.
+QByteArray Mozzate(const QString& In)
+{
+    ConCasaIn(In);
+    SalvaImpostazioni(u"prima"_s);
+    constexpr qsizetype Perduti = 3;
+    return LeggiFile(FileImpostazioni(In)).chopped(Perduti);
+}
+
+/// The former ones in their place or put aside, once, and the new ones whole.
+QString DifettoMozzate(const QString& In)
+{
+    static const QByteArray Prima = Mozzate(NuovaCartella());
+    ConCasaIn(In);
+    const QString Messe = FileImpostazioni(In) + u".guasto"_s;
+    if (EsisteFile(Messe) && (LeggiFile(Messe) != Prima || (QFile::permissions(Messe) & Altri)))
+        return u"messo da parte altro, o per tutti"_s;
+    if (LeggiFile(FileImpostazioni(In)) == Prima)
+        return {};
+    return EsisteFile(Messe) ? NonUna(ImpostazioniTrovate(), {u"dopo/dopo/dopod"_s})
+                             : u"perdute quelle di prima"_s;
 }
 
 // ---- the last calculations --------------------------------------------------------------------------
@@ -319,6 +388,28 @@ QList<Impresa> ImpreseProgramma()
              return NonUna(ImpostazioniTrovate(), {u"prima/prima/prima"_s, u"dopo/dopo/dopod"_s});
          },
          {u"Calcanova"_s, u"Calcanova/Uccise.ini"_s}},
+        {.Nome = u"impostazioni guaste"_s,
+         .Prepara =
+             [](const QString& In) {
+                 const QByteArray Prima = Mozzate(In);
+                 ScriviFile(FileImpostazioni(In), Prima);
+             },
+         .Fa = [](const QString&) { SalvaImpostazioni(u"dopo"_s); },
+         .Difetto = DifettoMozzate,
+         .Rimane = {u"Calcanova"_s, u"Calcanova/Uccise.ini"_s, u"Calcanova/Uccise.ini.guasto"_s},
+         .DaCapo = true},
+        {.Nome = u"numero di fattura"_s,
+         .Prepara =
+             [](const QString& In) {
+                 ConCasaIn(In);
+                 ::SalvaImpostazioni({{u"StudioNome"_s, u"Studio Rossi"_s},
+                                      {chiavi::ProgFatt.toString(), QString::number(PrimaFattura)}});
+                 ScriviFile(In + u"presi"_s, {});
+             },
+         .Fa = PrendiFatture,
+         .Difetto = DifettoFatture,
+         .Rimane = {u"Calcanova"_s, u"Calcanova/KR5.ini"_s, u"presi"_s},
+         .SoloChieste = true},
         {u"kr5.ini"_s,
          [](const QString& In) {
              (void)WritePrivateProfileString(u"desktop"_s, u"L1"_s, u"prima"_s, In + u"kr5.ini"_s);
