@@ -292,7 +292,12 @@ bool ImportaNominativi::Scrivi(const QString& Sorgente, const Avanzamento& Prose
         Tutto.Conferma();
     }
     Copia = Conservata.Tieni();
-    Versione = Archivio.Versione();
+    // The names are in the archive: a disk that fails from here on has refused nothing of the import.
+    try {
+        Versione = Archivio.Versione();
+    } catch (const Errore&) {
+        Versione.reset();
+    }
     return true;
 }
 
