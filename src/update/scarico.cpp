@@ -226,6 +226,12 @@ EsitoScarico ScaricaProgramma(const Annuncio& Trovato, const PassoAggiornamento&
     return Tenta([&] { return Programma(Trovato, Passo); });
 }
 
+QString FraseDownloadFallito(const QString& Nome, const QString& Dettaglio)
+{
+    return u"Errore di download del file di aggiornamento %1 (%2). Contatattare l'assistenza."_s.arg(
+        Nome, Dettaglio);
+}
+
 QString DifettoFile(const Annuncio& Trovato, const QString& Nome, const QString& File)
 {
     const FileElencato* Voce = Trovato.Lette.Elencato(Nome);

@@ -30,6 +30,13 @@ struct EsitoScarico
 /// already and whole is not brought again.
 [[nodiscard]] EsitoScarico ScaricaProgramma(const Annuncio& Trovato, const PassoAggiornamento& Passo = {});
 
+/// "Errore di download del file di aggiornamento <name> (<why>). ..."
+[[nodiscard]] QString FraseDownloadFallito(const QString& Nome, const QString& Dettaglio);
+
+/// What is said of rates that could not be brought; why has no room in it.
+inline constexpr QStringView FraseTassiFalliti =
+    u"Errore di download dell'archivio indici interessi. Contatattare l'assistenza.";
+
 /// Whether a file is still the one that the list vouches for; asked once more right before it is started.
 /// @return what is wrong with it, empty: nothing
 [[nodiscard]] QString DifettoFile(const Annuncio& Trovato, const QString& Nome, const QString& File);

@@ -2,6 +2,7 @@
 
 #include "platform/base/numerierrore.h"
 #include "platform/system/sincrono.h"
+#include "supporto/inglese.h"
 #include "supporto/prova.h"
 
 #include <QDateTime>
@@ -101,15 +102,16 @@ void Avvia(const QStringList& Comando, const Posto& Dove, const QString& FileCon
     ::execv(Argomenti[0], Argomenti.data());
 }
 
-/// A sentence that an Italian user can read. What a library says in its own language is none.
+/// A sentence that an Italian user can read: some words, none of them English. What a library says of its own
+/// classes is none.
 bool InItaliano(const QString& Frasi)
 {
+    constexpr qsizetype Parole = 3;
+    static const QRegularExpression Parola(u"(?<![\\w/.])\\p{L}{2,}(?![\\w/])"_s);
+    static const QRegularExpression Classe(u"\\bQ[A-Z][a-z]+"_s);
+    const auto Detta = [](const QString& Riga) { return Riga.count(Parola) >= Parole; };
     const QStringList Righe = Frasi.split(u'\n', Qt::SkipEmptyParts);
-    const bool Straniera = std::ranges::any_of(Righe, [](const QString& Riga) {
-        return Riga.startsWith(u"Could not") || Riga.contains(u"QLockFile") || Riga.contains(u"QSaveFile") ||
-               Riga.contains(u"QFile::") || Riga.contains(u"No such file");
-    });
-    return !Righe.isEmpty() && !Straniera;
+    return std::ranges::any_of(Righe, Detta) && ParoleInglesi(Frasi).isEmpty() && !Frasi.contains(Classe);
 }
 
 /// A flush that may fail without a word: that of a lock, which says nothing after a loss of power, and that
@@ -166,6 +168,7 @@ void Conteggia(Somme& Tutto, const Giudizio& Questo)
     Tutto.Taciuti += !Questo.Taciuto.isEmpty();
     Tutto.Negati += !Questo.Negato.isEmpty();
     Tutto.Muti += !Questo.Muto.isEmpty();
+    Tutto.SenzaFrase += Questo.SenzaFrase;
     Tutto.Resti += !Questo.Resti.isEmpty();
     Tutto.Bloccati += !Questo.Bloccato.isEmpty();
 }
@@ -174,7 +177,7 @@ QString RigaDiTabella(const QString& Scenario, const QString& Chiamata, const So
 {
     QString Riga = Scenario.leftJustified(20) + u' ' + Chiamata.leftJustified(10);
     for (const int Numero :
-         {S.Prove, S.Prima, S.Nuovo, S.Rotti, S.Taciuti, S.Negati, S.Muti, S.Resti, S.Bloccati})
+         {S.Prove, S.Prima, S.Nuovo, S.Rotti, S.Taciuti, S.Negati, S.Muti, S.SenzaFrase, S.Resti, S.Bloccati})
         Riga += QString::number(Numero).rightJustified(8);
     return Riga;
 }
@@ -369,7 +372,8 @@ Giudizio Banco::Giudica(const Guasto& Come, const Uscita& Vista, const QStringLi
         Questo.Negato = u"detto non fatto, ed è"_s;
     else if (!std::ranges::all_of(AlSuoPosto, Ce))
         Questo.Negato = u"detto al suo posto, e non è"_s;
-    if (!Detto && Questo.Rotto.isEmpty() && !InItaliano(Vista.Frasi))
+    Questo.SenzaFrase = !Detto && Cosa.SenzaFrase && Vista.Frasi.isEmpty();
+    if (!Detto && Questo.Rotto.isEmpty() && !Questo.SenzaFrase && !InItaliano(Vista.Frasi))
         Questo.Muto = u"nessuna frase italiana"_s;
     else if (!Detto && Cosa.DicePerche && std::strcmp(Come.Errore, "ENOSPC") == 0 &&
              !Vista.Frasi.contains(DescrizioneErrore(errori::DiscoPieno)))
@@ -462,7 +466,7 @@ int EseguiScenari(const QList<Scenario>& Tutti, bool Breve, const QStringList& S
     Somme Intere;
     QString Testata = u"scenario"_s.leftJustified(21) + u"chiamata"_s.leftJustified(10);
     for (const QString& Colonna : {u"prove"_s, u"prima"_s, u"nuovo"_s, u"rotti"_s, u"taciuti"_s, u"negati"_s,
-                                   u"muti"_s, u"resti"_s, u"bloc."_s})
+                                   u"muti"_s, u"s.frase"_s, u"resti"_s, u"bloc."_s})
         Testata += Colonna.rightJustified(8);
     Stampa(Testata);
     for (const Scenario& Cosa : Tutti) {
@@ -485,7 +489,7 @@ int EseguiScenari(const QList<Scenario>& Tutti, bool Breve, const QStringList& S
             Sbagliate += int(Fatta.Difetti.size());
             for (const auto Membro :
                  {&Somme::Prove, &Somme::Prima, &Somme::Nuovo, &Somme::Rotti, &Somme::Taciuti, &Somme::Negati,
-                  &Somme::Muti, &Somme::Resti, &Somme::Bloccati})
+                  &Somme::Muti, &Somme::SenzaFrase, &Somme::Resti, &Somme::Bloccati})
                 Intere.*Membro += Fatta.Tutto.*Membro;
         }
     }

@@ -61,6 +61,8 @@ struct Scenario
     /// Its sentence is given and tells no more: where the disk fails for ever, what stands there cannot be
     /// taken back.
     bool FraseFissa = false;
+    /// What it does answers by a value and says nothing itself; the reason stands by the scenario.
+    bool SenzaFrase = false;
     /// The warning of what is done in spite of a disk that has refused a part of it.
     QString Avverte = {};
 };
@@ -77,12 +79,13 @@ struct Guasto
 struct Giudizio
 {
     Trovato Stato = Trovato::Prima;
-    QString Rotto;     ///< neither the former nor the new, a crash, a hang
-    QString Taciuto;   ///< said to be done and is not
-    QString Negato;    ///< said not to be done, and stands there all the same
-    QString Muto;      ///< refused without a sentence in Italian
-    QString Resti;     ///< left beside, and not swept by the next attempt
-    QString Bloccato;  ///< the next attempt, without a fault, fails
+    QString Rotto;            ///< neither the former nor the new, a crash, a hang
+    QString Taciuto;          ///< said to be done and is not
+    QString Negato;           ///< said not to be done, and stands there all the same
+    QString Muto;             ///< refused without a sentence in Italian
+    bool SenzaFrase = false;  ///< refused, and no sentence was asked for
+    QString Resti;            ///< left beside, and not swept by the next attempt
+    QString Bloccato;         ///< the next attempt, without a fault, fails
 
     [[nodiscard]] QStringList Difetti() const;
 };
@@ -97,6 +100,7 @@ struct Somme
     int Taciuti = 0;
     int Negati = 0;
     int Muti = 0;
+    int SenzaFrase = 0;
     int Resti = 0;
     int Bloccati = 0;
 };

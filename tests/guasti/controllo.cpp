@@ -22,12 +22,12 @@ const QByteArray Nuovo(5000, 'n');
 /// How a file is written by whoever takes no care, or takes it.
 struct Modi
 {
-    bool SulPosto = false;       ///< the former file goes before the new one is whole
-    bool SenzaGuardare = false;  ///< what a write answers does not count
-    bool SenzaDisco = false;     ///< nor what the flush answers
-    bool Lascia = false;         ///< a file beside stays after a failure
-    bool Zitto = false;          ///< a failure is told by nothing but the status
-    bool InInglese = false;
+    bool SulPosto = false;                          ///< the former file goes before the new one is whole
+    bool SenzaGuardare = false;                     ///< what a write answers does not count
+    bool SenzaDisco = false;                        ///< nor what the flush answers
+    bool Lascia = false;                            ///< a file beside stays after a failure
+    bool Zitto = false;                             ///< a failure is told by nothing but the status
+    const char* Dice = "Errore: disco pieno (61)";  ///< a failure
     bool Nega = false;     ///< refuses for the folder's flush, when the new file stands already
     bool Altrove = false;  ///< nothing is written here at all
 };
@@ -40,8 +40,7 @@ int ScriviFile(const Posto& Dove, const Modi& Come)
         if (!Come.Lascia && !Come.SulPosto)
             ::unlink(Accanto.constData());
         if (!Come.Zitto)
-            std::fprintf(stderr, "%s\n",
-                         Come.InInglese ? "Could not write the file" : "Errore: disco pieno (61)");
+            std::fprintf(stderr, "%s\n", Come.Dice);
         return 1;
     };
     const int Aperto = ::open(Accanto.constData(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
@@ -92,6 +91,12 @@ Scenario Con(const QString& Nome, const Modi& Come,
             .Ammessi = {u"file"_s}};
 }
 
+Scenario SenzaFrase(Scenario Cosa)
+{
+    Cosa.SenzaFrase = true;
+    return Cosa;
+}
+
 /// What is wrong with the first call of a kind failing.
 QStringList Difetti(const Scenario& Cosa, const Guasto& Come)
 {
@@ -132,7 +137,16 @@ QStringList ControllaBanco()
          u"detto non fatto, ed è"_s},
         {Con(u"lascia resti"_s, {.Lascia = true}), Disco, u"restano file.nuovo"_s},
         {Con(u"tace"_s, {.Zitto = true}), Disco, u"nessuna frase italiana"_s},
-        {Con(u"parla inglese"_s, {.InInglese = true}), Disco, u"nessuna frase italiana"_s},
+        {Con(u"parla inglese"_s, {.Dice = "Could not write the file"}), Disco, u"nessuna frase italiana"_s},
+        {Con(u"parla mezzo inglese"_s, {.Dice = "Errore di scrittura: database disk image missing (61)"}),
+         Disco, u"nessuna frase italiana"_s},
+        {Con(u"nomina la libreria"_s, {.Dice = "Il salvataggio di QSaveFile non va"}), Disco,
+         u"nessuna frase italiana"_s},
+        {Con(u"dice un numero"_s, {.Dice = "Errore: /casa/di lui/nota.mdb (61)"}), Disco,
+         u"nessuna frase italiana"_s},
+        {SenzaFrase(Con(u"può tacere"_s, {.Zitto = true})), Disco, {}},
+        {SenzaFrase(Con(u"può tacere e parla inglese"_s, {.Dice = "Could not write the file"})), Disco,
+         u"nessuna frase italiana"_s},
         {Con(u"non passa di qui"_s, {.Altrove = true}), Disco,
          u"non passa di qui: nessuna chiamata di open"_s},
         {Con(u"non aspetta niente"_s, {}, {}), Disco, u"non aspetta niente: non aspetta nessuna chiamata"_s},

@@ -13,6 +13,12 @@
 [[nodiscard]] QList<Scenario> ScenariUscite();
 [[nodiscard]] QList<Scenario> ScenariNellaNota();
 
+/// Thrown by an act whose program answers by a value.
+struct Rifiuto
+{
+    QString Frase;  ///< the program's own words, which its window shows; empty: it has none
+};
+
 /// Runs an act as the command line runs a command: what is critical goes to the error stream and is a
 /// failure, a question is answered Yes, an input box with `Risposta`.
 /// @return 0 when nothing was refused

@@ -71,12 +71,6 @@ void Sgombra(const Posto& Dove)
     TogliAvanzi();
 }
 
-void Pretendi(const EsitoScarico& Esito)
-{
-    if (!Esito.Riuscito())
-        throw Errore(errori::Imprevisto, Esito.Dettaglio);
-}
-
 void PosaTassi(const Posto& Dove)
 {
     const QString File = Dove.Cartella + u"Tassi.dat"_s;
@@ -115,7 +109,8 @@ Scenario PortaTassi(const QString& Nome, Provenienza (*Da)())
                     return Svolgi([&] {
                         // Whoever tries again where the new one has come finds nothing to bring.
                         if (Contenuto(Dove.Cartella + u"Tassi.dat"_s) != Nuovi())
-                            Pretendi(ScaricaTassi(Trovato));
+                            if (const EsitoScarico Esito = ScaricaTassi(Trovato); !Esito.Riuscito())
+                                throw Rifiuto{FraseTassiFalliti.toString() + u'\n' + Esito.Dettaglio};
                     });
                 },
             .Guarda = GuardaTassi,
@@ -133,7 +128,10 @@ Scenario PortaProgramma(const QString& Nome, Provenienza (*Da)())
                 [Da](const Posto& Dove, const std::function<void()>& Comincia) {
                     const Annuncio Trovato = Annunciato(Dove, Da());
                     Comincia();
-                    return Svolgi([&] { Pretendi(ScaricaProgramma(Trovato)); });
+                    return Svolgi([&] {
+                        if (const EsitoScarico Esito = ScaricaProgramma(Trovato); !Esito.Riuscito())
+                            throw Rifiuto{FraseDownloadFallito(NomeInstallatore(Trovato), Esito.Dettaglio)};
+                    });
                 },
             .Guarda =
                 [](const Posto& Dove, const Uscita&) {
@@ -168,8 +166,7 @@ QList<Scenario> ScenariAggiornamenti()
                           return Svolgi([&] {
                               Annuncio Trovato;
                               if (!ControlloVersioni(DaUnaCartella(), true, Trovato))
-                                  throw Errore(errori::Imprevisto,
-                                               u"Il controllo non è riuscito: "_s + Trovato.Difetto);
+                                  throw Rifiuto{Trovato.Difetto};
                           });
                       },
                   .Guarda =
@@ -181,7 +178,9 @@ QList<Scenario> ScenariAggiornamenti()
                                                                                      : Trovato::Rotto;
                       },
                   .Ammessi = {u"versioni\\.txt"_s},
-                  // What was announced is asked again at the next start.
-                  .SenzaPromessa = true});
+                  // What was announced is asked again at the next start, and of the check alone a refusal
+                  // speaks: the list may have come.
+                  .SenzaPromessa = true,
+                  .DiPassaggio = true});
     return Tutti;
 }

@@ -133,7 +133,7 @@ void Importa(const Posto& Dove)
     ImportaNominativi Opera(Db, u"clienti"_s, DaImportare(),
                             AbbinaColonne(DaImportare().Titoli, Db.Campi(u"clienti"_s)), Doppioni::Salta);
     if (!Opera.Prepara() || !Opera.Scrivi(u"nomi.csv"_s))
-        throw Errore(errori::Imprevisto);
+        throw Rifiuto();
 }
 
 /// An import that is in the archive has its way back, whatever was said of it, and the copy is the archive of

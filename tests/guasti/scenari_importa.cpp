@@ -66,7 +66,7 @@ Scenario Prendi(bool DiAccess)
                 // Whoever finds it there does not take it again.
                 return Svolgi([&] {
                     if (!EsisteFile(A(Dove)) && !PrendiArchivio(Da(Dove), Dove.Cartella + u"studio/"_s))
-                        throw Errore(errori::Imprevisto);
+                        throw Rifiuto();
                 });
             },
         .Guarda = [=](const Posto& Dove, const Uscita&) { return GuardaCopia(Da(Dove), A(Dove), DiAccess); },
@@ -94,10 +94,10 @@ Scenario CopiaVecchie(bool DiAccess)
                 return Svolgi([&] {
                     const auto Esiti = CopiaNote(Dove.Cartella + u"vecchie"_s, Dove.Cartella + u"nuove"_s);
                     if (!Esiti)
-                        throw Errore(errori::Imprevisto);
+                        throw Rifiuto();
                     for (const EsitoNota& Esito : *Esiti)
                         if (!Esito.Copiata && !Esito.Detto.startsWith(u"c'è già"))
-                            throw Errore(errori::Accesso, u"non copiata: "_s + Esito.Detto);
+                            throw Rifiuto{Esito.Detto};
                 });
             },
         .Guarda = [=](const Posto& Dove, const Uscita&) { return GuardaCopia(Da(Dove), A(Dove), DiAccess); },

@@ -227,13 +227,15 @@ QList<Scenario> ScenariImpostazioni()
                           Comincia();
                           return Svolgi([] {
                               if (!ScriviIconeUtente(IconeNuove()))
-                                  throw Errore(errori::Accesso, u"Errore scrittura .ini"_s);
+                                  throw Rifiuto();
                           });
                       },
                   .Guarda = GuardaIcone,
                   .Ammessi = {u"kr5\\.ini"_s},
                   .InBreve = true,
-                  .FraseFissa = true});
+                  .FraseFissa = true,
+                  // The form of the settings says it.
+                  .SenzaFrase = true});
     Tutti.append({.Nome = u"avvisokr5.ini"_s,
                   .Attese = DelNuovo,
                   .Prepara = [](const Posto&) {},
@@ -244,7 +246,7 @@ QList<Scenario> ScenariImpostazioni()
                           return Svolgi([&] {
                               if (!CIni().WriteINI(u"avvisokr5"_s, u"letto"_s, u"22/11/2026"_s,
                                                    u"avvisokr5.ini"_s, Dove.Cartella))
-                                  throw Errore(errori::Accesso, u"Errore scrittura .ini"_s);
+                                  throw Rifiuto();
                           });
                       },
                   .Guarda =
@@ -255,6 +257,8 @@ QList<Scenario> ScenariImpostazioni()
                           return Contenuto(File) == "[avvisokr5]\r\nletto=22/11/2026\r\n" ? Trovato::Nuovo
                                                                                           : Trovato::Rotto;
                       },
-                  .Ammessi = {u"avvisokr5\\.ini"_s}});
+                  .Ammessi = {u"avvisokr5\\.ini"_s},
+                  // Whoever has read a notice loses nothing by seeing it once more, so nobody says it.
+                  .SenzaFrase = true});
     return Tutti;
 }

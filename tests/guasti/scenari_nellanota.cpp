@@ -126,15 +126,16 @@ Scenario InPosto(const QString& Nome, bool Segnata,
                     Cambia(Sua);
                     Comincia();
                     return Svolgi([&] {
-                        // The window says nothing: the note keeps its mark of unsaved changes.
                         if (Scrivi(Sua, [] { return true; }) != EsitoStato::Scritto)
-                            throw Errore(errori::Accesso, u"La parcella resta da salvare"_s);
+                            throw Rifiuto();
                     });
                 },
             .Guarda = [=](const Posto& Dove, const Uscita&) { return nellanota::Guarda(Dove, Prima, Nuovo); },
             .Ammessi = {u"(nota|salvata)\\.mdb"_s},
             .Spazza = [](const Posto& Dove) { TogliRestiDiNote(Dove.Cartella); },
-            .InBreve = !Segnata};
+            .InBreve = !Segnata,
+            // The window says nothing: the note keeps its mark of unsaved changes.
+            .SenzaFrase = true};
 }
 
 Scenario Separa()

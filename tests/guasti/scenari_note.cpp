@@ -46,6 +46,10 @@ int Svolgi(const std::function<void()>& Fai, const QString& Risposta)
     attese::TurnoMs = 100;
     try {
         Fai();
+    } catch (const Rifiuto& Suo) {
+        Rifiutato = true;
+        if (!Suo.Frase.isEmpty())
+            Di(Suo.Frase);
     } catch (...) {
         const Errore Guasto = ErroreCorrente();
         Di(u"Errore: %1 (%2)"_s.arg(Guasto.Descrizione).arg(Guasto.Numero));

@@ -17,7 +17,6 @@
 #include <QApplication>
 #include <QCursor>
 #include <QMessageBox>
-#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -52,22 +51,6 @@ QString FinestreGuaste()
     if (QGuiApplication::overrideCursor())
         return u"puntatore di attesa rimasto acceso"_s;
     return {};
-}
-
-QStringList ParoleInglesi(const QString& Testo)
-{
-    // Words that no Italian sentence has; names of files and of programs have none of them either.
-    static const QRegularExpression Inglese(
-        u"\\b(the|and|not|cannot|could|failed|failure|unable|unknown|invalid|denied|missing|error|warning|"
-        "open|save|close|cancel|yes|retry|abort|ignore|discard|apply|reset|help|details|copy|paste|delete|"
-        "undo|"
-        "redo|select all|name|size|type|folder|directory|permission|found|already|exists)\\b"_s,
-        QRegularExpression::CaseInsensitiveOption);
-    QStringList Trovate;
-    auto Cammino = Inglese.globalMatch(QString(Testo).remove(u'&'));
-    while (Cammino.hasNext())
-        Trovate += Cammino.next().captured();
-    return Trovate;
 }
 
 QString Differenza(const QByteArray& Finestra, const QByteArray& File)

@@ -11,9 +11,6 @@
 /// outermost loop, where nobody is in the middle of anything.
 [[nodiscard]] QString FinestreGuaste();
 
-/// The English words of a text that a user reads.
-[[nodiscard]] QStringList ParoleInglesi(const QString& Testo);
-
 /// Follows the notes on view: each that was saved is read back, and must be the one that its window shows.
 class NoteSalvate
 {

@@ -17,6 +17,7 @@
 #include "scimmia/recinto.h"
 #include "scimmia/scimmia.h"
 #include "scimmia/tempo.h"
+#include "supporto/inglese.h"
 #include "supporto/prova.h"
 
 #include <QDir>

@@ -283,7 +283,7 @@ bool frmUpgrade::AggiornaTassi()
         ui->lblStatus->setText(ui->lblStatus->text() + u": "_s + Esito.Dettaglio);
         if (Esito.Annullato)
             return false;
-        MsgErrore(u"Errore di download dell'archivio indici interessi. Contatattare l'assistenza."_s);
+        MsgErrore(FraseTassiFalliti.toString());
         return true;
     }
     TassiNuovi = false;

@@ -36,12 +36,6 @@ int Apri(const QString& File)
 
 }  // namespace
 
-QString FraseDownloadFallito(const QString& Nome, const QString& Dettaglio)
-{
-    return u"Errore di download del file di aggiornamento %1 (%2). Contatattare l'assistenza."_s.arg(
-        Nome, Dettaglio);
-}
-
 bool SiInstallaDaSe(const QString& File)
 {
     return !EPacchetto(File) || HaProgramma(File);

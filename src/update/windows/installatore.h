@@ -3,9 +3,6 @@
 
 #include "update/modAggiorna.h"
 
-/// "Errore di download del file di aggiornamento <name> (<why>). ..."
-[[nodiscard]] QString FraseDownloadFallito(const QString& Nome, const QString& Dettaglio);
-
 /// Whether the program itself can go on from an installer that it has: false for a package on a system that
 /// has no program for packages, where the user is given a command.
 [[nodiscard]] bool SiInstallaDaSe(const QString& File);
