@@ -215,7 +215,9 @@ Scenario SuUnGiornale()
             .Guarda =
                 [](const Posto& Dove, const Uscita&) {
                     const auto Ora = Detto(Nota(Dove));
-                    return Ora == u"Fatturata/"_s + XmlScritto ? Trovato::Nuovo
+                    // Beside the new one a journal of the former would have nothing to do.
+                    const bool Resta = EsisteFile(Nota(Dove) + u"-journal"_s);
+                    return Ora == u"Fatturata/"_s + XmlScritto ? (Resta ? Trovato::Rotto : Trovato::Nuovo)
                            : Ora == u"Bozza/"_s                ? Trovato::Prima
                                                                : Trovato::Rotto;
                 },
