@@ -29,8 +29,11 @@ public:
     void ConservaLogo();
     /// What is to be stored; the logo's copy was stored before.
     [[nodiscard]] ValoriScheda Valori() const;
-    /// Another logo, or none, was chosen here.
-    [[nodiscard]] bool LogoCambiato() const { return Png != PngLetto; }
+    /// Another logo, or none, was chosen here; none may also be chosen where the stored one is out of reach.
+    [[nodiscard]] bool LogoCambiato() const
+    {
+        return Png != PngLetto || (Png.isEmpty() && !Impronta.isEmpty() && !Difetto);
+    }
 
 private:
     void cmdLogo_Click();

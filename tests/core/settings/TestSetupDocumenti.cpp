@@ -265,11 +265,19 @@ void TestSetupDocumenti::ilLogoRestaDoveIlSuoNomeSiLeggeMale()
         QCOMPARE(Copie().size(), 1);
         QCOMPARE(Scena::Parametro(chiavi::LogoImpronta.toString()), Guasta);
     }
-    // What the user takes away goes.
+    // What the user takes away goes, and not by the way: on no document there is nothing else that changes.
+    Posto()->setCurrentIndex(0);
+    T->Memorizza(Box);
     T->Premi(u"cmdTogliLogo"_s);
+    Box.Attendi(u"Le modifiche alle impostazioni non sono state memorizzate.\nChiudere senza memorizzarle?"_s,
+                vbNo, u"Domanda:"_s);
+    QTest::keyClick(T->Modulo, Qt::Key_Escape);
+    QVERIFY(T->Modulo->isVisible());
     T->Memorizza(Box);
     QCOMPARE(Copie(), QStringList());
     QCOMPARE(Scena::Parametro(chiavi::LogoImpronta.toString()), QString());
+    QTest::keyClick(T->Modulo, Qt::Key_Escape);
+    QVERIFY(!T->Modulo->isVisible());
 }
 
 /// The save that makes damaged settings whole, and those behind it, delete no picture that nobody has given
