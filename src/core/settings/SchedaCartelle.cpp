@@ -228,7 +228,10 @@ void SchedaCartelle::cmdCrea_Click(int Quale)
 {
     const QString Cartella = (ui.get()->*Percorsi.at(size_t(Quale)).Campo)->text().trimmed();
     // Without "Modelli" the templates would go beside the program.
-    Protetta([&] { CreaCartellaDiUtente(Quale == Parcelle ? Barra(Cartella) + u"Modelli"_s : Cartella); });
+    const bool Fatta = Protetta(
+        [&] { CreaCartellaDiUtente(Quale == Parcelle ? Barra(Cartella) + u"Modelli"_s : Cartella); });
+    if (Fatta)
+        Ripieghi.at(size_t(Quale)).clear();  // who makes a folder wants this one
     Cambiate.insert(Quale);
     SegnaMancanti();
     (ui.get()->*Percorsi.at(size_t(Quale)).Campo)->setFocus();

@@ -10,6 +10,8 @@
 #include "supporto/danni.h"
 #include "supporto/guasti.h"
 
+#include <QScopeGuard>
+
 #include <memory>
 
 class TestImpostazioniGuasteAllAvvio : public QObject
@@ -28,6 +30,7 @@ private Q_SLOTS:
     void unPercorsoDiRipiegoNonSiConserva();
     void ilRipiegoConfermatoSiConserva_data();
     void ilRipiegoConfermatoSiConserva();
+    void laCartellaCreataSiConserva();
     void unPrimoUsoNonDiceNulla();
 
 private:
@@ -259,6 +262,27 @@ void TestImpostazioniGuasteAllAvvio::ilRipiegoConfermatoSiConserva()
         QCOMPARE(Box.UltimoTesto(), u"Le impostazioni sono state memorizzate!"_s);
         QCOMPARE(Scena::Parametro(u"ArchivioCliCon"_s), Archivio);
     }
+}
+
+/// The folder of notes that is proposed where none is known is chosen by whoever has it made.
+void TestImpostazioniGuasteAllAvvio::laCartellaCreataSiConserva()
+{
+    Rovina(Scena::FileImpostazioni(), Svuotato);
+    Registratore Box;
+    Box.Tollera();
+    Main(u"-low"_s);
+    T->Apri(frmSetup::SchedaSetup);
+    const QString Proposta = T->Campo(u"txtParcellePath"_s)->text();
+    QVERIFY(!EsisteCartella(Proposta));
+    const auto Via = qScopeGuard([&] { QDir(Proposta).removeRecursively(); });
+    Memorizza();
+    QCOMPARE(Scena::Parametro(u"ParcellePath"_s), QString());
+    T->Modulo->ChangeTab(frmSetup::SchedaSetup);
+    QTRY_VERIFY(T->Trova<QWidget>(u"cmdCrea_2"_s)->isVisible());
+    T->Premi(u"cmdCrea_2"_s);
+    QVERIFY(EsisteCartella(Proposta));
+    Memorizza();
+    QCOMPARE(Scena::Parametro(u"ParcellePath"_s), Proposta);
 }
 
 void TestImpostazioniGuasteAllAvvio::unPrimoUsoNonDiceNulla()
