@@ -156,18 +156,17 @@ bool HaPerso(const DepositoGuasto& Guasto)
     return Guasto.Genere == GuastoDeposito::Vuoto || Guasto.Genere == GuastoDeposito::Rovinato;
 }
 
-/// Whether to store the counters that damaged settings do not give, with what would be stored.
-QString DomandaPersi(bool DiFattura, bool DiFile, QStringList Numeri)
+/// Whether to store the counters that damaged settings do not give.
+/// @param Numero what would be stored: of both the same
+QString DomandaPersi(bool DiFattura, bool DiFile, const QString& Numero)
 {
-    Numeri.removeDuplicates();
     QString Quali = u"i numeri dell'ultima fattura e dell'ultimo file XML non si leggono"_s;
     if (!DiFile)
         Quali = u"il numero dell'ultima fattura non si legge"_s;
     else if (!DiFattura)
         Quali = u"il numero dell'ultimo file XML non si legge"_s;
     return u"Nelle impostazioni danneggiate %1: con %2 si potrebbero ripetere numeri già usati.\n"
-           "%3 ugualmente?"_s.arg(Quali, Numeri.join(u" e "_s),
-                                  DiFattura && DiFile ? u"Memorizzarli"_s : u"Memorizzarlo"_s);
+           "%3 ugualmente?"_s.arg(Quali, Numero, DiFattura && DiFile ? u"Memorizzarli"_s : u"Memorizzarlo"_s);
 }
 
 /// The text of a key; none where the form does not write it.
@@ -441,21 +440,21 @@ bool frmSetup::ConfermaPersi()
                : !LettoDanneggiato && EsisteFile(PercorsoImpostazioni(NomeApplicazione.toString())))
         return true;
     const ValoriScheda Ora = Valori();
-    QStringList Numeri;
+    QString Mostrato;
     const auto Perso = [&](QStringView Quale) {
         const QString Chiave = Quale.toString();
         const std::optional<QString> Numero = ValoreDi(Ora, Chiave);
         if (!ContatoriPersi.contains(Chiave) || Numero != ValoreDi(Letti, Chiave) ||
             !Impostazione(Chiave).trimmed().isEmpty())
             return false;
-        Numeri += Numero.value_or(QString());
+        Mostrato = Numero.value_or(QString());
         return true;
     };
     const bool DiFattura = Perso(chiavi::ProgFatt);
     const bool DiFile = Perso(chiavi::ProgTrasm);
     if (!DiFattura && !DiFile)
         return true;
-    if (MsgBox(DomandaPersi(DiFattura, DiFile, Numeri), vbYesNo | vbQuestion | vbDefaultButton2,
+    if (MsgBox(DomandaPersi(DiFattura, DiFile, Mostrato), vbYesNo | vbQuestion | vbDefaultButton2,
                TitoloDomanda.toString()) == vbYes)
         return true;
     return DiFattura ? Porta(SchedaDatiContabili, Contabili->CasellaNumero())
