@@ -55,6 +55,7 @@ private Q_SLOTS:
     void laChiusuraLaChiede();
     void unAltroDocumentoNonLaConclude_data();
     void unAltroDocumentoNonLaConclude();
+    void ilGuastoDiUnAltroDocumentoNonLaConclude();
     void lEditorNonApreIlDocumentoDiPrima();
     void lEditorTornaAlDocumentoAperto();
     void lEditorTornaAlDocumentoStampatoSuAltraCarta_data();
@@ -256,6 +257,45 @@ void TestConsegnaMancata::unAltroDocumentoNonLaConclude()
     T->Voce.Sparecchia();
     QVERIFY(ChiudiParcella(1));
     QCOMPARE(T->Voce.Mostrati().size(), 0);
+}
+
+/// A document that is no invoice and cannot be composed has nothing to hand over, and the invoice waits on.
+void TestConsegnaMancata::ilGuastoDiUnAltroDocumentoNonLaConclude()
+{
+    const QByteArray Sano = SalvaDellaPratica();
+    QVERIFY(!Sano.isEmpty());
+    ::Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_11"), u"8"_s);
+    ScriviFile(sessione::ArchivioPrat, "rumore");
+    T->Voce.Sparecchia();
+    T->Voce.Attendi(Trasferisco, vbYes);
+    T->Voce.Attendi(GuastoPV2, vbOK, u"Errore!"_s);
+    QVERIFY(F->SalvaSulPosto());
+    ScriviFile(sessione::ArchivioPrat, Sano);
+
+    const QString Clausole = sessione::UserFolder + u"clausole/ContrattoPersonaFisica.rtf"_s;
+    CreaCartella(CartellaFile(Clausole));
+    ScriviFile(Clausole, R"({\rtf1 Art. 1)");
+    T->Voce.Sparecchia();
+    T->Voce.Tollera();
+    Documento(StampaContratto);
+    CambiaOggetto();
+    T->Voce.Sparecchia();
+    QVERIFY(F->SalvaSulPosto());
+    QCOMPARE(T->Voce.Mostrati().size(), 1);
+    const QString Detto = T->Voce.UltimoTesto();
+    QVERIFY2(Detto.startsWith(u"Errore: Il documento non si compone: "), qPrintable(Detto));
+    QVERIFY2(!Detto.contains(u"consegnata"), qPrintable(Detto));
+    T->Voce.Sparecchia();
+    T->Voce.Attendi(
+        u"p12-uno\nLa fattura non è stata consegnata a Praxivo: per consegnarla occorre sceglierla "
+        u"come documento e salvare di nuovo la parcella.\nChiudere ugualmente?"_s,
+        vbNo, u"Domanda:"_s);
+    QVERIFY(!ChiudiParcella(1));
+    QCOMPARE(T->Voce.Mostrati().size(), 1);
+
+    Documento(StampaFatturaSintetica);
+    QVERIFY(SalvaChiesto(vbYes));
+    QCOMPARE(Consegnate(u"8"_s), 1);
 }
 
 void TestConsegnaMancata::lEditorNonApreIlDocumentoDiPrima()
