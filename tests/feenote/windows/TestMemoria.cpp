@@ -1,6 +1,7 @@
 // Notes that were opened and closed leave nothing behind, however many they were.
 #include "tavolo.h"
 
+#include "platform/preview/vistastampa.h"
 #include "supporto/memoria.h"
 
 using namespace Qt::StringLiterals;
@@ -27,8 +28,11 @@ void Assesta()
 void ApriEChiudi(const QString& File)
 {
     ApriParcella(File, 0, {});
-    for (const int Scheda : {SchedaListaOnorari, SchedaBase})
+    for (const int Scheda : {SchedaListaOnorari, SchedaBase, SchedaDiStampa})
         Parcelle(1)->VaiAllaScheda(Scheda);
+    QVERIFY(!Controllo<VistaStampa>(Parcelle(1), "vp")->Pagine().Testo().isEmpty());
+    Controllo<QAbstractButton>(Parcelle(1), "cmdFatturaXml")->click();
+    QVERIFY(Controllo(Parcelle(1), "PannelloFattura")->isVisible());
     QVERIFY(ChiudiParcella(1));
     Assesta();
 }
@@ -51,13 +55,16 @@ void TestMemoria::centoNoteComeUna()
     constexpr int Note = 100;
     constexpr qint64 PerNota = 2000;  // bytes; a window takes more than a million
     const Tavolo T;
-    const QString File = T.Ufficio.File(u"nota.mdb"_s);
-    ScriviNota(File, NotaPiena());
+    QStringList File;
+    for (int i = 0; i < Prime + Note; ++i) {
+        File += T.Ufficio.File(u"nota %1.mdb"_s.arg(i));
+        ScriviNota(File.last(), NotaPiena());
+    }
     for (int i = 0; i < Prime; ++i)
-        ApriEChiudi(File);
+        ApriEChiudi(File[i]);
     const Resti Lasciati;
-    for (int i = 0; i < Note; ++i)
-        ApriEChiudi(File);
+    for (int i = Prime; i < Prime + Note; ++i)
+        ApriEChiudi(File[i]);
     QCOMPARE(Lasciati.Widget(), 0);
     const qint64 Cresciuti = Lasciati.Byte();
     QVERIFY2(Cresciuti < Note * PerNota, qPrintable(QString::number(Cresciuti)));
