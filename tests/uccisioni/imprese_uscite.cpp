@@ -218,7 +218,11 @@ QList<Impresa> ImpreseUscite()
              return Trovato == "prima" || Intero ? QString() : u"documento a meta'"_s;
          },
          {u"n.doc"_s, u"n.mdb"_s},
-         {u"stampa"_s, u"%1n.mdb"_s, u"0"_s, u"%1n.doc"_s}},
+         {u"stampa"_s, u"%1n.mdb"_s, u"0"_s, u"%1n.doc"_s},
+         {},
+         [](const QString& In) {
+             return LeggiFile(In + u"n.doc"_s) == "prima" ? u"non scritto"_s : QString();
+         }},
         Documento(u"txt"_s),
         Documento(u"htm"_s),
         Documento(u"pdf"_s),

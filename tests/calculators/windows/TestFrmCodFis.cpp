@@ -3,6 +3,7 @@
 
 #include "calculators/windows/frmCodFis.h"
 #include "platform/kit/aspetto.h"
+#include "supporto/danni.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>
@@ -44,6 +45,8 @@ private Q_SLOTS:
     void cambiareToglieIlCodice();
     void apostrofi();
     void archivioMancante();
+    void archivioGuasto_data();
+    void archivioGuasto();
     void chiudeLArchivio();
     void unTastoInCinqueMillisecondi();
     void copia();
@@ -433,6 +436,37 @@ void TestFrmCodFis::archivioMancante()
     QCOMPARE(Comune()->text(), u"roma"_s);
     Elabora();
     QVERIFY(Codice().startsWith(u"RSSMRA80A01"));
+    QCOMPARE(B->Voce.Mostrati().size(), 1);
+}
+
+void TestFrmCodFis::archivioGuasto_data()
+{
+    QTest::addColumn<int>("Come");
+    for (const int Come : DanniVisibili())
+        QTest::newRow(NomiDanni[size_t(Come)]) << Come;
+}
+
+/// One sentence with the file's name; the code comes without the municipality, and no key tells it again.
+void TestFrmCodFis::archivioGuasto()
+{
+    QFETCH(int, Come);
+    delete F.data();
+    const QScopedValueRollback Programma(sessione::PercorsoProg, NuovaCartella());
+    const QString File = sessione::PercorsoProg + u"Comuni.mdb"_s;
+    ScriviFile(File, LeggiFile(ProgrammaDiProva() + u"Comuni.mdb"_s));
+    Rovina(File, Come);
+    B->Voce.Tollera();
+    F = Apri<frmCodFis>();
+    QVERIFY(F);
+    const QString Detto = B->Voce.UltimoTesto();
+    QCOMPARE(B->Voce.Mostrati().size(), 1);
+    QVERIFY2(Detto.contains(u"Comuni.mdb") && !Detto.contains(u'\n'), qPrintable(Detto));
+    Compila(u"Rossi"_s, u"Mario"_s, u"01/01/1980"_s, 0);
+    for (const QString& Scritto : {u"r"_s, u"ro"_s, u"roma"_s})
+        Scrivi(F, "txtComune", Scritto);
+    Elabora();
+    QVERIFY(Codice().startsWith(u"RSSMRA80A01"));
+    QCOMPARE(Codice().size(), 12);
     QCOMPARE(B->Voce.Mostrati().size(), 1);
 }
 
