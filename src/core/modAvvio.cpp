@@ -1,5 +1,6 @@
 #include "core/modAvvio.h"
 
+#include "core/dannoricordato.h"
 #include "core/impostazioni.h"
 #include "core/modErrori.h"
 #include "platform/base/nomidate.h"
@@ -114,6 +115,7 @@ bool AvvisaImpostazioniGuaste()
     if (!Guasto)
         return false;
     ImpostazioniGuasteDette();
+    RicordaDanno(*Guasto);
     MsgErrore(Guasto->Frase + u".\n"_s + ConsiglioPer(Guasto->Genere));
     return true;
 }

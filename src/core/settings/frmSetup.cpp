@@ -19,7 +19,6 @@
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/suggerimento.h"
-#include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"
 
@@ -150,23 +149,21 @@ bool IlLogoSiSa()
                                                    Impostazione(chiavi::LogoImpronta.toString()).isEmpty());
 }
 
-/// What the store held may be gone, and not only out of reach.
-bool HaPerso(const DepositoGuasto& Guasto)
-{
-    return Guasto.Genere == GuastoDeposito::Vuoto || Guasto.Genere == GuastoDeposito::Rovinato;
-}
-
-/// Whether to store the counters that damaged settings do not give.
+/// Whether to store the counters that are lost.
+/// @param Guaste the damaged settings are still there
 /// @param Numero what would be stored: of both the same
-QString DomandaPersi(bool DiFattura, bool DiFile, const QString& Numero)
+QString DomandaPersi(bool Guaste, bool DiFattura, bool DiFile, const QString& Numero)
 {
-    QString Quali = u"i numeri dell'ultima fattura e dell'ultimo file XML non si leggono"_s;
-    if (!DiFile)
-        Quali = u"il numero dell'ultima fattura non si legge"_s;
-    else if (!DiFattura)
-        Quali = u"il numero dell'ultimo file XML non si legge"_s;
-    return u"Nelle impostazioni danneggiate %1: con %2 si potrebbero ripetere numeri già usati.\n"
-           "%3 ugualmente?"_s.arg(Quali, Numero, DiFattura && DiFile ? u"Memorizzarli"_s : u"Memorizzarlo"_s);
+    const bool Due = DiFattura && DiFile;
+    QString Quali = u"i numeri dell'ultima fattura e dell'ultimo file XML"_s;
+    if (!Due)
+        Quali = DiFattura ? u"il numero dell'ultima fattura"_s : u"il numero dell'ultimo file XML"_s;
+    const QString Come = Guaste ? u"Nelle impostazioni danneggiate "_s + Quali +
+                                      (Due ? u" non si leggono"_s : u" non si legge"_s)
+                                : u"Con le impostazioni di prima "_s +
+                                      (Due ? u"sono andati persi "_s : u"è andato perso "_s) + Quali;
+    return u"%1: con %2 si potrebbero ripetere numeri già usati.\n%3 ugualmente?"_s.arg(
+        Come, Numero, Due ? u"Memorizzarli"_s : u"Memorizzarlo"_s);
 }
 
 /// The text of a key; none where the form does not write it.
@@ -347,8 +344,10 @@ void frmSetup::LoadValori()
         Conservati[Voce.Chiave.toString().toLower()] = Impostazione(Voce.Chiave.toString());
     ContatoriPersi.clear();
     const std::optional<DepositoGuasto> Guasto = EsaminaImpostazioni(NomeApplicazione.toString());
-    LettoDanneggiato = Guasto && HaPerso(*Guasto);
     if (Guasto)
+        RicordaDanno(*Guasto);
+    DannoLetto = std::max(DannoRicordato(), Guasto ? DannoDi(*Guasto) : DannoImpostazioni::Nessuno);
+    if (DannoLetto != DannoImpostazioni::Nessuno)
         for (const QStringView Chiave : {chiavi::ProgFatt, chiavi::ProgTrasm})
             if (Impostazione(Chiave.toString()).trimmed().isEmpty())
                 ContatoriPersi.insert(Chiave.toString());
@@ -430,14 +429,17 @@ bool frmSetup::CheckNumero()
     return Porta(SchedaFatturaElettronica, Fattura->CasellaNumero());
 }
 
-/// A damaged store holds no counter, and nobody has written one into its box: what the form would store may
-/// not be the number that the office has come to. Nobody knows whether it has ever come to one.
+/// A store that is or was damaged holds no counter, and nobody has written one into its box: what the form
+/// would store may not be the number that the office has come to. Nobody knows whether it has ever come to
+/// one.
 bool frmSetup::ConfermaPersi()
 {
     const std::optional<DepositoGuasto> Guasto = EsaminaImpostazioni(NomeApplicazione.toString());
-    // What could not be read has lost nothing once it is back, and everything if it is not.
-    if (Guasto ? !HaPerso(*Guasto)
-               : !LettoDanneggiato && EsisteFile(PercorsoImpostazioni(NomeApplicazione.toString())))
+    if (Guasto && DannoDi(*Guasto) != DannoImpostazioni::Perse)
+        return true;  // nothing is stored before it can be read
+    // What could not be read has lost nothing once it is back. A window that remembers its place makes a file
+    // too, but none with what an office has stored.
+    if (!Guasto && DannoLetto != DannoImpostazioni::Perse && !Impostazione(u"StudioNome"_s).isEmpty())
         return true;
     const ValoriScheda Ora = Valori();
     QString Mostrato;
@@ -454,8 +456,8 @@ bool frmSetup::ConfermaPersi()
     const bool DiFile = Perso(chiavi::ProgTrasm);
     if (!DiFattura && !DiFile)
         return true;
-    if (MsgBox(DomandaPersi(DiFattura, DiFile, Mostrato), vbYesNo | vbQuestion | vbDefaultButton2,
-               TitoloDomanda.toString()) == vbYes)
+    if (MsgBox(DomandaPersi(Guasto.has_value(), DiFattura, DiFile, Mostrato),
+               vbYesNo | vbQuestion | vbDefaultButton2, TitoloDomanda.toString()) == vbYes)
         return true;
     return DiFattura ? Porta(SchedaDatiContabili, Contabili->CasellaNumero())
                      : Porta(SchedaFatturaElettronica, Fattura->CasellaNumero());
@@ -555,6 +557,7 @@ void frmSetup::cmdSaveImpost_Click()
         Desktop->Carica();
     SegnaLetti();
     ContatoriPersi.clear();
+    DimenticaDanno();
     MsgBox(u"Le impostazioni sono state memorizzate!"_s, vbInformation, TitoloMessaggio.toString());
     if (ParcellaAperta())
         MsgBox(u"Per essere certi della piena operatività è consigliabile riavviare il programma."_s,

@@ -1,6 +1,7 @@
 // The settings of the program.
 #pragma once
 
+#include "core/dannoricordato.h"
 #include "core/schedeimpostazioni.h"
 #include "core/settings/valorischeda.h"
 
@@ -93,5 +94,5 @@ private:
     QMap<QString, QString> Conservati;  ///< what the store held when the form read it, or wrote into it
     QSet<QString> ContatoriPersi;       ///< those that a damaged store did not give when the form read it
     bool PortatoDavanti = false;        ///< the tab in view is none that the user has turned to
-    bool LettoDanneggiato = false;      ///< what it held may have been gone by then
+    DannoImpostazioni DannoLetto{};     ///< of the store, when the form read it or before
 };

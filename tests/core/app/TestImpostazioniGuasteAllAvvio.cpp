@@ -31,6 +31,9 @@ private Q_SLOTS:
     void ilRipiegoConfermatoSiConserva_data();
     void ilRipiegoConfermatoSiConserva();
     void laCartellaCreataSiConserva();
+    void dietroIlRiavvioSiChiede_data() { unaFraseEPoiSiPuoSalvare_data(); }
+    void dietroIlRiavvioSiChiede();
+    void tornateDietroIlRiavvioNonSiChiede();
     void unPrimoUsoNonDiceNulla();
 
 private:
@@ -283,6 +286,58 @@ void TestImpostazioniGuasteAllAvvio::laCartellaCreataSiConserva()
     QVERIFY(EsisteCartella(Proposta));
     Memorizza();
     QCOMPARE(Scena::Parametro(u"ParcellePath"_s), Proposta);
+}
+
+/// What is advised is to take away what stands there and to start anew: that start finds nothing, as a first
+/// use does, and the next invoice would be number 1.
+void TestImpostazioniGuasteAllAvvio::dietroIlRiavvioSiChiede()
+{
+    QFETCH(int, Come);
+    const QString File = Scena::FileImpostazioni();
+    Rovina(File, Come);
+    {
+        Registratore Box;
+        Box.Tollera();
+        Main(u"-low"_s);
+    }
+    QVERIFY(QFile::remove(File) || QDir().rmdir(File));
+    AzzeraSessione();
+    Registratore Box;
+    Main(u"-low"_s);
+    QCOMPARE(Box.Mostrati().size(), 0);
+    T->Apri(0);
+    for (const char* Nome : {"txtNomeStudio", "txtIndStudio", "txtCittaStudio", "txtEMail"})
+        T->Campo(QString::fromLatin1(Nome))->setText(u"nuovo"_s);
+    Box.Attendi(u"Con le impostazioni di prima sono andati persi i numeri dell'ultima fattura e dell'ultimo "
+                u"file XML: "
+                u"con 0 si potrebbero ripetere numeri già usati.\nMemorizzarli ugualmente?"_s,
+                vbYes);
+    T->Memorizza(Box);
+    QCOMPARE(Scena::Parametro(u"ProgFatt"_s), u"0"_s);
+    QVERIFY(!EsisteFile(File + u".danno"_s));
+}
+
+/// Settings that only could not be read have lost nothing, were it a number that they never had.
+void TestImpostazioniGuasteAllAvvio::tornateDietroIlRiavvioNonSiChiede()
+{
+    const QString File = Scena::FileImpostazioni();
+    Scena::Salva(u"ProgTrasm"_s, {});
+    const QByteArray Intere = LeggiFile(File);
+    Rovina(File, Cartella);
+    {
+        Registratore Box;
+        Box.Tollera();
+        Main(u"-low"_s);
+    }
+    QVERIFY(QDir().rmdir(File));
+    ScriviFile(File, Intere);
+    AzzeraSessione();
+    Registratore Box;
+    Main(u"-low"_s);
+    T->Apri(0);
+    T->Memorizza(Box);
+    QCOMPARE(Scena::Parametro(u"ProgFatt"_s), u"41"_s);
+    QCOMPARE(Scena::Parametro(u"ProgTrasm"_s), u"0"_s);
 }
 
 void TestImpostazioniGuasteAllAvvio::unPrimoUsoNonDiceNulla()

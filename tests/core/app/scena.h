@@ -47,6 +47,7 @@ public:
         RegistraFinestre();
         CollegaFinestre();
         QFile::remove(FileImpostazioni());
+        QFile::remove(FileImpostazioni() + u".danno"_s);
         Shell Nuova;
         Nuova.ApriIndirizzo = [this](const QString& Indirizzo) {
             return Annota(u"indirizzo "_s + Indirizzo);

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void escSenzaTariffaScelta();
     void senzaDannoNonSiChiede();
     void toltoQuelCheNonSiLeggevaSiChiede();
+    void unaMisuraRicordataNonRendeINumeri();
     void lettoDanneggiatoETornatoInteroSiChiede();
 
 private:
@@ -37,6 +38,10 @@ private:
         u"Nelle impostazioni danneggiate i numeri dell'ultima fattura e dell'ultimo file XML non si leggono: "
         u"con "
         u"0 si potrebbero ripetere numeri già usati.\nMemorizzarli ugualmente?"_s;
+    inline static const QString Andati =
+        u"Con le impostazioni di prima sono andati persi i numeri dell'ultima fattura e dell'ultimo file "
+        u"XML: "
+        u"con 0 si potrebbero ripetere numeri già usati.\nMemorizzarli ugualmente?"_s;
 };
 PROVA(TestSetupContatori);
 
@@ -249,6 +254,7 @@ void TestSetupContatori::senzaDannoNonSiChiede()
 {
     Registratore Box;
     const QString File = Scena::FileImpostazioni();
+    Scena::Salva(u"StudioNome"_s, u"Studio Verdi"_s);
     const QByteArray Intero = LeggiFile(File);
     QVERIFY(!Intero.contains("progfatt"));
     Rovina(File, Cartella);
@@ -271,7 +277,7 @@ void TestSetupContatori::toltoQuelCheNonSiLeggevaSiChiede()
     Rovina(File, Cartella);
     Riempi();
     QVERIFY(QDir().rmdir(File));
-    Box.Attendi(Entrambi, vbNo);
+    Box.Attendi(Andati, vbNo);
     Memorizza();
     QVERIFY(!EsisteFile(File));
     Campo(u"txtNumFatt"_s)->setText(u"41"_s);
@@ -280,6 +286,32 @@ void TestSetupContatori::toltoQuelCheNonSiLeggevaSiChiede()
     Memorizza();
     QCOMPARE(Scena::Parametro(u"ProgFatt"_s), u"41"_s);
     QCOMPARE(Scena::Parametro(u"ProgTrasm"_s), u"17"_s);
+}
+
+/// Any window that closes remembers its place, and makes a sound file where there was none: it has not got
+/// what an office has stored.
+void TestSetupContatori::unaMisuraRicordataNonRendeINumeri()
+{
+    Registratore Box;
+    Scena::Salva(u"ProgFatt"_s, u"41"_s);
+    Scena::Salva(u"ProgTrasm"_s, u"17"_s);
+    const QString File = Scena::FileImpostazioni();
+    Rovina(File, Cartella);
+    Riempi();
+    QVERIFY(QDir().rmdir(File));
+    RicordaImpostazioni({{u"frmTrova"_s, u"10"_s}});
+    QVERIFY(FraseImpostazioniGuaste().isEmpty());
+    Box.Attendi(Andati, vbNo);
+    Memorizza();
+    QCOMPARE(Scena::Parametro(u"ProgFatt"_s), QString());
+    // One number is asked for by its own name.
+    Campo(u"txtNumFatt"_s)->setText(u"41"_s);
+    Box.Attendi(u"Con le impostazioni di prima è andato perso il numero dell'ultimo file XML: con 0 si "
+                u"potrebbero ripetere numeri già usati.\nMemorizzarlo ugualmente?"_s,
+                vbYes);
+    Box.Attendi(Memorizzate);
+    Memorizza();
+    QCOMPARE(Scena::Parametro(u"ProgFatt"_s), u"41"_s);
 }
 
 /// A file that another program has made anew meanwhile is sound, and has not got the numbers that were lost.
@@ -291,7 +323,7 @@ void TestSetupContatori::lettoDanneggiatoETornatoInteroSiChiede()
     Riempi();
     ScriviFile(File, "[Parametri]\nstudiocitta=Pisa\n");
     QVERIFY(FraseImpostazioniGuaste().isEmpty());
-    Box.Attendi(Entrambi, vbYes);
+    Box.Attendi(Andati, vbYes);
     Box.Attendi(Memorizzate);
     Memorizza();
     QCOMPARE(Scena::Parametro(u"ProgFatt"_s), u"0"_s);

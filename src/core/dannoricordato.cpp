@@ -1,0 +1,61 @@
+#include "core/dannoricordato.h"
+
+#include "core/parametri.h"
+#include "platform/base/errore.h"
+#include "platform/system/cartelle.h"
+#include "platform/system/file.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QByteArrayView ParolaPerse = "perse";
+
+/// Larger than both words that it ever holds.
+constexpr qint64 MassimoNota = 64;
+
+QString FileDelDanno()
+{
+    return PercorsoImpostazioni(NomeApplicazione.toString()) + u".danno"_s;
+}
+
+}  // namespace
+
+DannoImpostazioni DannoDi(const DepositoGuasto& Guasto)
+{
+    return Guasto.Genere == GuastoDeposito::Vuoto || Guasto.Genere == GuastoDeposito::Rovinato
+               ? DannoImpostazioni::Perse
+               : DannoImpostazioni::FuoriPortata;
+}
+
+DannoImpostazioni DannoRicordato()
+{
+    const QString File = FileDelDanno();
+    if (!EsisteFile(File))
+        return DannoImpostazioni::Nessuno;
+    try {
+        return LeggiFile(File, MassimoNota).trimmed() == ParolaPerse ? DannoImpostazioni::Perse
+                                                                     : DannoImpostazioni::FuoriPortata;
+    } catch (const Errore&) {
+        return DannoImpostazioni::FuoriPortata;
+    }
+}
+
+void RicordaDanno(const DepositoGuasto& Guasto)
+{
+    const DannoImpostazioni Danno = DannoDi(Guasto);
+    if (Danno <= DannoRicordato())
+        return;
+    try {
+        ScriviFile(FileDelDanno(),
+                   Danno == DannoImpostazioni::Perse ? ParolaPerse.toByteArray() : "fuori portata"_ba,
+                   Lettori::SoloUtente);
+    } catch (const Errore&) {
+        // The advice was told all the same.
+    }
+}
+
+void DimenticaDanno()
+{
+    ScartaFile(FileDelDanno());
+}

@@ -1,0 +1,25 @@
+// What has become of the settings since they were last stored whole, beyond the run that has seen it: what is
+// advised is to take the damaged file away and to start anew, and then nothing else tells of it.
+#pragma once
+
+#include "platform/system/impostazioni.h"
+
+/// From bad to worse.
+enum class DannoImpostazioni {
+    Nessuno,
+    FuoriPortata,  ///< they could not be read: nothing is lost if they come back
+    Perse,         ///< they were read, and something of them is gone
+};
+
+/// What a damaged store means for what it held.
+[[nodiscard]] DannoImpostazioni DannoDi(const DepositoGuasto& Guasto);
+
+/// What this run or one before it has noted, until the settings are stored again.
+[[nodiscard]] DannoImpostazioni DannoRicordato();
+
+/// Notes a damage in a small file beside the settings, never a lighter one in the place of a heavier one.
+/// Where nothing can be written there it is not noted: nor can settings be stored then.
+void RicordaDanno(const DepositoGuasto& Guasto);
+
+/// The settings were looked through and stored.
+void DimenticaDanno();
