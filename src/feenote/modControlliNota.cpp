@@ -139,15 +139,33 @@ void RaccoltaRilievi::Parti()
 
 /// Who empties the box lets the counterparty go: one that is linked has lost its name. The archive has none
 /// for notes, or could not be read when a new note was saved. One that the archive has still to name is no
-/// matter yet. A document without the parties' head prints the user's own words, whatever the box says.
+/// matter yet.
 void RaccoltaRilievi::Controparte()
 {
-    const bool ConNome =
-        !Nota.txtControp.Testo.trimmed().isEmpty() ||
-        (Documento.Persona != FormaBlocco::Testata && !Nota.txtDatiStaControp.Testo.trimmed().isEmpty());
-    if (Documento.Parti && Nota.IDCon > 0 && !Nota.NomiAttesi && !ConNome)
-        Avvisa(GenereRilievo::ControparteSenzaNome, LuogoRilievo::Controparte,
-               u"La controparte non ha un nome"_s);
+    const bool Legata = Nota.IDCon > 0;
+    if (!Documento.Parti || (Legata && Nota.NomiAttesi))
+        return;
+    const bool Nominata = !Nota.txtControp.Testo.trimmed().isEmpty();
+    const bool InStampa = !Nota.txtDatiStaControp.Testo.trimmed().isEmpty();
+    const auto Di = [this](LuogoRilievo Luogo, const QString& Frase) {
+        Avvisa(GenereRilievo::ControparteSenzaNome, Luogo, Frase);
+    };
+    const QString SenzaNome = u"La controparte non ha un nome"_s;
+    if (Documento.Persona == FormaBlocco::Testata) {
+        // The head says him where there is anything in the box; whoever empties the words of the print leaves
+        // him out.
+        if (Legata && !Nominata && (Nota.txtControp.Testo.isEmpty() || !InStampa))
+            Di(LuogoRilievo::Controparte, SenzaNome);
+        return;
+    }
+    // The other documents print the words of the print alone, and one sentence has a gap without them,
+    // whether there is a counterparty or not.
+    if (InStampa || (!Legata && Tipo != StampaInformativa))
+        return;
+    if (Nominata)
+        Di(LuogoRilievo::BloccoControparte, u"La controparte non è indicata nel documento"_s);
+    else
+        Di(LuogoRilievo::Controparte, Legata ? SenzaNome : u"Manca la controparte"_s);
 }
 
 void RaccoltaRilievi::CodiciDellaScheda()

@@ -19,8 +19,8 @@ enum class GenereRilievo {
     ClienteSenzaCodici,   ///< neither tax code nor VAT number
     CodiceFiscaleErrato,  ///< its check character does not agree
     PartitaIvaErrata,
-    ControparteSenzaNome,
-    NumeroMancante,  ///< of an invoice
+    ControparteSenzaNome,  ///< or without words on a document that prints them alone
+    NumeroMancante,        ///< of an invoice
     DataMancante,
     DataNonValida,
     DataFutura,
@@ -44,11 +44,12 @@ enum class GravitaRilievo {
 
 /// Where a remark leads.
 enum class LuogoRilievo {
-    Cliente,        ///< on the first tab
-    Controparte,    ///< on the first tab
-    BloccoCliente,  ///< the client as it prints
-    CodiceFiscale,  ///< of the client's card
-    PartitaIva,     ///< of the client's card
+    Cliente,            ///< on the first tab
+    Controparte,        ///< on the first tab
+    BloccoCliente,      ///< the client as it prints
+    BloccoControparte,  ///< the counterparty as it prints
+    CodiceFiscale,      ///< of the client's card
+    PartitaIva,         ///< of the client's card
     NumeroFattura,
     DataFattura,
     DataDocumento,  ///< of pro-forma note and estimate

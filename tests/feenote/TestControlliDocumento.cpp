@@ -175,36 +175,71 @@ void TestControlliDocumento::senzaCliente()
 void TestControlliDocumento::controparteSenzaNome_data()
 {
     QTest::addColumn<int>("Tipo");
-    QTest::addColumn<bool>("Stampata");  // its name stands on the page without the box of the base tab
-    QTest::addColumn<bool>("Detta");
-    const QSet<int> Testate{StampaPrenotula, StampaPreventivo, StampaFatturaSintetica,
-                            StampaFatturaAnalitica};
-    for (int Tipo = 0; Tipo < int(TipiDocumento.size()); ++Tipo) {
-        const QByteArray Nome = TipoDi(Tipo).Nome.toUtf8();
-        QTest::addRow("%s, senza", Nome.constData()) << Tipo << false << TipoDi(Tipo).Parti;
-        QTest::addRow("%s, in stampa", Nome.constData()) << Tipo << true << Testate.contains(Tipo);
+    QTest::addColumn<QString>("Casella");  // of the base tab
+    QTest::addColumn<QString>("Stampa");   // the words of the print
+    QTest::addColumn<QString>("Legata");   // what is said of one that is linked
+    QTest::addColumn<QString>("Slegata");
+    const QString SenzaNome = u"La controparte non ha un nome"_s;
+    const QString Manca = u"Manca la controparte"_s;
+    const QString NonIndicata = u"La controparte non è indicata nel documento"_s;
+    const struct
+    {
+        const char* Nome;
+        QString Casella, Stampa;
+        QString Testata;  // said on a document with the parties' head
+        QString Sole;     // on one that prints the words alone
+        QString Resa;     // on the statement, of one that is not linked
+    } Casi[]{
+        {"nulla", {}, {}, SenzaNome, SenzaNome, Manca},
+        {"spazi", u" "_s, u" "_s, SenzaNome, SenzaNome, Manca},
+        {"in stampa", {}, u"Neri Carlo"_s, SenzaNome, {}, {}},
+        {"in stampa, con uno spazio", u" "_s, u"Neri Carlo"_s, {}, {}, {}},
+        {"tolta dalla stampa", u"Neri Carlo"_s, {}, {}, NonIndicata, NonIndicata},
+        {"spazi in stampa", u"Neri Carlo"_s, u" "_s, {}, NonIndicata, NonIndicata},
+        {"dappertutto", u"Neri Carlo"_s, u"Neri Carlo"_s, {}, {}, {}},
+    };
+    for (const auto& Caso : Casi) {
+        for (const int Tipo :
+             {StampaPrenotula, StampaPreventivo, StampaFatturaSintetica, StampaFatturaAnalitica})
+            QTest::addRow("%d, %s", Tipo, Caso.Nome)
+                << Tipo << Caso.Casella << Caso.Stampa << Caso.Testata << QString();
+        for (const int Tipo : {StampaNotaGiudiziale, StampaContratto})
+            QTest::addRow("%d, %s", Tipo, Caso.Nome)
+                << Tipo << Caso.Casella << Caso.Stampa << Caso.Sole << QString();
+        QTest::addRow("%d, %s", int(StampaInformativa), Caso.Nome)
+            << int(StampaInformativa) << Caso.Casella << Caso.Stampa << Caso.Sole << Caso.Resa;
+        QTest::addRow("%d, %s", int(StampaSoloContabile), Caso.Nome)
+            << int(StampaSoloContabile) << Caso.Casella << Caso.Stampa << QString() << QString();
     }
 }
 
-/// The head of the page says him only where the box of the base tab does; the court's note, the contract and
-/// the statement of information print what was typed for them.
+/// The head of the page says him only where there is something in the box of the base tab; the court's note,
+/// the contract and the statement of information print what was typed for them. In the sentence of the
+/// statement a gap is left without them.
 void TestControlliDocumento::controparteSenzaNome()
 {
     QFETCH(const int, Tipo);
-    QFETCH(const bool, Stampata);
-    QFETCH(const bool, Detta);
+    QFETCH(const QString, Casella);
+    QFETCH(const QString, Stampa);
+    QFETCH(const QString, Legata);
+    QFETCH(const QString, Slegata);
+    const auto Detta = [](const Parcella& Nota) {
+        QString Frase;
+        for (const Rilievo& Trovato : Guarda(Nota).Tutti)
+            if (Trovato.Genere == ControparteSenzaNome)
+                Frase += Trovato.Frase;
+        return Frase;
+    };
     Parcella Nota = FatturaInRegola();
     ScegliTipoStampa(Nota, Tipo);
+    Nota.txtControp.Testo = Casella;
+    Nota.txtDatiStaControp.Testo = Stampa;
+    QCOMPARE(Detta(Nota), Slegata);
     Nota.IDCon = 3;
-    Nota.txtControp.Testo = u" "_s;
-    Nota.txtDatiStaControp.Testo = Stampata ? u"Neri Carlo"_s : u" "_s;
-    QCOMPARE(Guarda(Nota).Generi.contains(ControparteSenzaNome), Detta);
-    // One that is not linked has no name to lose, and none is missed while the archive has still to say it.
+    QCOMPARE(Detta(Nota), Legata);
+    // None is missed while the archive has still to say it.
     Nota.NomiAttesi = NomiTenuti();
-    QVERIFY(!Guarda(Nota).Generi.contains(ControparteSenzaNome));
-    Nota.NomiAttesi.reset();
-    Nota.IDCon = 0;
-    QVERIFY(!Guarda(Nota).Generi.contains(ControparteSenzaNome));
+    QCOMPARE(Detta(Nota), QString());
 }
 
 void TestControlliDocumento::codiciDellaScheda_data()

@@ -22,6 +22,7 @@ inline Parcella FatturaInRegola()
 {
     Parcella Nota = NotaCivile();
     Nota.txtCliente.Testo = Nota.txtDatiStaCli.Testo = QStringLiteral("Rossi Mario");
+    Nota.txtControp.Testo = Nota.txtDatiStaControp.Testo = QStringLiteral("Neri Carlo");
     Nota.IDCli = 7;
     const int Riga = RigaOnorario(Nota, QStringLiteral("Fase di studio"), 1200);
     Nota.xOnorari(Riga, OnoMin) = 600.0;

@@ -378,6 +378,8 @@ QWidget* SchedaStampa::Casella(CasellaNota Quale) const
         return ui->txtDatiStaOgg;
     case CasellaNota::BloccoCliente:
         return ui->txtDatiStaCli;
+    case CasellaNota::BloccoControparte:
+        return ui->txtDatiStaControp;
     case CasellaNota::DataDocumento:
         return ui->txtDatiPar_1;
     case CasellaNota::NumeroFattura:

@@ -18,8 +18,9 @@ enum class CasellaNota {
     PercRA,
     TipoStampa,
     Oggetto,
-    BloccoCliente,  ///< the client as it prints
-    DataDocumento,  ///< of pro-forma note and estimate
+    BloccoCliente,      ///< the client as it prints
+    BloccoControparte,  ///< the counterparty as it prints
+    DataDocumento,      ///< of pro-forma note and estimate
     NumeroFattura,
     DataFattura,
     RegimeSemplificato,

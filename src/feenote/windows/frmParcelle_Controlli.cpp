@@ -83,6 +83,8 @@ void frmParcelle::VaiAlRilievo(const Rilievo& Detto)
         return VaiAllaCasella(CasellaNota::Controparte);
     case LuogoRilievo::BloccoCliente:
         return VaiAllaCasella(CasellaNota::BloccoCliente);
+    case LuogoRilievo::BloccoControparte:
+        return VaiAllaCasella(CasellaNota::BloccoControparte);
     case LuogoRilievo::CodiceFiscale:
     case LuogoRilievo::PartitaIva:
         if (!Aperture.RubricaParcella)

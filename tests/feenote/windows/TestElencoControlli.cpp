@@ -28,6 +28,7 @@ private Q_SLOTS:
     void clienteAssente();
     void suggerimentoConSegni();
     void laVoceDelFilePortaAlQuadro();
+    void laControparteToltaDallaStampa();
     void leRigheLontaneSiVedono();
     void dalTabulatore();
     void chiusoRestaChiuso();
@@ -159,6 +160,20 @@ void TestElencoControlli::laVoceDelFilePortaAlQuadro()
     QVERIFY(Posto >= 0);
     QVERIFY(Pannello()->isVisible());
     QVERIFY(Controllo<QAbstractButton>(F, "cmdFatturaXml")->isChecked());
+}
+
+/// The box of the base tab has the name: what is missing stands among the words of the print.
+void TestElencoControlli::laControparteToltaDallaStampa()
+{
+    Scegli(Controllo<QComboBox>(F, "cmbTipoStampa"), StampaInformativa);
+    F->Nota.txtControp.Testo = u"Neri Carlo"_s;
+    F->Nota.txtDatiStaControp.Testo.clear();
+    F->MostraTutto();
+    const int Posto = PostoDi(u"La controparte non è indicata nel documento"_s);
+    QVERIFY(Posto >= 0);
+    Fai(Gesto::Clic, Posto);
+    QCOMPARE(F->Scheda(), int(SchedaDiStampa));
+    QVERIFY(Controllo(F, "txtDatiStaControp")->hasFocus());
 }
 
 void TestElencoControlli::leRigheLontaneSiVedono()
