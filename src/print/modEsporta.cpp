@@ -148,9 +148,9 @@ bool EsportazioneAllaPari(const Superficie& vp, const Parcella& Nota, int Tipo, 
         if (Come.UnaPagina != Ultima.Come.UnaPagina || Impronta(Byte) != Ultima.Impronta)
             return;
         // Of two programs neither knows what the other one has composed. What nobody has written in gets the
-        // paper in use.
+        // paper in use, unless it is open in the editor: there the user is led back to it.
         const QByteArray Presente = LeggiFile(File);
-        AllaPari = Presente == Byte ? Come == Ultima.Come : !EScrittoDaNoi(Presente);
+        AllaPari = Presente == Byte ? Come == Ultima.Come || FileInUso(File) : !EScrittoDaNoi(Presente);
     });
     return AllaPari;
 }

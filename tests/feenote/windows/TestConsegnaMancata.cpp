@@ -365,7 +365,8 @@ void TestConsegnaMancata::lEditorTornaAlDocumentoStampatoSuAltraCarta_data()
     QTest::newRow("on one page, which is tighter") << int(QPageSize::A5) << false << true;
 }
 
-/// What was written in the editor stays there; a file that nobody has written in gets the paper in use.
+/// What was written in the editor stays there; a file that nobody has written in gets the paper in use once
+/// it is closed.
 void TestConsegnaMancata::lEditorTornaAlDocumentoStampatoSuAltraCarta()
 {
     QFETCH(int, Formato);
@@ -398,7 +399,14 @@ void TestConsegnaMancata::lEditorTornaAlDocumentoStampatoSuAltraCarta()
     T->Voce.Attendi(NonParte, vbOK, u"Errore!"_s);
     Premuto("barPrint_wp");
     QCOMPARE(Esportato(), QByteArray("{\\rtf1 scritto a mano}"));
+    // Open there as it was written, it cannot get the other paper, and is the same document.
     ScriviFile(File, Prima);
+    const QString Blocco = SegnoDi(File);
+    ScriviFile(Blocco, "neri");
+    T->Voce.Attendi(NonParte, vbOK, u"Errore!"_s);
+    Premuto("barPrint_wp");
+    QCOMPARE(Esportato(), Prima);
+    QVERIFY(QFile::remove(Blocco));
     T->Voce.Attendi(NonParte, vbOK, u"Errore!"_s);
     Premuto("barPrint_wp");
     QCOMPARE(Esportato() == Prima, vp->CartaInUso() == Carta());
