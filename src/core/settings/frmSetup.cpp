@@ -528,10 +528,13 @@ void frmSetup::SegueArchivio()
 
 void frmSetup::cmdSaveImpost_Click()
 {
-    if (!ConcludiCampo() || !CheckValori() || !CheckNumero())
+    if (!ConcludiCampo())
         return;
+    // What is refused leads to another page, and the save behind it would not know of the choice.
     if (ui->tabSetup->currentIndex() == SchedaDatiContabili && !PortatoDavanti)
         Contabili->ScegliTariffaInVista();
+    if (!CheckValori() || !CheckNumero())
+        return;
     const bool IconeScritte = Desktop->SalvaIcone();
     if (!IconeScritte)
         MsgErrore(u"Errore scrittura .ini"_s);

@@ -25,6 +25,7 @@ private Q_SLOTS:
     void laDomandaNonScegliePerLUtente();
     void laSchedaPortataDavantiNonSceglie_data();
     void laSchedaPortataDavantiNonSceglie();
+    void laSceltaRestaDietroUnRifiuto();
     void escSenzaTariffaScelta();
     void senzaDannoNonSiChiede();
     void toltoQuelCheNonSiLeggevaSiChiede();
@@ -235,6 +236,35 @@ void TestSetupContatori::laSchedaPortataDavantiNonSceglie()
     QCOMPARE(GetSetting(NomeApplicazione.toString(), SezioneParametri.toString(), chiavi::Tariffa.toString(),
                         u"manca"_s),
              Tariffa);
+}
+
+/// Whoever saves with the page in view has chosen, also where something on another page has to be completed
+/// first. Closed without that, the form forgets it.
+void TestSetupContatori::laSceltaRestaDietroUnRifiuto()
+{
+    const auto Conservata = [] {
+        return GetSetting(NomeApplicazione.toString(), SezioneParametri.toString(),
+                          chiavi::Tariffa.toString(), u"manca"_s);
+    };
+    Registratore Box;
+    for (const bool Chiude : {true, false}) {
+        Riempi();
+        Modulo->ChangeTab(frmSetup::SchedaDatiContabili);
+        Campo(u"txtEMail"_s)->clear();
+        Box.Attendi(u"Non è stata specificata la mail!"_s);
+        Memorizza();
+        QCOMPARE(Modulo->findChild<QTabWidget*>(u"tabSetup"_s)->currentIndex(),
+                 int(frmSetup::SchedaDatiStudio));
+        if (Chiude) {
+            Modulo->close();
+            Riempi();
+        }
+        Campo(u"txtEMail"_s)->setText(u"x"_s);
+        Box.Attendi(Memorizzate);
+        Memorizza();
+        QCOMPARE(Conservata(), Chiude ? u"manca"_s : u"140"_s);
+        Modulo->close();
+    }
 }
 
 /// An office that has never chosen, as each has at first, has changed nothing by looking.
