@@ -89,13 +89,19 @@ QString Scritte(const QList<NotaRecente>& Note)
                           : QString::fromUtf8(QJsonDocument(Elenco).toJson(QJsonDocument::Compact));
 }
 
+/// Where a change comes from. A damaged store looks empty, and may hold what is to be changed.
+enum class Origine {
+    Programma,  ///< what happens to a note that may never have been in the list
+    Elenco,     ///< a note of the list was picked
+    Utente,     ///< he wants it gone
+};
+
 /// Changes the list as it stands when the store's turn comes: two programs that remember a note at one moment
 /// would each take the other's away. A list that is as it should be is not written.
 /// @param Fai false: nothing is to be changed
-/// @param Chiesto the user has asked for it: a damaged store, which looks empty, may hold what he wants
-/// gone
-void Muta(const std::function<bool(QList<NotaRecente>& Note)>& Fai, bool Chiesto = false)
+void Muta(const std::function<bool(QList<NotaRecente>& Note)>& Fai, Origine Da = Origine::Programma)
 {
+    const bool Chiesto = Da == Origine::Utente;
     const auto Dopo = [&Fai](const QString& Testo) {
         QList<NotaRecente> Note = Lette(Testo);
         return Fai(Note) ? Scritte(Note) : Testo;
@@ -103,15 +109,14 @@ void Muta(const std::function<bool(QList<NotaRecente>& Note)>& Fai, bool Chiesto
     if (const QString Frase = Chiesto ? FraseImpostazioniGuaste() : QString(); !Frase.isEmpty())
         throw Errore(errori::Accesso, Frase);
     const QString Ora = Chiesto ? ImpostazioneSicura(ChiaveRecenti) : Impostazione(ChiaveRecenti);
-    // A damaged store refuses whatever can be read of it.
-    if (Dopo(Ora) != Ora || !FraseImpostazioniGuaste().isEmpty())
+    if (Dopo(Ora) != Ora || (Da == Origine::Elenco && !FraseImpostazioniGuaste().isEmpty()))
         (Chiesto ? MutaImpostazione : RicordaMutata)(ChiaveRecenti, Dopo);
 }
 
 /// A note goes out of the list.
-void Togli(const QString& Percorso, bool Chiesto)
+void Togli(const QString& Percorso, Origine Da)
 {
-    Muta([&Percorso](QList<NotaRecente>& Note) { return Note.removeIf(StessoFile(Percorso)) > 0; }, Chiesto);
+    Muta([&Percorso](QList<NotaRecente>& Note) { return Note.removeIf(StessoFile(Percorso)) > 0; }, Da);
 }
 
 }  // namespace
@@ -139,12 +144,17 @@ void RicordaRecente(const NotaRecente& Nota)
 
 void DimenticaRecente(const QString& Percorso)
 {
-    Togli(Percorso, true);
+    Togli(Percorso, Origine::Utente);
 }
 
 void DimenticaCancellata(const QString& Percorso)
 {
-    Togli(Percorso, false);
+    Togli(Percorso, Origine::Programma);
+}
+
+void DimenticaSparita(const QString& Percorso)
+{
+    Togli(Percorso, Origine::Elenco);
 }
 
 void SvuotaRecenti()
@@ -154,7 +164,7 @@ void SvuotaRecenti()
             Note.clear();
             return true;
         },
-        true);
+        Origine::Utente);
 }
 
 void SpostaRecente(const QString& Vecchio, const QString& Nuovo)

@@ -38,10 +38,14 @@ void DimenticaRecente(const QString& Percorso);
 /// Takes all of them out. @throws Errore as DimenticaRecente
 void SvuotaRecenti();
 
-/// A note's file is no more: its line goes too. @throws Errore as RicordaImpostazioni
+/// A note's file is no more: its line goes too. @throws Errore as RicordaImpostazioni; nothing of a damaged
+/// store in which no such line can be read
 void DimenticaCancellata(const QString& Percorso);
-/// A note's file bears another name, or lies elsewhere: its line keeps its place.
+/// The same of a note that was picked in the list: a damaged store refuses whatever can be read of it.
 /// @throws Errore as RicordaImpostazioni
+void DimenticaSparita(const QString& Percorso);
+/// A note's file bears another name, or lies elsewhere: its line keeps its place.
+/// @throws Errore as DimenticaCancellata
 void SpostaRecente(const QString& Vecchio, const QString& Nuovo);
 
 /// The name of a note, that of its file without its ending.

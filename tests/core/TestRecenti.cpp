@@ -56,6 +56,7 @@ private Q_SLOTS:
     void dueProgrammi();
     void cioCheSiToglieNonTace();
     void diUnDepositoIlleggibileSiDice();
+    void laNotaDiAltroveTaceIlDanno();
     void cioCheNonSiCapisceResta();
     void soloLUtenteLaLegge();
     void unaRigaSola();
@@ -205,6 +206,26 @@ void TestRecenti::diUnDepositoIlleggibileSiDice()
     QCOMPARE(Svuotata, 75);
     QCOMPARE(Dimenticata, 75);
     QCOMPARE(Nomi(), QStringList{u"a"_s});
+}
+
+/// A note that is renamed or deleted may never have been in the list: the damage is none of its matters. One
+/// that was picked there is.
+void TestRecenti::laNotaDiAltroveTaceIlDanno()
+{
+    const QString File = PercorsoImpostazioni(NomeApplicazione.toString());
+    QFile::remove(File);
+    QVERIFY(QDir().mkpath(File));
+    const int Spostata = NumeroErrore([] { SpostaRecente(Nota(u"a"_s).Percorso, Nota(u"b"_s).Percorso); });
+    const int Cancellata = NumeroErrore([] { DimenticaCancellata(Nota(u"a"_s).Percorso); });
+    const int Sparita = NumeroErrore([] { DimenticaSparita(Nota(u"a"_s).Percorso); });
+    const int DettaUnaVolta = NumeroErrore([] { DimenticaSparita(Nota(u"a"_s).Percorso); });
+    QVERIFY(QDir().rmdir(File));
+    QCOMPARE(Spostata, 0);
+    QCOMPARE(Cancellata, 0);
+    QCOMPARE(Sparita, 75);
+    QCOMPARE(DettaUnaVolta, 0);
+    // A store that takes something ends the silence.
+    RicordaRecente(Nota(u"a"_s));
 }
 
 /// A store of somebody else's is not cleaned by a note that it does not list.

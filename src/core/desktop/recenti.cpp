@@ -101,7 +101,7 @@ void ApriRecente(const NotaRecente& Nota)
         // He has asked for the note, not to have its name gone: why that stays is told once, and behind it.
         QString Rifiuto;
         try {
-            DimenticaCancellata(Nota.Percorso);
+            DimenticaSparita(Nota.Percorso);
         } catch (const Errore& Guasto) {
             Rifiuto = u'\n' + Guasto.Descrizione;
         }
