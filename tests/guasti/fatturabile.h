@@ -5,6 +5,7 @@
 #include "feenote/file/modPosaFile.h"
 #include "feenote/modInterruttori.h"
 #include "feenote/modNuovaParcella.h"
+#include "feenote/modParametri.h"
 #include "guasti/posa.h"
 #include "platform/database/database.h"
 #include "supporto/prova.h"
@@ -37,6 +38,11 @@ struct Ufficio
         Posa(File, Contenuto(ProgrammaDiProva() + QStringLiteral("DatiStudio.mdb")));
         Parcella Sua;
         NuovaParcella(Sua);
+        // What its window asks for before it leaves the first tab.
+        CambiaCategoria(Sua, 0);
+        CambiaAutorita(Sua, 0);
+        Sua.txtImporto.Testo = QStringLiteral("30000");
+        LasciaImporto(Sua);
         {
             Recordset Righe = OpenDatabase(File).OpenRecordset(QStringLiteral("clienti"));
             Righe.AddNew();

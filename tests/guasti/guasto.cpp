@@ -267,6 +267,8 @@ __attribute__((constructor)) void Prepara()
     Arma(Cartella, static_cast<Conti*>(Memoria), Chiamata(Quale),
          unsigned(std::strtoul(Variabile(VarNumero), nullptr, 10)), Variabile(VarErrore),
          std::strcmp(Variabile(VarSempre), "1") == 0);
+    if (Variabile(VarPoi)[0] != '\0')
+        Preparato().Attivo = false;
 }
 
 }  // namespace
@@ -277,6 +279,11 @@ __attribute__((visibility("default"))) void guasto_arma(const char* Cartella, Co
                                                         unsigned Numero, const char* Errore, bool Sempre)
 {
     Arma(Cartella, Registro, Quale, Numero, Errore, Sempre);
+}
+
+__attribute__((visibility("default"))) void guasto_comincia()
+{
+    Preparato().Attivo = Preparato().Registro != nullptr;
 }
 
 int open(const char* Percorso, int Bandiere, ...)

@@ -53,6 +53,8 @@ inline constexpr auto VarChiamata = "CALCANOVA_GUASTO_CHIAMATA";
 inline constexpr auto VarNumero = "CALCANOVA_GUASTO_NUMERO";
 /// "ENOSPC", "EIO", "EACCES", "EINTR", or "corto": half of what was asked.
 inline constexpr auto VarErrore = "CALCANOVA_GUASTO_ERRORE";
+/// Set: no call counts before the program's driver has called NomeGuastoComincia.
+inline constexpr auto VarPoi = "CALCANOVA_GUASTO_POI";
 /// "1": every further one fails too.
 inline constexpr auto VarSempre = "CALCANOVA_GUASTO_SEMPRE";
 
@@ -63,3 +65,4 @@ inline constexpr auto VarSempre = "CALCANOVA_GUASTO_SEMPRE";
 using GuastoArma = void (*)(const char* Cartella, registro::Conti* Registro, registro::Chiamata Quale,
                             unsigned Numero, const char* Errore, bool Sempre);
 inline constexpr auto NomeGuastoArma = "guasto_arma";
+inline constexpr auto NomeGuastoComincia = "guasto_comincia";

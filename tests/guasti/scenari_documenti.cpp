@@ -168,6 +168,109 @@ Scenario DellaFattura()
             .Avverte = u"La parcella non ricorda il file scritto"_s};
 }
 
+// ---- the same through the note's window ---------------------------------------------------------------
+
+QString CartellaXml(const Posto& Dove)
+{
+    return Dove.Cartella + u"fatture/"_s;
+}
+
+void PosaFinestra(const Posto& Dove)
+{
+    Posa(Dove.Fuori + u"DatiStudio.mdb"_s, Fatturabile().Archivio);
+    Posa(Nota(Dove), Fatturabile().Nota);
+    for (const QString& Nome : {u"Calcanova"_s, u"fatture"_s, u"utente"_s})
+        QDir().mkpath(Dove.Cartella + Nome);
+    const QByteArray In = Dove.Cartella.toUtf8();
+    Posa(Dove.Cartella + u"Calcanova/KR5.ini"_s,
+         QByteArray(DelloStudio) + "cercaagg=N\nuserfolder=\"" + In + "utente/\"\nparcellepath=\"" + In +
+             "\"\narchivioclicon=\"" + Dove.Fuori.toUtf8() + "DatiStudio.mdb\"\ncartellafatturexml=\"" + In +
+             "fatture\"\n");
+    Posa(Dove.Cartella + u"utente/avvisokr5.ini"_s, "[avvisokr5]\nletto=S\n");
+}
+
+/// The program with somebody at its window, who writes the invoice and leaves.
+QStringList Finestra(const Posto& Dove, bool Modifiche)
+{
+    // Behind an attempt the invoice was sent, or its mark taken back, and no copy of it is wanted.
+    QDir(CartellaXml(Dove)).removeRecursively();
+    QDir(Dove.Cartella + u"utente/recupero"_s).removeRecursively();
+    QDir().mkpath(CartellaXml(Dove));
+    if (Segnata(Dove).value_or(QString()) != QString())
+        Posa(Nota(Dove), Fatturabile().Nota);
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(Dove.Cartella.chopped(1)));
+    qputenv("XDG_DATA_HOME", QFile::encodeName(Dove.Fuori + u"dati"_s));
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(Dove.Fuori + u"nessuna/sessione"_s));
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_PLUGIN_PATH", PLUGIN_PILOTA);
+    qputenv("QT_QPA_GENERIC_PLUGINS", "pilota");
+    qputenv("CALCANOVA_PILOTA", QFile::encodeName(Dove.Fuori + u"quanto"_s));
+    qputenv("CALCANOVA_PILOTA_FA", Modifiche ? "cambia e fattura" : "fattura");
+    qputenv("CALCANOVA_PILOTA_FINE", "1");
+    qputenv(VarPoi, "1");
+    Posa(Dove.Fuori + u"quanto"_s, "0 0");
+    return {ProgrammaDiProva() + u"calcanova"_s, u"PV2|E|"_s + Nota(Dove)};
+}
+
+/// What the recovery copy knows of.
+bool LoSaLaCopia(const Posto& Dove, const QString& Fine)
+{
+    const QString Cartella = Dove.Cartella + u"utente/recupero/"_s;
+    for (const QString& Nome : QDir(Cartella).entryList({u"*.mdb"_s}, QDir::Files)) {
+        try {
+            Parcella Letta;
+            ApplicaMemoria(Letta, LeggiMemoria(OpenDatabase(Cartella + Nome, true)));
+            if (Letta.FatturaXml.File.endsWith(Fine))
+                return true;
+        } catch (const Errore&) {
+            return false;
+        }
+    }
+    return false;
+}
+
+Trovato GuardaFinestra(const Posto& Dove, const Uscita& Vista)
+{
+    const auto Nel = Segnata(Dove);
+    const QString Deposito = QString::fromUtf8(Contenuto(Dove.Cartella + u"Calcanova/KR5.ini"_s));
+    const QStringList Scritte = QDir(CartellaXml(Dove)).entryList({u"*.xml"_s}, QDir::Files);
+    const auto Numero =
+        QRegularExpression(u"^progtrasm=(\\d+)$"_s,
+                           QRegularExpression::MultilineOption | QRegularExpression::CaseInsensitiveOption)
+            .match(Deposito);
+    if (!Nel || !Numero.hasMatch() || !Deposito.contains(u"Via della Prova"_s) || Scritte.size() > 1)
+        return Trovato::Rotto;
+    if (Scritte.isEmpty())
+        return Nel->isEmpty() || Vista.Frasi.contains(u"la dà per scritta"_s) ? Trovato::Prima
+                                                                              : Trovato::Rotto;
+    const QByteArray Byte = Contenuto(CartellaXml(Dove) + Scritte.first());
+    const QString Progressivo = u"%1"_s.arg(Numero.captured(1).toInt(), 5, 36, QLatin1Char('0')).toUpper();
+    const QString Fine = u'_' + Progressivo + u".xml"_s;
+    const bool Intera = ControllaFattura(Byte, {}, Oggi()).isEmpty() &&
+                        Byte.contains("<ProgressivoInvio>" + Progressivo.toLatin1() + "<");
+    const bool Saputo = Nel->endsWith(Fine) || LoSaLaCopia(Dove, Fine);
+    // Where the disk refuses the copy too, the user is told that the note does not know yet.
+    const bool Detto = Vista.Conti.Guasti > 0 && Vista.Frasi.contains(u"lo ricorderà quando sarà salvata"_s);
+    return Intera && (Saputo || Detto) ? Trovato::Nuovo : Trovato::Rotto;
+}
+
+Scenario DallaFinestra(bool Modifiche)
+{
+    return {
+        .Nome = Modifiche ? u"fattura-finestra-modificata"_s : u"fattura-finestra"_s,
+        .Attese = {Apri, Scrivi, Sincronizza, Rinomina, Chiudi},
+        .Prepara = PosaFinestra,
+        .Comando = [=](const Posto& Dove) { return Finestra(Dove, Modifiche); },
+        .Guarda = GuardaFinestra,
+        .Ammessi =
+            {u"nota\\.mdb|fatture(/IT[^/]*\\.xml)?|Calcanova(/KR5\\.ini)?|QtProject\\.conf"_s,
+             u"utente(/(avvisokr5\\.ini|Tassi\\.dat|doc(/nota\\.doc)?|recupero(/[^/~]*\\.(mdb|json|lock))?))?"_s},
+        .Spazza = [](const Posto& Dove) { TogliRestiDiNote(Dove.Cartella); },
+        // Of a copy or a lock that no disk confirms the window says nothing; what is known of the invoice
+        // is looked at.
+        .SenzaPromessa = true};
+}
+
 }  // namespace
 
 QList<Scenario> ScenariDocumenti()
@@ -184,5 +287,7 @@ QList<Scenario> ScenariDocumenti()
     for (const QString& Fine : {u"txt"_s, u"doc"_s, u"htm"_s, u"pdf"_s})
         Tutti.append(Di(Fine, Nota));
     Tutti.append(DellaFattura());
+    Tutti.append(DallaFinestra(false));
+    Tutti.append(DallaFinestra(true));
     return Tutti;
 }

@@ -18,33 +18,6 @@ namespace {
 
 constexpr int Pazienza = 20000;
 
-/// The note of the other machines, with what its window asks for before it leaves the first tab.
-const QByteArray& DaFatturare()
-{
-    static const QByteArray Byte = [] {
-        const QString File = NuovaCartella() + u"n.mdb"_s;
-        Posa(File, fatturabile::Fatturabile().Nota);
-        Parcella Letta;
-        CaricaDati(Letta, File);
-        Parcella Civile = NotaCivile();
-        Civile.IDCli = Letta.IDCli;
-        Civile.txtCliente = Letta.txtCliente;
-        Civile.cmbTipoStampa = Letta.cmbTipoStampa;
-        Civile.txtDatiPar = Letta.txtDatiPar;
-        Civile.xOnorari = Letta.xOnorari;
-        for (const auto& [Tick, Box] : {std::pair{&Parcella::chkCP, &Parcella::txtCP},
-                                        {&Parcella::chkIva, &Parcella::txtIVA},
-                                        {&Parcella::chkRA, &Parcella::txtRA}}) {
-            Civile.*Tick = Letta.*Tick;
-            Civile.*Box = Letta.*Box;
-        }
-        RicordaStampa(Civile);
-        ScriviNota(File, Civile);
-        return Contenuto(File);
-    }();
-    return Byte;
-}
-
 QString Ini(const QString& In)
 {
     return In + u"Calcanova/KR5.ini"_s;
@@ -56,7 +29,7 @@ void Prepara(const QString& In)
     Posa(In + u"DatiStudio.mdb"_s, fatturabile::Fatturabile().Archivio);
     for (const QString& Nome : {u"note"_s, u"fatture"_s, u"utente"_s, u"Calcanova"_s})
         QDir().mkpath(In + Nome);
-    Posa(In + u"note/n.mdb"_s, DaFatturare());
+    Posa(In + u"note/n.mdb"_s, fatturabile::Fatturabile().Nota);
     Posa(Ini(In), fatturabile::DelloStudio);
     for (const auto& [Nome, Valore] : {std::pair(u"CercaAgg"_s, u"N"_s),
                                        {u"UserFolder"_s, In + u"utente/"_s},
