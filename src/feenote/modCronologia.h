@@ -34,6 +34,8 @@ public:
     void ChiudiTesto() { InEdit = 0; }
     /// The record is what its file holds now.
     void SegnaSalvata(const Parcella& Nota);
+    /// Another record has taken the file: nowhere is this one kept.
+    void SegnaSenzaFile() { InFile.reset(); }
     /// True when the record is what its file holds, in every respect but its association, which marks no
     /// note.
     [[nodiscard]] bool ESalvata(const Parcella& Nota) const;

@@ -132,6 +132,8 @@ public:
     void ControllaMulti();
     /// The linked partner was saved, perhaps under another name: the association goes on with that file.
     void SegueMulti(const QString& Percorso);
+    /// Another note was saved over this one's file: nothing but this window holds it now.
+    void FileSostituito();
 
     // ---- tabs (frmParcelle.cpp)
     /// Moves to a tab as a user would: open field committed, parameters checked. A closed tab stays closed.

@@ -154,6 +154,12 @@ void frmParcelle::SegueMulti(const QString& Percorso)
     MultiCambiata();
 }
 
+void frmParcelle::FileSostituito()
+{
+    Storia.SegnaSenzaFile();
+    SetModificata(true);
+}
+
 void frmParcelle::MultiCambiata()
 {
     Acconti->MostraMultipla();

@@ -82,6 +82,8 @@ void SegueSalvataggio(const frmParcelle& Salvata)
     Ognuna([&](frmParcelle& Finestra) {
         if (&Finestra == &Salvata)
             return;
+        if (StessoPercorso(Finestra.Nota.Percorso, Salvata.Nota.Percorso))
+            Finestra.FileSostituito();
         if (Finestra.HaStampa() && Finestra.Socio() == Salvata.Indice())
             Finestra.SegueMulti(Salvata.Nota.Percorso);
         else

@@ -20,7 +20,7 @@ void AvvisaAssociate(const frmParcelle& Cambiata);
 void ControllaAssociate();
 
 /// A note has been saved, perhaps under another name: the window that is linked to it follows, the others
-/// look at their associated notes.
+/// look at their associated notes. One whose file it has taken has unsaved changes from now on.
 void SegueSalvataggio(const frmParcelle& Salvata);
 
 /// What the address book hands over goes to the note that has asked, by its place and serial number; nothing

@@ -18,6 +18,7 @@
 #include <QScopedValueRollback>
 
 #include <array>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -272,9 +273,11 @@ void TestConsegnaMancata::ilGuastoDiUnAltroDocumentoNonLaConclude()
     QVERIFY(F->SalvaSulPosto());
     ScriviFile(sessione::ArchivioPrat, Sano);
 
-    const QString Clausole = sessione::UserFolder + u"clausole/ContrattoPersonaFisica.rtf"_s;
-    CreaCartella(CartellaFile(Clausole));
-    ScriviFile(Clausole, R"({\rtf1 Art. 1)");
+    // The contract words a linked client, whose archive cannot be read meanwhile.
+    const QString Archivio = NuovaCartella() + u"DatiStudio.mdb"_s;
+    ScriviFile(Archivio, "rumore");
+    std::optional<QScopedValueRollback<QString>> Chiuso(std::in_place, sessione::ArchivioCliCon, Archivio);
+    F->Nota.IDCli = 1;
     T->Voce.Sparecchia();
     T->Voce.Tollera();
     Documento(StampaContratto);
@@ -283,7 +286,7 @@ void TestConsegnaMancata::ilGuastoDiUnAltroDocumentoNonLaConclude()
     QVERIFY(F->SalvaSulPosto());
     QCOMPARE(T->Voce.Mostrati().size(), 1);
     const QString Detto = T->Voce.UltimoTesto();
-    QVERIFY2(Detto.startsWith(u"Errore: Il documento non si compone: "), qPrintable(Detto));
+    QVERIFY2(Detto.contains(Archivio), qPrintable(Detto));
     QVERIFY2(!Detto.contains(u"consegnata"), qPrintable(Detto));
     T->Voce.Sparecchia();
     T->Voce.Attendi(
@@ -293,6 +296,8 @@ void TestConsegnaMancata::ilGuastoDiUnAltroDocumentoNonLaConclude()
     QVERIFY(!ChiudiParcella(1));
     QCOMPARE(T->Voce.Mostrati().size(), 1);
 
+    Chiuso.reset();
+    F->Nota.IDCli = 0;
     Documento(StampaFatturaSintetica);
     QVERIFY(SalvaChiesto(vbYes));
     QCOMPARE(Consegnate(u"8"_s), 1);

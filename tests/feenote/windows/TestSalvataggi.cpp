@@ -49,6 +49,7 @@ private Q_SLOTS:
     void lePropriaNonChiede();
     void cioCheCambiaDietroIlMessaggio();
     void dueFinestreSulloStessoFile();
+    void sopraUnaNotaAperta();
     void nonSiScrive_data();
     void nonSiScrive();
     void discoPieno();
@@ -272,6 +273,34 @@ void TestSalvataggi::dueFinestreSulloStessoFile()
     QCOMPARE(Cliente(File), u"Verdi"_s);
     Salva(*T, File, false, 1);  // nobody minds, and the last one wins
     QCOMPARE(Cliente(File), u"Bianchi"_s);
+}
+
+/// Who says yes to the name of a note that is open keeps both: nothing but its window holds the first one
+/// now.
+void TestSalvataggi::sopraUnaNotaAperta()
+{
+    Tocca(F);
+    const QString File = SalvaCome(*T, u"nota.mdb"_s);
+    QVERIFY(!F->Nota.Modificata);
+    frmParcelle* Altra = T->Apri({}, 2);
+    QVERIFY(Altra && Altra != F);
+    Tocca(Altra, u"Verdi"_s);
+    T->Voce.AttendiSalva(File);
+    T->Voce.Attendi(GiaEsiste(u"nota.mdb"_s), vbYes);
+    T->Voce.Attendi(Salvata(u"nota.mdb"_s));
+    EseguiComando(u"savepar"_s, 2, {});
+    QCOMPARE(Cliente(File), u"Verdi"_s);
+    QVERIFY(!Altra->Nota.Modificata);
+    QVERIFY(F->Nota.Modificata && Controllo(F, "pctSave")->isVisible());
+
+    QVERIFY(MostraAttiva(*F));
+    T->Voce.Sparecchia();
+    T->Voce.Attendi(
+        u"La parcella nota.mdb è stata cambiata da altri dopo che è stata aperta.\nSostituirla con questa?"_s,
+        vbNo);
+    QVERIFY(!F->SalvaSulPosto());
+    QCOMPARE(Cliente(File), u"Verdi"_s);
+    QVERIFY(F->Nota.Modificata);
 }
 
 void TestSalvataggi::nonSiScrive_data()
