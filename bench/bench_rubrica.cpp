@@ -1,21 +1,28 @@
-// The address book of a large office: opened, ordered, filtered while somebody types. Each measure is a
-// process of its own, on an archive that the benchmark has built.
+// The address book of a large office: opened, ordered, filtered while somebody types, written to, exported.
+// Each measure is a process of its own, on an archive that the benchmark has built, or a copy of it.
 #include "archiviogrande.h"
 #include "misura.h"
 
+#include "addressbook/exchange/esporta.h"
 #include "addressbook/richiesta.h"
 #include "addressbook/windows/frmRubrica.h"
+#include "addressbook/windows/frmScheda.h"
 #include "addressbook/windows/rubriche.h"
 #include "core/app/programma.h"
+#include "platform/database/database.h"
+#include "platform/database/recordset.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/servizi_qt.h"
+#include "platform/system/file.h"
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTableView>
+#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstdio>
@@ -88,6 +95,62 @@ double TastoNelFiltro(const QString& File)
     return Peggiore;
 }
 
+/// The box of the name on a card.
+QLineEdit* BoxDelNome(const frmScheda& Scheda)
+{
+    for (QLineEdit* Box : Scheda.findChildren<QLineEdit*>())
+        if (Box->property("Tag").toString() == u"Nominativo")
+            return Box;
+    return nullptr;
+}
+
+/// From the button of the card to the row in the ordered list again.
+double SalvaScheda(const QString& File)
+{
+    const QTemporaryDir Cartella;
+    const QString Copia = Cartella.filePath(u"DatiStudio.mdb"_s);
+    QFile::copy(File, Copia);
+    frmRubrica* Rubrica = Apri(Copia);
+    Rubrica->tdbRubrica_HeadClick(1);
+    LasciaDipingere();
+    constexpr int Volte = 5;
+    QList<double> Tempi;
+    for (int i = 0; i < Volte; ++i) {
+        Rubrica->Comando(u"edit"_s);
+        LasciaDipingere();
+        auto* Scheda = Rubrica->findChild<frmScheda*>();
+        QLineEdit* Box = Scheda ? BoxDelNome(*Scheda) : nullptr;
+        if (!Box)
+            return NonMisurabile;
+        const QString Nome = u"Neri Paola %1"_s.arg(i);
+        Box->setFocus();
+        Box->selectAll();
+        Box->insert(Nome);
+        Tempi += DurataMs([&] {
+            Scheda->barScheda_ButtonClick(u"do"_s);
+            LasciaDipingere();
+        });
+        const Database Scritta = OpenDatabase(Copia, true);
+        if (Scritta.OpenRecordset(u"SELECT ID FROM clienti WHERE Nominativo='%1'"_s.arg(Nome)).Eof())
+            return NonMisurabile;
+    }
+    return Mediana(Tempi);
+}
+
+double EsportaCsv(const QString& File)
+{
+    const QTemporaryDir Cartella;
+    const QString Csv = Cartella.filePath(u"clienti.csv"_s);
+    const double Tempo = DurataMs([&] {
+        const Database Archivio = OpenDatabase(File, true);
+        const NominativiEsportati Tutti =
+            EsportaNominativi(Archivio.OpenRecordset(u"clienti"_s), FormatoEsporta::Csv);
+        ScriviFile(Csv, Tutti.Byte, Lettori::SoloUtente);
+    });
+    constexpr qint64 PerRiga = 50;
+    return QFileInfo(Csv).size() > PerRiga * 100'000 ? Tempo : NonMisurabile;
+}
+
 /// The most that the program has held after an order and a filter.
 double Memoria(const QString& File)
 {
@@ -109,7 +172,8 @@ int Rubrica(int& argc, char** argv)
     const QString Quale = QString::fromLatin1(argc > 2 ? argv[2] : "");
     const QString File = QString::fromLocal8Bit(argc > 3 ? argv[3] : "");
     const std::pair<QStringView, double (*)(const QString&)> Quali[] = {
-        {u"apri", Apertura}, {u"ordina", Ordinamento}, {u"filtra", TastoNelFiltro}, {u"memoria", Memoria}};
+        {u"apri", Apertura},   {u"ordina", Ordinamento}, {u"filtra", TastoNelFiltro},
+        {u"memoria", Memoria}, {u"salva", SalvaScheda},  {u"csv", EsportaCsv}};
     for (const auto& [Nome, Misura] : Quali)
         if (Nome == Quale)
             std::puts(qPrintable(QString::number(Misura(File), 'g', 10)));
@@ -141,6 +205,10 @@ const RegistraMisura Ordina1M(u"1,000,000 names: sort by the slowest column"_s, 
                               NellaRubrica(u"ordina"_s, UnMilione), 205.0);
 const RegistraMisura Filtra1M(u"1,000,000 names: a key in the filter"_s, 500.0,
                               NellaRubrica(u"filtra"_s, UnMilione), 280.0);
+const RegistraMisura Salva1M(u"1,000,000 names: save a card in the ordered list"_s, 1000.0,
+                             NellaRubrica(u"salva"_s, UnMilione), 125.0);
+const RegistraMisura Csv1M(u"1,000,000 names: export as CSV"_s, 10'000.0, NellaRubrica(u"csv"_s, UnMilione),
+                           1600.0);
 const RegistraMisura Memoria1M(u"1,000,000 names: memory, sorted and filtered"_s, 300.0,
                                NellaRubrica(u"memoria"_s, UnMilione), u"MB"_s);
 
