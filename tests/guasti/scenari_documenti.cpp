@@ -170,22 +170,23 @@ Scenario DellaFattura()
 
 // ---- the same through the note's window ---------------------------------------------------------------
 
-QString CartellaXml(const Posto& Dove)
+/// They stand beside the notes, where the program proposes a folder in any case.
+QStringList XmlScritti(const Posto& Dove)
 {
-    return Dove.Cartella + u"fatture/"_s;
+    return QDir(Dove.Cartella).entryList({u"IT*.xml"_s}, QDir::Files);
 }
 
 void PosaFinestra(const Posto& Dove)
 {
     Posa(Dove.Fuori + u"DatiStudio.mdb"_s, Fatturabile().Archivio);
     Posa(Nota(Dove), Fatturabile().Nota);
-    for (const QString& Nome : {u"Calcanova"_s, u"fatture"_s, u"utente"_s})
+    for (const QString& Nome : {u"Calcanova"_s, u"utente"_s})
         QDir().mkpath(Dove.Cartella + Nome);
     const QByteArray In = Dove.Cartella.toUtf8();
-    Posa(Dove.Cartella + u"Calcanova/KR5.ini"_s,
-         QByteArray(DelloStudio) + "cercaagg=N\nuserfolder=\"" + In + "utente/\"\nparcellepath=\"" + In +
-             "\"\narchivioclicon=\"" + Dove.Fuori.toUtf8() + "DatiStudio.mdb\"\ncartellafatturexml=\"" + In +
-             "fatture\"\n");
+    Posa(Dove.Cartella + u"Calcanova/KR5.ini"_s, QByteArray(DelloStudio) + "cercaagg=N\nuserfolder=\"" + In +
+                                                     "utente/\"\nparcellepath=\"" + In +
+                                                     "\"\narchivioclicon=\"" + Dove.Fuori.toUtf8() +
+                                                     "DatiStudio.mdb\"\ncartellafatturexml=\"" + In + "\"\n");
     Posa(Dove.Cartella + u"utente/avvisokr5.ini"_s, "[avvisokr5]\nletto=S\n");
 }
 
@@ -193,9 +194,9 @@ void PosaFinestra(const Posto& Dove)
 QStringList Finestra(const Posto& Dove, bool Modifiche)
 {
     // Behind an attempt the invoice was sent, or its mark taken back, and no copy of it is wanted.
-    QDir(CartellaXml(Dove)).removeRecursively();
+    for (const QString& Nome : XmlScritti(Dove))
+        QFile::remove(Dove.Cartella + Nome);
     QDir(Dove.Cartella + u"utente/recupero"_s).removeRecursively();
-    QDir().mkpath(CartellaXml(Dove));
     if (Segnata(Dove).value_or(QString()) != QString())
         Posa(Nota(Dove), Fatturabile().Nota);
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(Dove.Cartella.chopped(1)));
@@ -233,7 +234,7 @@ Trovato GuardaFinestra(const Posto& Dove, const Uscita& Vista)
 {
     const auto Nel = Segnata(Dove);
     const QString Deposito = QString::fromUtf8(Contenuto(Dove.Cartella + u"Calcanova/KR5.ini"_s));
-    const QStringList Scritte = QDir(CartellaXml(Dove)).entryList({u"*.xml"_s}, QDir::Files);
+    const QStringList Scritte = XmlScritti(Dove);
     const auto Numero =
         QRegularExpression(u"^progtrasm=(\\d+)$"_s,
                            QRegularExpression::MultilineOption | QRegularExpression::CaseInsensitiveOption)
@@ -243,7 +244,7 @@ Trovato GuardaFinestra(const Posto& Dove, const Uscita& Vista)
     if (Scritte.isEmpty())
         return Nel->isEmpty() || Vista.Frasi.contains(u"la dà per scritta"_s) ? Trovato::Prima
                                                                               : Trovato::Rotto;
-    const QByteArray Byte = Contenuto(CartellaXml(Dove) + Scritte.first());
+    const QByteArray Byte = Contenuto(Dove.Cartella + Scritte.first());
     const QString Progressivo = u"%1"_s.arg(Numero.captured(1).toInt(), 5, 36, QLatin1Char('0')).toUpper();
     const QString Fine = u'_' + Progressivo + u".xml"_s;
     const bool Intera = ControllaFattura(Byte, {}, Oggi()).isEmpty() &&
@@ -263,7 +264,7 @@ Scenario DallaFinestra(bool Modifiche)
         .Comando = [=](const Posto& Dove) { return Finestra(Dove, Modifiche); },
         .Guarda = GuardaFinestra,
         .Ammessi =
-            {u"nota\\.mdb|fatture(/IT[^/]*\\.xml)?|Calcanova(/KR5\\.ini)?|QtProject\\.conf"_s,
+            {u"nota\\.mdb|IT[^/]*\\.xml|Calcanova(/KR5\\.ini)?|QtProject\\.conf"_s,
              u"utente(/(avvisokr5\\.ini|Tassi\\.dat|doc(/nota\\.doc)?|recupero(/[^/~]*\\.(mdb|json|lock))?))?"_s},
         .Spazza = [](const Posto& Dove) { TogliRestiDiNote(Dove.Cartella); },
         // Of a copy or a lock that no disk confirms the window says nothing; what is known of the invoice
