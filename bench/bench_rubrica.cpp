@@ -13,7 +13,6 @@
 #include "platform/database/recordset.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/servizi_qt.h"
-#include "platform/system/file.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -143,9 +142,7 @@ double EsportaCsv(const QString& File)
     const QString Csv = Cartella.filePath(u"clienti.csv"_s);
     const double Tempo = DurataMs([&] {
         const Database Archivio = OpenDatabase(File, true);
-        const NominativiEsportati Tutti =
-            EsportaNominativi(Archivio.OpenRecordset(u"clienti"_s), FormatoEsporta::Csv);
-        ScriviFile(Csv, Tutti.Byte, Lettori::SoloUtente);
+        EsportaNominativi(Csv, Archivio.OpenRecordset(u"clienti"_s), FormatoEsporta::Csv);
     });
     constexpr qint64 PerRiga = 50;
     return QFileInfo(Csv).size() > PerRiga * 100'000 ? Tempo : NonMisurabile;

@@ -5,7 +5,6 @@
 #include "addressbook/exchange/esporta.h"
 #include "cli/letture.h"
 #include "core/sessione.h"
-#include "platform/system/file.h"
 
 #include <QJsonArray>
 
@@ -32,8 +31,7 @@ Risposta ComandoEsporta(const QStringList& Valori, const QString& File, bool InS
     ControllaUscita(File);
     const Recordset Righe = RigheRubrica(sessione::ArchivioCliCon, Valori[0], Valori.value(1));
     const NominativiEsportati Esito =
-        EsportaNominativi(Righe, InSchede ? FormatoEsporta::Vcard : FormatoEsporta::Csv);
-    ScriviFile(File, Esito.Byte, Lettori::SoloUtente);
+        EsportaNominativi(File, Righe, InSchede ? FormatoEsporta::Vcard : FormatoEsporta::Csv);
     QStringList Linee{QString::number(Esito.Quanti)};
     if (const QString Altri = FraseTralasciati(Esito); !Altri.isEmpty())
         Linee += Altri;

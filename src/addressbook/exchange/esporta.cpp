@@ -3,14 +3,21 @@
 #include "addressbook/exchange/vcard.h"
 #include "addressbook/modClienti.h"
 #include "addressbook/modScheda.h"
+#include "platform/base/errore.h"
 #include "platform/base/fogliocsv.h"
+#include "platform/base/paginacodice.h"
 #include "platform/base/regionale.h"
+#include "platform/system/fileapezzi.h"
 
 #include <QFileInfo>
 
 #include <algorithm>
 #include <array>
+#include <functional>
+#include <limits>
+#include <optional>
 #include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -39,6 +46,89 @@ bool DiSocieta(const QStringList& Celle, const QList<ColonnaRubrica>& Colonne)
     return ESocieta(Cliente);
 }
 
+constexpr int RighePerPezzo = 200;
+
+/// Rows of a set by their places, as the texts of some columns.
+class LettoreDiPezzi
+{
+public:
+    LettoreDiPezzi(const Recordset& DiRighe, const QList<ColonnaRubrica>& Colonne) : Righe(DiRighe.Clone())
+    {
+        for (const ColonnaRubrica& Colonna : Colonne)
+            Nomi.append(Colonna.Nome);
+    }
+
+    /// @throws Errore 3167 one of the rows is gone
+    [[nodiscard]] std::vector<QStringList> Leggi(const std::vector<int>& Posti)
+    {
+        const std::vector<qint64> Chiavi = ChiaviDi(Posti);
+        return Fitte(Chiavi) ? InUnaVolta(Chiavi) : UnaPerUna(Posti);
+    }
+
+private:
+    [[nodiscard]] std::vector<qint64> ChiaviDi(const std::vector<int>& Posti)
+    {
+        std::vector<qint64> Chiavi;
+        Chiavi.reserve(Posti.size());
+        for (const int Posto : Posti) {
+            Righe.ImpostaAbsolutePosition(Posto);
+            Chiavi.push_back(Righe.Bookmark().toLongLong());
+        }
+        return Chiavi;
+    }
+
+    /// Whether reading the table from the first key to the last one passes over few other rows.
+    [[nodiscard]] static bool Fitte(const std::vector<qint64>& Chiavi)
+    {
+        constexpr quint64 PerRiga = 4;
+        return std::ranges::adjacent_find(Chiavi, std::greater_equal()) == Chiavi.end() &&
+               quint64(Chiavi.back()) - quint64(Chiavi.front()) < PerRiga * Chiavi.size();
+    }
+
+    [[nodiscard]] std::vector<QStringList> InUnaVolta(const std::vector<qint64>& Chiavi) const
+    {
+        const bool DalPrincipio = Chiavi.front() == std::numeric_limits<qint64>::min();
+        std::vector<QStringList> Lette;
+        (void)Righe.Scorri(Nomi, DalPrincipio ? std::nullopt : std::optional(Chiavi.front() - 1),
+                           int(Chiavi.back() - Chiavi.front()) + 1, [&](const RigaScorsa& Riga) {
+                               if (Lette.size() == Chiavi.size() || Riga.Chiave() != Chiavi[Lette.size()])
+                                   return;
+                               QStringList Celle;
+                               for (int i = 0; i < Nomi.size(); ++i)
+                                   Celle.append(TestoScheda(Riga.Valore(i)));
+                               Lette.push_back(std::move(Celle));
+                           });
+        if (Lette.size() != Chiavi.size())
+            throw Errore(errori::RecordEliminato);
+        return Lette;
+    }
+
+    [[nodiscard]] std::vector<QStringList> UnaPerUna(const std::vector<int>& Posti)
+    {
+        std::vector<QStringList> Lette;
+        for (const int Posto : Posti) {
+            Righe.ImpostaAbsolutePosition(Posto);
+            QStringList Celle;
+            for (const QString& Nome : std::as_const(Nomi))
+                Celle.append(TestoScheda(Righe.Value(Nome)));
+            Lette.push_back(std::move(Celle));
+        }
+        return Lette;
+    }
+
+    Recordset Righe;
+    QStringList Nomi;
+};
+
+/// The places of a piece: of those chosen, or of all rows.
+std::vector<int> PostiDelPezzo(const QList<int>& Scelti, int Da, int Tutte)
+{
+    std::vector<int> Posti;
+    for (int i = Da; i < Tutte && Posti.size() < size_t(RighePerPezzo); ++i)
+        Posti.push_back(Scelti.isEmpty() ? i : Scelti[i]);
+    return Posti;
+}
+
 QByteArray SchedaScritta(const QStringList& Celle, const QList<ColonnaRubrica>& Colonne)
 {
     ValoriNominativo Valori;
@@ -64,41 +154,35 @@ QString ConEstensione(const QString& File)
     return Finito ? File : File + u".csv"_s;
 }
 
-NominativiEsportati EsportaNominativi(const Recordset& DiRighe, FormatoEsporta Forma, const QList<int>& Posti,
-                                      const std::function<bool(int, int)>& Prosegui)
+NominativiEsportati EsportaNominativi(const QString& File, const Recordset& DiRighe, FormatoEsporta Forma,
+                                      const QList<int>& Posti, const std::function<bool(int, int)>& Prosegui)
 {
-    constexpr int OgniTante = 200;
-    Recordset Righe = DiRighe.Clone();
-    const QList<ColonnaRubrica> Colonne = ColonneEsportate(Righe.Campi());
-    std::vector<QStringList> Fatte;
+    const QList<ColonnaRubrica> Colonne = ColonneEsportate(DiRighe.Campi());
+    LettoreDiPezzi Righe(DiRighe, Colonne);
+    FileAPezzi Nuovo(File, Lettori::SoloUtente);
     NominativiEsportati Esito;
     if (Forma == FormatoEsporta::Csv) {
         QStringList Titoli;
         for (const ColonnaRubrica& Colonna : Colonne)
             Titoli.append(Colonna.Titolo);
-        Fatte.push_back(Titoli);
+        Nuovo.Scrivi(MarcaUtf8.toByteArray() + RigaCsv(Titoli));
     }
     QList<int> InOrdine = Posti;
     std::ranges::sort(InOrdine);
-    const int Tutte = InOrdine.isEmpty() ? Righe.RecordCount() : int(InOrdine.size());
-    for (int i = 0; i < Tutte; ++i) {
-        if (i % OgniTante == 0 && Prosegui && !Prosegui(i, Tutte))
+    const int Tutte = InOrdine.isEmpty() ? DiRighe.RecordCount() : int(InOrdine.size());
+    for (int i = 0; i < Tutte; i += RighePerPezzo) {
+        if (Prosegui && !Prosegui(i, Tutte))
             return {};
-        Righe.ImpostaAbsolutePosition(InOrdine.isEmpty() ? i : InOrdine[i]);
-        QStringList Celle;
-        for (const ColonnaRubrica& Colonna : Colonne)
-            Celle.append(TestoScheda(Righe.Value(Colonna.Nome)));
-        if (Forma == FormatoEsporta::Csv) {
-            Fatte.push_back(Celle);
-            ++Esito.Quanti;
-        } else {
-            const QByteArray Scheda = SchedaScritta(Celle, Colonne);
-            Esito.Byte += Scheda;
-            ++(Scheda.isEmpty() ? Esito.SenzaNome : Esito.Quanti);
+        QByteArray Pezzo;
+        for (const QStringList& Celle : Righe.Leggi(PostiDelPezzo(InOrdine, i, Tutte))) {
+            const QByteArray Scritta =
+                Forma == FormatoEsporta::Csv ? RigaCsv(Celle) : SchedaScritta(Celle, Colonne);
+            Pezzo += Scritta;
+            ++(Scritta.isEmpty() ? Esito.SenzaNome : Esito.Quanti);
         }
+        Nuovo.Scrivi(Pezzo);
     }
-    if (Forma == FormatoEsporta::Csv)
-        Esito.Byte = ScriviCsv(Fatte);
+    Nuovo.Posa();
     return Esito;
 }
 

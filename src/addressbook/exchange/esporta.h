@@ -3,7 +3,6 @@
 
 #include "addressbook/modRubrica.h"
 
-#include <QByteArray>
 #include <QList>
 #include <QString>
 
@@ -11,10 +10,9 @@
 
 enum class FormatoEsporta { Csv, Vcard };
 
-/// What is to be written, and of how many rows it is made.
+/// Of how many rows a file is made.
 struct NominativiEsportati
 {
-    QByteArray Byte;
     int Quanti = 0;     ///< rows that stand in it
     int SenzaNome = 0;  ///< rows that stand in no card, having no name
 };
@@ -24,14 +22,16 @@ struct NominativiEsportati
 /// The name with the ending of its form, where it has none.
 [[nodiscard]] QString ConEstensione(const QString& File);
 
-/// Rows of a table with the columns that the browser shows, but for the archive's own key. A spreadsheet's
-/// have the headings in the first row; cards are of those rows alone that have a name.
+/// Writes rows of a table into a file that this user alone may read, with the columns that the browser shows,
+/// but for the archive's own key. A spreadsheet's have the headings in the first row; cards are of those rows
+/// alone that have a name. Rows are read and written in pieces; the former file stays until the new one is
+/// whole.
 /// @param Posti of the rows among these, all of them where there is none
-/// @param Prosegui asked now and then; false stops it, and nothing comes back
-/// @throws Errore as Recordset::Value
-[[nodiscard]] NominativiEsportati
-EsportaNominativi(const Recordset& DiRighe, FormatoEsporta Forma, const QList<int>& Posti = {},
-                  const std::function<bool(int Fatte, int Tutte)>& Prosegui = {});
+/// @param Prosegui asked now and then; false stops it, and nothing is written
+/// @throws Errore as Recordset::Value and FileAPezzi
+NominativiEsportati EsportaNominativi(const QString& File, const Recordset& DiRighe, FormatoEsporta Forma,
+                                      const QList<int>& Posti = {},
+                                      const std::function<bool(int Fatte, int Tutte)>& Prosegui = {});
 
 /// "2 senza nome, tralasciati"; empty where none was left out.
 [[nodiscard]] QString FraseTralasciati(const NominativiEsportati& Esportati);

@@ -13,7 +13,6 @@
 #include "platform/kit/collega.h"
 #include "platform/kit/singola.h"
 #include "platform/system/esportato.h"
-#include "platform/system/file.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
@@ -243,8 +242,7 @@ void frmRubrica::Esporta()
     NominativiEsportati Esito;
     {
         const ClessidraAccesa Attesa;
-        Esito = EsportaNominativi(Righe, FormatoDi(File), Scelte);
-        ScriviFile(File, Esito.Byte, Lettori::SoloUtente);
+        Esito = EsportaNominativi(File, Righe, FormatoDi(File), Scelte);
     }
     const QString Altri = FraseTralasciati(Esito);
     MostraEsportato((Esito.Quanti == 1 ? u"1 nominativo esportato"_s

@@ -48,14 +48,18 @@ bool EUnImporto(const QString& Testo)
 
 }  // namespace
 
+QByteArray RigaCsv(const QStringList& Celle, const QList<int>& Cifre)
+{
+    QStringList Fatte;
+    for (int i = 0; i < Celle.size(); ++i)
+        Fatte.append(Cifre.contains(i) && EUnImporto(Celle[i]) ? Celle[i] : CellaCsv(Celle[i]));
+    return Fatte.join(u';').toUtf8() + "\r\n";
+}
+
 QByteArray ScriviCsv(const std::vector<QStringList>& Righe, const QList<int>& Cifre)
 {
     QByteArray Scritte = MarcaUtf8.toByteArray();
-    for (const QStringList& Celle : Righe) {
-        QStringList Fatte;
-        for (int i = 0; i < Celle.size(); ++i)
-            Fatte.append(Cifre.contains(i) && EUnImporto(Celle[i]) ? Celle[i] : CellaCsv(Celle[i]));
-        Scritte += Fatte.join(u';').toUtf8() + "\r\n";
-    }
+    for (const QStringList& Celle : Righe)
+        Scritte += RigaCsv(Celle, Cifre);
     return Scritte;
 }

@@ -5,6 +5,7 @@
 #include "platform/system/cartelle.h"
 #include "platform/system/codici.h"
 #include "platform/system/fileaccanto.h"
+#include "platform/system/fileapezzi.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/sincrono.h"
@@ -36,11 +37,6 @@ QString CartellaDi(const QString& File)
 {
     const QString Cartella = CartellaFile(File);
     return Cartella.isEmpty() ? u"."_s : Cartella;
-}
-
-bool HaSoloLettura(const QFileInfo& Info)
-{
-    return Info.exists() && !Info.permission(QFile::WriteOwner);
 }
 
 /// The deepest folder of the path that is there already.
@@ -145,7 +141,8 @@ void CreaCartella(const QString& Percorso)
 
 bool SolaLettura(const QString& Percorso)
 {
-    return HaSoloLettura(QFileInfo(PercorsoNativo(Percorso)));
+    const QFileInfo Info(PercorsoNativo(Percorso));
+    return Info.exists() && !Info.permission(QFile::WriteOwner);
 }
 
 void ImpostaSolaLettura(const QString& Percorso, bool Attiva)
@@ -241,19 +238,7 @@ QByteArray LeggiRisorsa(const QString& Nome)
 
 void ScriviFile(const QString& Percorso, const QByteArray& Contenuto, Lettori Chi)
 {
-    const QString Nativo = FileVero(Percorso);
-    const QString Cartella = CartellaDi(Nativo);
-    if (!EsisteCartella(Cartella))
-        throw Errore(errori::PercorsoMancante);
-    // The rename would replace a read-only file, so the attribute is asked first; a pipe or a device is no
-    // file.
-    const QFileInfo Presente(Nativo);
-    if (Nativo.isEmpty() || (Presente.exists() && !Presente.isFile()) || HaSoloLettura(Presente) ||
-        !CartellaScrivibile(Cartella))
-        throw Errore(errori::Accesso);
-    if (guasti::LimiteFile > 0 && Contenuto.size() > guasti::LimiteFile)
-        throw Errore(errori::DiscoPieno);
-    FileAccanto Nuovo(Nativo, Chi);
+    FileAPezzi Nuovo(Percorso, Chi);
     Nuovo.Scrivi(Contenuto);
     Nuovo.Posa();
 }

@@ -1,10 +1,8 @@
-// Files of names, recognised by what they hold; archives taken whole; old notes copied; rows written for
-// others.
+// Files of names, recognised by what they hold; archives taken whole; old notes copied.
 #include "studio.h"
 
 #include "addressbook/exchange/archiviointero.h"
 #include "addressbook/exchange/archivionativo.h"
-#include "addressbook/exchange/esporta.h"
 #include "addressbook/exchange/notevecchie.h"
 #include "addressbook/exchange/turnoarchivio.h"
 #include "platform/base/errore.h"
@@ -32,12 +30,6 @@ private Q_SLOTS:
     void leRigheDiUnArchivio();
     void unFileTroppoGrande();
     void unFileCheNonCE();
-    void siEsporta();
-    void lEsportazioneRitorna_data();
-    void lEsportazioneRitorna();
-    void iPostiScelti();
-    void senzaNome();
-    void lEstensione();
     void unArchivioIntero();
     void accantoAUnArchivioPieno();
     void riempitoMentreSiCopia();
@@ -58,27 +50,6 @@ private Q_SLOTS:
     void chiLeLegge();
 };
 PROVA(TestSorgente);
-
-namespace {
-
-/// The columns of a row that the test fills, and what stands in them.
-const QStringList Colonne{u"Nominativo"_s,  u"Indirizzo"_s, u"Cap"_s,         u"CodFis"_s, u"PIva"_s,
-                          u"Telefono"_s,    u"Email"_s,     u"Pec"_s,         u"Note"_s,   u"RapprLegale"_s,
-                          u"DataNascita"_s, u"Nazione"_s,   u"TipoSoggetto"_s};
-
-void Riempi(const Studio& S)
-{
-    S.Esegui(
-        u"INSERT INTO clienti (Nominativo, Indirizzo, Cap, CodFis, Telefono, Email, Pec, Note, DataNascita) "
-        "VALUES (?,?,?,?,?,?,?,?,?)"_s,
-        {u"=Rossi; \"Nicolò\""_s, u"Via Roma, 1"_s, u"00184"_s, u"RSSNCL80A31D704Z"_s, u"+39 0583"_s, u"@a"_s,
-         u"n@pec.it"_s, u"una\ndue"_s, QDate(1980, 1, 31)});
-    S.Esegui(
-        u"INSERT INTO clienti (Nominativo, PIva, RapprLegale, Nazione, TipoSoggetto) VALUES ('Alfa Srl', "
-        "'00159560366', 'Rossi', 'SM', 'Società')"_s);
-}
-
-}  // namespace
 
 void TestSorgente::siRiconosce_data()
 {
@@ -130,7 +101,7 @@ void TestSorgente::leRigheDiUnFoglio()
 void TestSorgente::leRigheDiUnArchivio()
 {
     const Studio S;
-    Riempi(S);
+    S.Riempi();
     const SorgenteNominativi Da(S.File);
     QCOMPARE(Da.Tabelle(), (QStringList{u"clienti"_s, u"controparti"_s}));
     OpzioniSorgente Come;
@@ -159,116 +130,19 @@ void TestSorgente::unFileCheNonCE()
     QCOMPARE(NumeroErrore([] { const SorgenteNominativi Da(u"/nessuno.csv"_s); }), errori::FileMancante);
 }
 
-void TestSorgente::siEsporta()
-{
-    const Studio S;
-    Riempi(S);
-    const QByteArray Righe =
-        EsportaNominativi(OpenDatabase(S.File, true).OpenRecordset(u"clienti"_s), FormatoEsporta::Csv).Byte;
-    const QStringList Linee = QString::fromUtf8(Righe).split(u"\r\n"_s);
-    QVERIFY(Righe.startsWith("\xEF\xBB\xBF"));  // or a spreadsheet reads it in another code
-    QCOMPARE(
-        Linee[0],
-        u"Nominativo;Indirizzo;CAP;Città;Prov.;Nazione;Codice fiscale;Partita IVA;Data di nascita;Comune "
-        "di nascita;Telefono;Cellulare;E-mail;PEC;Codice destinatario;Tipo soggetto;Legale "
-        "rappresentante;Note"_s);
-    QVERIFY2(Linee[1].startsWith(
-                 u"\"'=Rossi; \"\"Nicolò\"\"\";\"Via Roma, 1\";00184;;;;RSSNCL80A31D704Z;;31/01/1980;;'+39 "
-                 "0583;;'@a;"),
-             qPrintable(Linee[1]));
-    const QByteArray Schede =
-        EsportaNominativi(OpenDatabase(S.File, true).OpenRecordset(u"clienti"_s), FormatoEsporta::Vcard).Byte;
-    QCOMPARE(Schede.count("BEGIN:VCARD\r\nVERSION:4.0\r\n"), 2);
-    QVERIFY(Schede.contains("KIND:org\r\nFN:Alfa Srl\r\n"));
-    QVERIFY(EsportaNominativi(OpenDatabase(S.File, true).OpenRecordset(u"clienti"_s), FormatoEsporta::Csv, {},
-                              [](int, int) { return false; })
-                .Byte.isEmpty());
-}
-
-void TestSorgente::lEsportazioneRitorna_data()
-{
-    QTest::addColumn<int>("Forma");
-    QTest::newRow("rows") << int(FormatoEsporta::Csv);
-    QTest::newRow("cards") << int(FormatoEsporta::Vcard);
-}
-
-/// What one archive writes another one reads, field by field.
-void TestSorgente::lEsportazioneRitorna()
-{
-    QFETCH(int, Forma);
-    const Studio Primo;
-    Riempi(Primo);
-    const QString File =
-        Primo.Scrivi(u"nomi"_s, EsportaNominativi(OpenDatabase(Primo.File, true).OpenRecordset(u"clienti"_s),
-                                                  FormatoEsporta(Forma))
-                                    .Byte);
-    const Studio Secondo;
-    const SorgenteNominativi Da(File);
-    OpzioniSorgente Come;
-    const TabellaEstranea Lette = Da.Leggi(Come);
-    const Database Db = OpenDatabase(Secondo.File);
-    ImportaNominativi Opera(Db, u"clienti"_s, Lette, AbbinaColonne(Lette.Titoli, Db.Campi(u"clienti"_s)),
-                            Doppioni::Salta);
-    QVERIFY(Opera.Prepara() && Opera.Scrivi(File));
-    QCOMPARE(Secondo.Righe(Colonne), Primo.Righe(Colonne));
-    QCOMPARE(Opera.Avvisi(), QStringList());
-}
-
-void TestSorgente::iPostiScelti()
-{
-    const Studio S;
-    for (const QString& Nome : {u"a"_s, u"b"_s, u"c"_s})
-        S.Esegui(u"INSERT INTO clienti (Nominativo) VALUES (?)"_s, {Nome});
-    const QByteArray Schede = EsportaNominativi(OpenDatabase(S.File, true).OpenRecordset(u"clienti"_s),
-                                                FormatoEsporta::Vcard, {2, 0})
-                                  .Byte;
-    QVERIFY(Schede.indexOf("FN:a") > 0 && Schede.indexOf("FN:c") > Schede.indexOf("FN:a"));
-    QVERIFY(!Schede.contains("FN:b"));
-}
-
-/// A card is of a name: of the other rows it is said that they are not there.
-void TestSorgente::senzaNome()
-{
-    const Studio S;
-    for (const QString& Nome : {u"a"_s, QString(), u"  "_s})
-        S.Esegui(u"INSERT INTO clienti (Nominativo, Citta) VALUES (?, 'Lucca')"_s, {Nome});
-    const Recordset Righe = OpenDatabase(S.File, true).OpenRecordset(u"clienti"_s);
-    const NominativiEsportati Schede = EsportaNominativi(Righe, FormatoEsporta::Vcard);
-    QCOMPARE(Schede.Byte.count("BEGIN:VCARD"), Schede.Quanti);
-    QCOMPARE(Schede.Quanti, 1);
-    QCOMPARE(FraseTralasciati(Schede), u"2 senza nome, tralasciati"_s);
-    QCOMPARE(FraseTralasciati(EsportaNominativi(Righe, FormatoEsporta::Vcard, {0, 1})),
-             u"1 senza nome, tralasciato"_s);
-    const NominativiEsportati Foglio = EsportaNominativi(Righe, FormatoEsporta::Csv);
-    QCOMPARE(Foglio.Quanti, 3);
-    QCOMPARE(Foglio.Byte.count("Lucca"), 3);
-    QCOMPARE(FraseTralasciati(Foglio), QString());
-}
-
-void TestSorgente::lEstensione()
-{
-    QCOMPARE(FormatoDi(u"/x/nomi.VCF"_s), FormatoEsporta::Vcard);
-    QCOMPARE(FormatoDi(u"/x/nomi.csv"_s), FormatoEsporta::Csv);
-    QCOMPARE(ConEstensione(u"/x/nomi"_s), u"/x/nomi.csv"_s);
-    QCOMPARE(ConEstensione(u"/x/nomi.vcf"_s), u"/x/nomi.vcf"_s);
-    QCOMPARE(ConEstensione(u"/x/nomi.CSV"_s), u"/x/nomi.CSV"_s);
-    QCOMPARE(ConEstensione(u"/x/nomi.txt"_s), u"/x/nomi.txt"_s);
-    QCOMPARE(ConEstensione(u"/x/Elenco 22.11.2026"_s), u"/x/Elenco 22.11.2026.csv"_s);
-}
-
 // ---- an archive taken whole ---------------------------------------------------------------------
 
 void TestSorgente::unArchivioIntero()
 {
     const Studio Vecchio;
-    Riempi(Vecchio);
+    Vecchio.Riempi();
     const QByteArray Prima = Vecchio.Byte();
     const Studio Nuovo;  // an empty one stands in the folder
     const auto Preso = PrendiArchivio(Vecchio.File, Nuovo.Cartella);
     QVERIFY(Preso);
     QCOMPARE(Preso->File, Nuovo.File);
     QCOMPARE(Preso->Clienti, 2);
-    QCOMPARE(Nuovo.Righe(Colonne), Vecchio.Righe(Colonne));
+    QCOMPARE(Nuovo.Righe(Studio::Riempite()), Vecchio.Righe(Studio::Riempite()));
     QCOMPARE(Vecchio.Byte(), Prima);
     QCOMPARE(ContenutoDi(Nuovo.Cartella), QStringList{u"DatiStudio.mdb"_s});
     QVERIFY(ResocontoArchivio(Vecchio.File, *Preso).contains(u"Clienti: 2\nControparti: 0\n"));
@@ -277,7 +151,7 @@ void TestSorgente::unArchivioIntero()
 void TestSorgente::accantoAUnArchivioPieno()
 {
     const Studio Vecchio;
-    Riempi(Vecchio);
+    Vecchio.Riempi();
     const Studio Pieno;
     Pieno.Esegui(u"INSERT INTO controparti (Nominativo) VALUES ('x')"_s);
     const QByteArray Prima = Pieno.Byte();
@@ -291,7 +165,7 @@ void TestSorgente::accantoAUnArchivioPieno()
 void TestSorgente::riempitoMentreSiCopia()
 {
     const Studio Vecchio;
-    Riempi(Vecchio);
+    Vecchio.Riempi();
     const Studio Nuovo;
     bool InTurno = false;
     const auto Scrive = [&](qint64) {

@@ -9,6 +9,7 @@
 #include "platform/system/file.h"
 #include "supporto/prova.h"
 
+#include <QDate>
 #include <QFile>
 
 /// An empty archive, as it is delivered.
@@ -25,6 +26,27 @@ public:
     void Esegui(const QString& Sql, const QVariantList& Valori = {}) const
     {
         OpenDatabase(File).Execute(Sql, Valori);
+    }
+    /// The columns that Riempi fills.
+    [[nodiscard]] static QStringList Riempite()
+    {
+        using namespace Qt::StringLiterals;
+        return {u"Nominativo"_s,  u"Indirizzo"_s, u"Cap"_s,         u"CodFis"_s, u"PIva"_s,
+                u"Telefono"_s,    u"Email"_s,     u"Pec"_s,         u"Note"_s,   u"RapprLegale"_s,
+                u"DataNascita"_s, u"Nazione"_s,   u"TipoSoggetto"_s};
+    }
+    /// A person with the signs that files of rows stumble over, and a company.
+    void Riempi() const
+    {
+        using namespace Qt::StringLiterals;
+        Esegui(u"INSERT INTO clienti (Nominativo, Indirizzo, Cap, CodFis, Telefono, Email, Pec, Note, "
+               u"DataNascita) "
+               "VALUES (?,?,?,?,?,?,?,?,?)"_s,
+               {u"=Rossi; \"Nicolò\""_s, u"Via Roma, 1"_s, u"00184"_s, u"RSSNCL80A31D704Z"_s, u"+39 0583"_s,
+                u"@a"_s, u"n@pec.it"_s, u"una\ndue"_s, QDate(1980, 1, 31)});
+        Esegui(
+            u"INSERT INTO clienti (Nominativo, PIva, RapprLegale, Nazione, TipoSoggetto) VALUES ('Alfa Srl', "
+            "'00159560366', 'Rossi', 'SM', 'Società')"_s);
     }
     /// Cells of all rows, joined by "|", in the order of their keys.
     [[nodiscard]] QStringList Righe(const QStringList& Colonne,
