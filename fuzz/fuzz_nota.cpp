@@ -49,9 +49,10 @@ void Prova(const QByteArray& Dati)
     Pretendi(Nota.Percorso.isEmpty() != Letta);
     Pretendi(Letta || (Nota.xOnorari.Vuota() && Nota.xDiritti.Vuota() && Nota.xAcconti.Vuota()));
     Pretendi(!Nota.Modificata && !Nota.RicalcoloNecessario);
+    PretendiSolaLettura(File);
 
     // The other roads to the same file: as the second of two notes, as what a lost session has left, as what
-    // it keeps of its invoice by now.
+    // it keeps of its invoice by now. The first of them takes the read-only attribute away.
     Riesce([&] {
         const NotaAssociata Altra = LeggiMulti(File);
         Pretendi(std::isfinite(Altra.TotOnorariMulti) && Altra.Illeggibili >= 0);
@@ -70,6 +71,7 @@ void Prova(const QByteArray& Dati)
 
     // A password that cannot be decoded comes as it stands, however long.
     Riesce([&] { (void)LeggiPsw(File); });
+    PretendiVicini(File);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "platform/database/database.h"
 
 #include <QDate>
+#include <QFile>
 
 using namespace Qt::StringLiterals;
 
@@ -105,16 +106,22 @@ void Scrivi(const Database& Base, const QString& Tabella)
     }
 }
 
-void Prova(const QByteArray& Dati)
+/// A database that its first page has kept with a log of another kind.
+bool ConLog(const QByteArray& Byte)
 {
-    (void)Sana();
-    const QString File = PosaDatabase(u"ostile.mdb"_s, Sana(), Dati);
+    constexpr qsizetype Versioni = 18;
+    return Byte.size() > Versioni + 1 && (Byte[Versioni] == 2 || Byte[Versioni + 1] == 2);
+}
+
+void LeggiEScrivi(const QString& File)
+{
     const QByteArray Prima = Contenuto(File);
-    // Behind a log of its own kind the engine brings a file back to the program's.
-    constexpr qsizetype Giornale = 18;
-    const bool ConLog = Prima.size() > Giornale + 1 && (Prima[Giornale] == 2 || Prima[Giornale + 1] == 2);
+    const QByteArray Mendata = QFile::exists(File + u"-journal"_s) ? Risanata(File) : Prima;
     const bool Letta = Riesce([&] { Leggi(OpenDatabase(File, true)); });
-    Pretendi(ConLog || Contenuto(File) == Prima);
+    // Behind a log of its own kind the engine brings a file back to the program's. What a journal says was
+    // cut off is undone before anything is read.
+    const QByteArray Dopo = Contenuto(File);
+    Pretendi(ConLog(Prima) || ConLog(Mendata) || Dopo == Mendata || (!Letta && Dopo == Prima));
     if (!Letta)
         return;
     Riesce([&] {
@@ -124,6 +131,15 @@ void Prova(const QByteArray& Dati)
         Base.Annota({{u"chiave"_s, u"valore"_s}});
         Pretendi(Base.Annotazioni().value(u"chiave"_s) == u"valore");
     });
+}
+
+void Prova(const QByteArray& Dati)
+{
+    (void)Sana();
+    const QString File = PosaDatabase(u"ostile.mdb"_s, Sana(), Dati);
+    LeggiEScrivi(File);
+    PretendiVicini(File);
+    PretendiSolaLettura(File);
 }
 
 }  // namespace
