@@ -122,7 +122,8 @@ void CreaCartellaDiUtente(const QString& Percorso)
         throw Errore(errori::Accesso);
     for (const QString& Livello : std::as_const(Mancanti)) {
         // The user's alone from its first moment: who is stopped before the next line leaves nothing open.
-        (void)CreaCartellaNuova(Livello);
+        if (!CreaCartellaNuova(Livello) && !EsisteCartella(Livello))
+            throw Errore(errori::Accesso);  // a file is there, and stays as open as its owner has made it
         DaiPermessi(Livello, {}, Lettori::Cartella);
     }
     CreaCartella(Percorso);

@@ -44,6 +44,7 @@ private Q_SLOTS:
     void ilGruppoDellaCartella();
     void cartelle_data();
     void cartelle();
+    void unFileAlPostoDellaCartella();
     void ilSupportoDecide_data();
     void ilSupportoDecide();
     void diChiE();
@@ -155,6 +156,19 @@ void TestPermessi::cartelle()
     Imposta(Cartella + u"a"_s, 0711);
     CreaCartellaDiUtente(Cartella + u"a"_s);
     QVERIFY2(Modo(Cartella + u"a"_s) == 0711, "one that is there is nobody's business");
+}
+
+/// A document of the user's that stands where a folder is wanted stays as open as he has made it.
+void TestPermessi::unFileAlPostoDellaCartella()
+{
+    const QString File = Cartella + u"nota.odt"_s;
+    ScriviFile(File, "testo");
+    Imposta(File, 0644);
+    for (const QString& Voluta : {File, File + u"/sotto"_s, File + u"/sotto/ancora"_s}) {
+        QCOMPARE(NumeroErrore([&] { CreaCartellaDiUtente(Voluta); }), 75);
+        QCOMPARE(int(Modo(File)), 0644);
+        QCOMPARE(LeggiFile(File), "testo"_ba);
+    }
 }
 
 void TestPermessi::ilSupportoDecide_data()
