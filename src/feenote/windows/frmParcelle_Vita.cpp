@@ -235,6 +235,7 @@ bool frmParcelle::Salva(const std::function<std::optional<QString>()>& Scrivi,
 {
     if (DialogoAperto || !ConcludiCampo())
         return false;
+    const QString Prima = Nota.Percorso;
     return InDialogo([&] {
         try {
             const std::optional<QString> Scritta = Scrivi();
@@ -252,7 +253,7 @@ bool frmParcelle::Salva(const std::function<std::optional<QString>()>& Scrivi,
             Protetta([this] { RicordaNota(Nota); });
             Dillo(*Scritta);
             SetModificata(Nota.Modificata);
-            SegueSalvataggio(*this);
+            SegueSalvataggio(*this, Prima);
             ControllaMulti();
             MostraTutto();
             Stampa->DopoSalvataggio();
@@ -264,6 +265,7 @@ bool frmParcelle::Salva(const std::function<std::optional<QString>()>& Scrivi,
             ImpostaTitolo(Nota.Nome);
             ImprontaMia = ImprontaDi(Nota.Percorso);
             SetModificata(true);
+            SegueSalvataggio(*this, Prima);
             MsgErrore(u"Codice errore: %1\n%2"_s.arg(Guasto.Numero).arg(Guasto.Descrizione));
             return false;
         } catch (const Errore& Guasto) {

@@ -77,12 +77,13 @@ void ControllaAssociate()
     Ognuna([](frmParcelle& Finestra) { Finestra.ControllaMulti(); });
 }
 
-void SegueSalvataggio(const frmParcelle& Salvata)
+void SegueSalvataggio(const frmParcelle& Salvata, const QString& Prima)
 {
+    const bool AltroFile = !StessoPercorso(Prima, Salvata.Nota.Percorso);
     Ognuna([&](frmParcelle& Finestra) {
         if (&Finestra == &Salvata)
             return;
-        if (StessoPercorso(Finestra.Nota.Percorso, Salvata.Nota.Percorso))
+        if (AltroFile && StessoPercorso(Finestra.Nota.Percorso, Salvata.Nota.Percorso))
             Finestra.FileSostituito();
         if (Finestra.HaStampa() && Finestra.Socio() == Salvata.Indice())
             Finestra.SegueMulti(Salvata.Nota.Percorso);

@@ -21,7 +21,8 @@ void ControllaAssociate();
 
 /// A note has been saved, perhaps under another name: the window that is linked to it follows, the others
 /// look at their associated notes. One whose file it has taken has unsaved changes from now on.
-void SegueSalvataggio(const frmParcelle& Salvata);
+/// @param Prima the note's file before it was saved; empty where it had none
+void SegueSalvataggio(const frmParcelle& Salvata, const QString& Prima);
 
 /// What the address book hands over goes to the note that has asked, by its place and serial number; nothing
 /// where that one has gone. A row without a name is refused, and the user told.

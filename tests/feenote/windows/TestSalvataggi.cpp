@@ -50,6 +50,7 @@ private Q_SLOTS:
     void cioCheCambiaDietroIlMessaggio();
     void dueFinestreSulloStessoFile();
     void sopraUnaNotaAperta();
+    void laSecondaFinestraNonHaModifiche();
     void nonSiScrive_data();
     void nonSiScrive();
     void discoPieno();
@@ -301,6 +302,21 @@ void TestSalvataggi::sopraUnaNotaAperta()
     QVERIFY(!F->SalvaSulPosto());
     QCOMPARE(Cliente(File), u"Verdi"_s);
     QVERIFY(F->Nota.Modificata);
+}
+
+/// A note in two windows is one note: the window that nobody has touched has nothing to save.
+void TestSalvataggi::laSecondaFinestraNonHaModifiche()
+{
+    Tocca(F);
+    const QString File = SalvaCome(*T, u"nota.mdb"_s);
+    const frmParcelle* Altra = T->Apri(File, 2);
+    QVERIFY(Altra && Altra != F);
+    Tocca(Altra, u"Verdi"_s);
+    Salva(*T, File, false, 2);
+    QCOMPARE(Cliente(File), u"Verdi"_s);
+    QVERIFY(!F->Nota.Modificata);
+    QVERIFY(ChiudiParcella(1));
+    QCOMPARE(Cliente(File), u"Verdi"_s);
 }
 
 void TestSalvataggi::nonSiScrive_data()
