@@ -114,6 +114,12 @@ bool Irraggiungibile(const QString& Cartella)
     return Posto.isSymLink() ? !Posto.exists() : Posto.isDir() && !Posto.isExecutable();
 }
 
+/// The folder of the office's own clauses, or the user folder around it.
+bool ProprieIrraggiungibili(const QString& Propria)
+{
+    return Irraggiungibile(CartellaFile(Propria)) || !EsisteCartella(sessione::UserFolder);
+}
+
 // ---- what the user is shown
 
 QString Ragione(EsitoClausole Esito)
@@ -189,8 +195,9 @@ Clausole LeggiClausole(const QString& Percorso)
     try {
         return Leggi(TrovaFile(PercorsoNativo(Percorso)));
     } catch (const Errore& Guasto) {
-        const bool Mancano = Guasto.Numero == errori::FileMancante && !Presente(Percorso) &&
-                             !Irraggiungibile(CartellaFile(Percorso));
+        const bool Mancano =
+            Guasto.Numero == errori::FileMancante && !Presente(Percorso) &&
+            !(Percorso == FileProprio(NomeFile(Percorso)) && ProprieIrraggiungibili(Percorso));
         return {Mancano ? EsitoClausole::Mancano : EsitoClausole::Illeggibili, {}};
     }
 }
@@ -206,9 +213,8 @@ QString NomeClausole(int Tipo, const Parcella& Nota)
 QString FileClausole(const QString& Nome)
 {
     QString Propria = FileProprio(Nome);
-    return !Propria.isEmpty() && (Presente(Propria) || Irraggiungibile(CartellaFile(Propria)))
-               ? Propria
-               : FileFornito(Nome);
+    return !Propria.isEmpty() && (Presente(Propria) || ProprieIrraggiungibili(Propria)) ? Propria
+                                                                                        : FileFornito(Nome);
 }
 
 QString ClausoleDaModificare(const QString& Nome)
@@ -230,19 +236,12 @@ void StampaClausole(Superficie& vp, const Parcella& Nota, int Tipo)
     const QString Nome = NomeClausole(Tipo, Nota);
     const Clausole Lette = LeggiClausole(FileClausole(Nome));
     Registra(Nome, Lette);
+    if (Lette.Esito != EsitoClausole::Bianche)
+        vp.Manca = Frase(Nome, Lette);
     if (Lette.Testo.isEmpty())
         return;
     vp.Paragraph(Lette.Testo);
     RigaVuota(vp);
-}
-
-QString ClausoleMancate(const Parcella& Nota, int Tipo)
-{
-    const QString Nome = NomeClausole(Tipo, Nota);
-    if (Nome.isEmpty())
-        return {};
-    const Clausole Lette = LeggiClausole(FileClausole(Nome));
-    return Lette.Esito == EsitoClausole::Bianche ? QString() : Frase(Nome, Lette);
 }
 
 void AvvisaClausole()

@@ -46,14 +46,10 @@ struct Clausole
 [[nodiscard]] QString ClausoleDaModificare(const QString& Nome);
 
 /// Appends the clauses of a document for the note's kind of client and a blank row; nothing where there are
-/// none.
+/// none. What keeps them from being printed whole is left in Superficie::Manca, but for an empty page of the
+/// office's own and a file that is not there.
 /// @param Tipo StampaContratto or StampaInformativa
 void StampaClausole(Superficie& vp, const Parcella& Nota, int Tipo);
-
-/// Why a document of the note does not have all of its clauses, as a question's first line says it; empty for
-/// one that has, that has no clauses, whose file is missing or is an empty page.
-/// @param Tipo a TipoStampa
-[[nodiscard]] QString ClausoleMancate(const Parcella& Nota, int Tipo);
 
 /// Shows the user which files' clauses were not printed since the last call, or not to their end, and why. A
 /// file that was shown is not shown again until its clauses have been printed whole; a missing file is

@@ -64,6 +64,14 @@ QString Frase(const Documento& Doc, const QString& Inizio)
     return TestiBlocchi(Doc).filter(Inizio).value(0);
 }
 
+/// What a contract of the note lacks.
+QString Manca(const Parcella& Nota)
+{
+    Superficie vp;
+    (void)Anteprima(vp, Nota, StampaContratto);
+    return vp.Manca;
+}
+
 void RigheTipi()
 {
     QTest::addColumn<int>("Tipo");
@@ -417,7 +425,7 @@ void TestContratto::clausoleGuaste()
                          vbOK, u"Errore:"_s);
     const QString Con = TestiBlocchi(Composto(Nota, StampaContratto)).join(u'|');
     QVERIFY(Con.startsWith(Senza));
-    QCOMPARE(ClausoleMancate(Nota, StampaContratto).isEmpty(), !InParte);
+    QCOMPARE(Manca(Nota).isEmpty(), !InParte);
     QCOMPARE(Con.mid(Senza.size()).remove(u'|').remove(QChar()), Lette);
 }
 
@@ -485,7 +493,7 @@ void TestContratto::clausoleBianche()
     QCOMPARE(TestiBlocchi(Composto(Nota, StampaContratto)), Senza);
     QCOMPARE(TestiBlocchi(Composto(Nota, StampaContratto)), Senza);
     QCOMPARE(Messaggi.Mostrati().size(), 1);
-    QCOMPARE(ClausoleMancate(Nota, StampaContratto), QString());
+    QCOMPARE(Manca(Nota), QString());
     ScriviFile(Clausole + u"ContrattoPersonaFisica.rtf"_s, "Foro");
     QVERIFY(TestiBlocchi(Composto(Nota, StampaContratto)).contains(u"Foro"_s));
 }
@@ -494,7 +502,8 @@ void TestContratto::clausoleBianche()
 void TestContratto::clausoleProprieIrraggiungibili_data()
 {
     QTest::addColumn<QString>("Come");
-    for (const QString& Come : {u"cartella"_s, u"collegamento"_s, u"collegamento alla cartella"_s})
+    for (const QString& Come :
+         {u"cartella"_s, u"collegamento"_s, u"collegamento alla cartella"_s, u"cartella utente sparita"_s})
         QTest::newRow(qPrintable(Come)) << Come;
 }
 
@@ -506,7 +515,9 @@ void TestContratto::clausoleProprieIrraggiungibili()
     ScriviFile(Clausole + u"ContrattoPersonaFisica.rtf"_s, "{\\rtf1 Fornite}");
     const QString Proprie = sessione::UserFolder + u"clausole"_s;
     const QString Propria = Proprie + u"/ContrattoPersonaFisica.rtf"_s;
-    if (Come == u"collegamento alla cartella") {
+    if (Come == u"cartella utente sparita") {
+        sessione::UserFolder += u"sparita/"_s;
+    } else if (Come == u"collegamento alla cartella") {
         QVERIFY(QFile::link(sessione::UserFolder + u"condivisione sparita"_s, Proprie));
     } else {
         QVERIFY(QDir().mkpath(Proprie));
@@ -520,7 +531,7 @@ void TestContratto::clausoleProprieIrraggiungibili()
         vbOK, u"Errore:"_s);
     const Parcella Nota = Completa(campioni::Civile());
     QVERIFY(!TestiBlocchi(Composto(Nota, StampaContratto)).contains(u"Fornite"_s));
-    QVERIFY(!ClausoleMancate(Nota, StampaContratto).isEmpty());
+    QVERIFY(!Manca(Nota).isEmpty());
     // Sound again, so that the next damage is told.
     sessione::UserFolder.clear();
     QVERIFY(TestiBlocchi(Composto(Nota, StampaContratto)).contains(u"Fornite"_s));

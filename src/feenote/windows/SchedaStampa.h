@@ -132,6 +132,5 @@ private:
     QString Avviso;            ///< for the preview's margin
     QString ClausoleComposte;  ///< StatoClausole when the document on view was composed
     QList<InvioChiesto> Attesi;
-    QString SenzaClausole;  ///< why the document in view lacks clauses, as ClausoleMancate says it
     bool NonConsegnata = false;
 };

@@ -77,7 +77,6 @@ void SchedaStampa::NuovaNota()
     ui->vp->Svuota();
     ui->lblUnaPagina->hide();
     ClausoleComposte.clear();
-    SenzaClausole.clear();
     NonConsegnata = false;
     ui->cmdFatturaXml->setChecked(false);
     Elettronica->NuovaNota();
@@ -105,18 +104,25 @@ bool SchedaStampa::RileggiArchivio()
 bool SchedaStampa::SiCompone()
 {
     Cornice.ComponiInAttesa();
-    if (AspettaArchivio(Nota)) {
-        if (!RileggiArchivio()) {
-            GestioneErrori(Errore(Nota.ArchivioNonLetto->Numero, Nota.ArchivioNonLetto->Descrizione));
+    const bool Aspettava = AspettaArchivio(Nota);
+    if (Aspettava && !RileggiArchivio()) {
+        GestioneErrori(Errore(Nota.ArchivioNonLetto->Numero, Nota.ArchivioNonLetto->Descrizione));
+        return false;
+    }
+    if (Nota.cmbTipoStampa == NessunaVoce)
+        return true;
+    // The clauses may have been mended since the page was composed, or damaged.
+    const QString& Manca = ui->vp->Foglio().Manca;
+    if (Aspettava || !Manca.isEmpty() || StatoClausole() != ClausoleComposte)
+        if (const std::optional<Errore> Guasto = Composta(false)) {
+            GestioneErrori(*Guasto);
             return false;
         }
-        Ricomponi();
-    }
-    if (SenzaClausole.isEmpty())
+    if (Manca.isEmpty())
         return true;
     // Nobody who signs it sees what it lacks.
-    return Cornice.InDialogo([this] {
-        return MsgBox(u"Attenzione, "_s + SenzaClausole + u"\nFare uscire lo stesso il documento?"_s,
+    return Cornice.InDialogo([&] {
+        return MsgBox(u"Attenzione, "_s + Manca + u"\nFare uscire lo stesso il documento?"_s,
                       vbYesNo + vbQuestion + vbDefaultButton2, TitoloDomanda.toString());
     }) == vbYes;
 }
@@ -155,7 +161,6 @@ std::optional<Errore> SchedaStampa::Componi(bool Invio)
 {
     VistaStampa* vp = ui->vp;
     ClausoleComposte = StatoClausole();
-    SenzaClausole = ClausoleMancate(Nota, Nota.cmbTipoStampa);
     // What was drawn before a failure is shown.
     const auto AllaFine = qScopeGuard([this, vp] {
         vp->Aggiorna();
@@ -287,8 +292,8 @@ void SchedaStampa::MostraAvviso()
     QString Margine = Avviso;
     if (Nota.ArchivioNonLetto)
         Margine = u"L'archivio dei clienti non si legge: il documento non si compone"_s;
-    else if (!SenzaClausole.isEmpty())
-        Margine = SenzaClausole.left(1).toUpper() + SenzaClausole.mid(1).chopped(1);
+    else if (const QString& Manca = ui->vp->Foglio().Manca; !Manca.isEmpty())
+        Margine = Manca.left(1).toUpper() + Manca.mid(1).chopped(1);
     ui->vp->ImpostaAvviso(Margine);
 }
 

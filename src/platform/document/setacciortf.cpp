@@ -45,8 +45,9 @@ void SetaccioRtf::Passa(QByteArrayView Pezzo)
             Leggi(*C++);
         }
     }
-    Oltre = Oltre || std::any_of(C, Pezzo.end(),
-                                 [](char D) { return D != '\0' && D != ' ' && (D < '\t' || D > '\r'); });
+    Oltre = Oltre || std::any_of(C, Pezzo.end(), [](char D) {
+                return D != '\0' && D != '\x1A' && D != ' ' && (D < '\t' || D > '\r');
+            });
 }
 
 void SetaccioRtf::Tieni(char C)

@@ -19,6 +19,7 @@ Superficie& Superficie::operator=(Superficie&&) noexcept = default;
 void Superficie::StartDoc()
 {
     Doc.Blocchi.clear();
+    Manca.clear();
     Riga.reset();
     Aperta.reset();
     SopraSeguente = 0.0;

@@ -114,6 +114,10 @@ public:
     int Zoom = 80;  ///< percent
     QString Tag;    ///< page shown in the preview, as text
 
+    /// What the document was to hold and does not, as a sentence without its capital; empty where nothing is
+    /// missing. StartDoc empties it.
+    QString Manca;
+
     // ---- export of the composition, for whoever writes it
     QString ExportFile;    ///< empty: none
     int ExportFormat = 4;  ///< 4 word processor, 3 HTML

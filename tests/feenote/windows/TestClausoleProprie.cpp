@@ -226,6 +226,19 @@ void TestClausoleProprie::guasteEsceSoloChiVuole()
     Voce.AttendiSalva({});
     Premuto("barPrint_pdf");
     Voce.Sparecchia();
+    // Mended under the date that it had: looked at when the document is to go out.
+    const QDateTime Quando = DataFile(File);
+    ScriviFile(File, Sane);
+    ImpostaDataFile(File, Quando);
+    Voce.AttendiSalva({});
+    Premuto("barPrint_pdf");
+    QCOMPARE(Voce.Mostrati().size(), 0);
+    Voce.Sparecchia();
+    // Damaged since the page was composed: nothing goes out unasked either.
+    ScriviFile(File, Sane.first(Sane.size() / 2));
+    Premuto("barPrint_word");
+    QCOMPARE(Voce.UltimoTesto(), Domanda);
+    Voce.Sparecchia();
     // Another document goes out unasked, and this one once its clauses are whole.
     Documento(StampaPrenotula);
     QCOMPARE(vp->Avviso(), QString());
