@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 void TogliGiornale(const QString& Percorso)
 {
     const QString Giornale = Percorso + u"-journal"_s;
-    if (!EsisteFile(Giornale) || SolaLettura(Percorso))
+    if (!EsisteFile(Giornale) || SolaLettura(Percorso) || GiornaleAltrui(Percorso))
         return;
     try {
         Connessione Conn(Percorso, Connessione::Modo::Scrittura);

@@ -3,6 +3,7 @@
 #include "supporto/prova.h"
 
 #include "platform/database/connessione.h"
+#include "platform/database/giornale.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
 #include "supporto/guasti.h"
@@ -14,6 +15,28 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+const QByteArray Segno = QByteArray::fromHex("d9d505f920a163d7");
+
+QByteArray Numero(quint32 Valore)
+{
+    QByteArray Byte(4, '\0');
+    qToBigEndian(Valore, Byte.data());
+    return Byte;
+}
+
+/// A journal of no page: what it says is how long the file was.
+QByteArray TestataGiornale(quint32 Pagine)
+{
+    constexpr qsizetype Settore = 512;
+    const QByteArray Testata =
+        Segno + Numero(0) + Numero(0) + Numero(Pagine) + Numero(Settore) + Numero(4096);
+    return Testata.leftJustified(Settore, '\0');
+}
+
+}  // namespace
+
 class TestDatabaseOstile : public QObject
 {
     Q_OBJECT
@@ -21,6 +44,8 @@ private Q_SLOTS:
     void init();
     void ilGiornaleCheNeNominaUnAltro_data();
     void ilGiornaleCheNeNominaUnAltro();
+    void ilGiornaleCheAllunga_data();
+    void ilGiornaleCheAllunga();
     void ilLogDiUnAltro();
     void ilLogProprioSiLegge();
     void inLetturaNonSiLasciaNulla();
@@ -80,22 +105,18 @@ void TestDatabaseOstile::ilGiornaleCheNeNominaUnAltro()
     QFETCH(bool, Guardato);
     const QString Vittima = Cartella + u"bersaglio.txt"_s;
     ScriviFile(Vittima, "mio");
-    const auto Numero = [](quint32 Valore) {
-        QByteArray Byte(4, '\0');
-        qToBigEndian(Valore, Byte.data());
-        return Byte;
-    };
-    const QByteArray Segno = QByteArray::fromHex("d9d505f920a163d7");
     const QByteArray Nome = Vittima.toUtf8();
     quint32 Somma = 0;
     for (const char C : Nome)
         Somma += quint32(static_cast<signed char>(C));
-    constexpr qsizetype Settore = 512;
     const quint32 Pagine = quint32(QFileInfo(File).size() / 4096);
-    QByteArray Giornale = Segno + Numero(0) + Numero(0) + Numero(Pagine) + Numero(Settore) + Numero(4096);
-    Giornale = Giornale.leftJustified(Settore, '\0') + Numero(0x40000000 / 4096 + 1) + Nome +
-               Numero(quint32(Nome.size())) + Numero(Somma) + Segno;
+    const QByteArray Giornale = TestataGiornale(Pagine) + Numero(0x40000000 / 4096 + 1) + Nome +
+                                Numero(quint32(Nome.size())) + Numero(Somma) + Segno;
     ScriviFile(File + u"-journal"_s, Giornale);
+    const QByteArray Prima = LeggiFile(File);
+    TogliGiornale(File);
+    QVERIFY2(EsisteFile(File + u"-journal"_s), "the sweep leaves it");
+    QVERIFY(LeggiFile(File) == Prima && LeggiFile(File + u"-journal"_s) == Giornale);
     if (Guardato) {
         const ErroreVisto Guasto = ErroreDi([&] { (void)Valore(File); });
         QCOMPARE(Guasto.Numero, 3343);
@@ -108,6 +129,38 @@ void TestDatabaseOstile::ilGiornaleCheNeNominaUnAltro()
     // Without it the note is as it was.
     QFile::remove(File + u"-journal"_s);
     QCOMPARE(Valore(File), 1);
+}
+
+void TestDatabaseOstile::ilGiornaleCheAllunga_data()
+{
+    QTest::addColumn<quint32>("Pagine");
+    QTest::addColumn<bool>("DiSolaLettura");
+    QTest::newRow("a hundred megabytes") << 25600U << false;
+    QTest::newRow("of a read-only file") << 25600U << true;
+    QTest::newRow("more than any disk") << 0xfffffffeU << false;
+}
+
+/// A few bytes beside a note make it fill a disk that keeps no holes in its files.
+void TestDatabaseOstile::ilGiornaleCheAllunga()
+{
+    QFETCH(quint32, Pagine);
+    QFETCH(bool, DiSolaLettura);
+    const QByteArray Prima = LeggiFile(File);
+    const QByteArray Giornale = TestataGiornale(Pagine);
+    ScriviFile(File + u"-journal"_s, Giornale);
+    TogliGiornale(File);
+    QCOMPARE(QFileInfo(File).size(), Prima.size());
+    ImpostaSolaLettura(File, DiSolaLettura);
+    const ErroreVisto Guasto = ErroreDi([&] { (void)Valore(File); });
+    QCOMPARE(QFileInfo(File).size(), Prima.size());
+    QCOMPARE(Guasto.Numero, 3343);
+    QVERIFY2(Guasto.Descrizione.contains(u"nota.mdb-journal"), qPrintable(Guasto.Descrizione));
+    QVERIFY(LeggiFile(File) == Prima && LeggiFile(File + u"-journal"_s) == Giornale);
+    // One that tells of the file as long as it is says nothing that was cut off.
+    ImpostaSolaLettura(File, false);
+    ScriviFile(File + u"-journal"_s, TestataGiornale(quint32(Prima.size() / 4096)));
+    QCOMPARE(Valore(File), 1);
+    QVERIFY(LeggiFile(File) == Prima);
 }
 
 void TestDatabaseOstile::ilLogDiUnAltro()
