@@ -77,6 +77,13 @@ bool& RestaSolaLettura()
     return Resta;
 }
 
+/// As long as the file may become; 0 says nothing of it.
+qint64& MassimaLunghezza()
+{
+    static qint64 Massima = 0;
+    return Massima;
+}
+
 void PosaVicino(const QString& Nome, const QByteArray& Byte)
 {
     Vicini().insert(Posa(Nome, Byte), Byte);
@@ -165,6 +172,8 @@ QString PosaAccanto(const QString& Nome, QByteArray Sana, const QByteArrayList& 
     const QString Posato = Posa(Nome + (Giornale ? u"-journal"_s : u"-wal"_s), Accanto);
     if (Giornale ? Accanto.endsWith(SegnoGiornale) : Altrui)
         Vicini().insert(Posato, Accanto);
+    // What a target itself writes is less.
+    MassimaLunghezza() = Giornale ? Sana.size() + Accanto.size() + MassimaCella : 0;
     RestaSolaLettura() = Parole.contains("sola");
     if (RestaSolaLettura())
         Pretendi(QFile::setPermissions(File, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther));
@@ -179,6 +188,7 @@ QString PosaDatabase(const QString& Nome, const QByteArray& Sana, const QByteArr
         QFile::remove(CartellaDiLavoro() + Nome + Accanto);
     Vicini().clear();
     RestaSolaLettura() = false;
+    MassimaLunghezza() = 0;
     const qsizetype Fine = Dati.indexOf('\n');
     const QByteArray Come = Dati.first(std::max<qsizetype>(Fine, 0));
     const QByteArray Resto = Dati.sliced(Fine + 1);
@@ -202,6 +212,7 @@ void PretendiVicini(const QString& File)
 {
     for (auto Uno = Vicini().cbegin(); Uno != Vicini().cend(); ++Uno)
         Pretendi(QFileInfo(Uno.key()).size() == Uno.value().size() && Contenuto(Uno.key()) == Uno.value());
+    Pretendi(MassimaLunghezza() == 0 || QFileInfo(File).size() <= MassimaLunghezza());
     Pretendi(QDir(QFileInfo(File).path()).entryList({u".~*"_s}, QDir::Files | QDir::Hidden).isEmpty());
 }
 
@@ -222,5 +233,7 @@ QByteArray Risanata(const QString& File)
     }
     Pretendi(QFile::setPermissions(Copia, QFile::ReadOwner | QFile::WriteOwner));
     Esegui(Copia, "PRAGMA schema_version");
+    if (QFileInfo(Copia).size() > QFileInfo(File).size() + QFileInfo(File + u"-journal"_s).size())
+        return Contenuto(File);
     return Contenuto(Copia);
 }

@@ -19,12 +19,13 @@
 QString PosaDatabase(const QString& Nome, const QByteArray& Sana, const QByteArray& Dati);
 
 /// What lay beside the database of this input has its bytes: two files of somebody else; a journal that names
-/// one of them; a log that the database does not say it is kept with. Nothing half-built has stayed.
+/// one of them; a log that the database does not say it is kept with. Nothing half-built has stayed,
+/// and no journal has made the database longer than both are.
 void PretendiVicini(const QString& File);
 
 /// A file that was laid read-only is so still.
 void PretendiSolaLettura(const QString& File);
 
 /// The bytes that the engine by itself makes of a database and its journal; both stay as they are. A journal
-/// that names another file is left alone.
+/// that names another file, or makes of this one more than both hold, is left alone.
 [[nodiscard]] QByteArray Risanata(const QString& File);
