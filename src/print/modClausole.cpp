@@ -11,7 +11,6 @@
 #include "platform/system/percorsi.h"
 #include "print/modTestata.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QHash>
 #include <QSet>
@@ -110,7 +109,7 @@ bool Presente(const QString& Percorso)
 /// known.
 bool Irraggiungibile(const QString& Cartella)
 {
-    const QFileInfo Posto(QDir::cleanPath(Cartella));  // behind a bar a link is never seen
+    const QFileInfo Posto(Cartella.chopped(1));  // behind its bar a link is never seen
     return Posto.isSymLink() ? !Posto.exists() : Posto.isDir() && !Posto.isExecutable();
 }
 
