@@ -9,6 +9,7 @@
 
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -30,19 +31,25 @@ struct Modi
     const char* Dice = "Errore: disco pieno (61)";  ///< a failure
     bool Nega = false;     ///< refuses for the folder's flush, when the new file stands already
     bool Altrove = false;  ///< nothing is written here at all
+    bool Ferma = false;    ///< a failure leaves what stops the next one
 };
 
 int ScriviFile(const Posto& Dove, const Modi& Come)
 {
     const QByteArray File = QFile::encodeName((Come.Altrove ? Dove.Fuori : Dove.Cartella) + u"file"_s);
     const QByteArray Accanto = Come.SulPosto ? File : File + ".nuovo";
+    const QByteArray Presa = QFile::encodeName(Dove.Cartella + u"presa"_s);
     const auto Rifiuta = [&] {
+        if (Come.Ferma)
+            ::mkdir(Presa.constData(), 0700);
         if (!Come.Lascia && !Come.SulPosto)
             ::unlink(Accanto.constData());
         if (!Come.Zitto)
             std::fprintf(stderr, "%s\n", Come.Dice);
         return 1;
     };
+    if (::access(Presa.constData(), F_OK) == 0)
+        return Rifiuta();
     const int Aperto = ::open(Accanto.constData(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
     if (Aperto < 0)
         return Rifiuta();
@@ -88,7 +95,7 @@ Scenario Con(const QString& Nome, const Modi& Come,
                         return Trovato::Nuovo;
                     return Byte == FileVecchio ? Trovato::Prima : Trovato::Rotto;
                 },
-            .Ammessi = {u"file"_s}};
+            .Ammessi = {Come.Ferma ? u"file|presa"_s : u"file"_s}};
 }
 
 Scenario SenzaFrase(Scenario Cosa)
@@ -123,7 +130,7 @@ QStringList ControllaBanco()
         Guasto Come;
         QString Atteso;  ///< what is found begins so; empty: nothing
     };
-    const QList<Riga> Righe{
+    QList<Riga> Righe{
         {Con(u"attento"_s, {}), Disco, {}},
         {Con(u"attento al flusso"_s, {}), Flusso, {}},
         {Con(u"attento, a metà"_s, {}), {registro::Scrivi, "corto", true}, {}},
@@ -147,10 +154,23 @@ QStringList ControllaBanco()
         {SenzaFrase(Con(u"può tacere"_s, {.Zitto = true})), Disco, {}},
         {SenzaFrase(Con(u"può tacere e parla inglese"_s, {.Dice = "Could not write the file"})), Disco,
          u"nessuna frase italiana"_s},
+        {Con(u"si ferma su quel che ha lasciato"_s, {.Ferma = true}), Disco, u"poi non riesce"_s},
         {Con(u"non passa di qui"_s, {.Altrove = true}), Disco,
          u"non passa di qui: nessuna chiamata di open"_s},
         {Con(u"non aspetta niente"_s, {}, {}), Disco, u"non aspetta niente: non aspetta nessuna chiamata"_s},
     };
+    // What the system and the engine say of a failing disk, and Italian that looks a little like it.
+    for (const char* Detta :
+         {"database or disk is full", "database disk image is malformed",
+          "attempt to write a readonly database", "database is locked", "disk I/O error",
+          "No space left on device", "Read-only file system", "Device or resource busy",
+          "Interrupted system call", "Resource temporarily unavailable", "Disk quota exceeded",
+          "Input/output error", "Operation not permitted", "Too many links", "Bad file descriptor",
+          "Stale file handle", "Text file busy", "Connection timed out"})
+        Righe.append({Con(QString::fromLatin1(Detta), {.Dice = Detta}), Disco, u"nessuna frase italiana"_s});
+    for (const char* Detta : {"Il file della nota di Torino (TO) non si scrive: era di Isernia (IS)",
+                              "La query non trova la colonna: no, la quota del database"})
+        Righe.append({Con(QString::fromUtf8(Detta), {.Dice = Detta}), Disco, {}});
     QStringList Sbagliate;
     for (const Riga& Una : Righe) {
         const QStringList Trovati = Difetti(Una.Cosa, Una.Come);
