@@ -41,6 +41,16 @@ DannoImpostazioni DannoRicordato()
     }
 }
 
+bool ContatorePerso(QStringView Chiave)
+{
+    const DannoImpostazioni Danno = DannoRicordato();
+    if (Danno == DannoImpostazioni::Nessuno || !FraseImpostazioniGuaste().isEmpty())
+        return false;
+    if (Danno == DannoImpostazioni::FuoriPortata && !Impostazione(u"StudioNome"_s).isEmpty())
+        return false;
+    return Impostazione(Chiave.toString()).trimmed().isEmpty();
+}
+
 void RicordaDanno(const DepositoGuasto& Guasto)
 {
     const DannoImpostazioni Danno = DannoDi(Guasto);

@@ -17,6 +17,11 @@ enum class DannoImpostazioni {
 /// What this run or one before it has noted, until the settings are stored again.
 [[nodiscard]] DannoImpostazioni DannoRicordato();
 
+/// Whether a damage was noted, the store is sound again and does not hold this counter: nobody knows which
+/// number the office has come to before its settings are looked through and stored. What only could not be
+/// read, and is back with what an office has stored, has lost nothing, were it a number that it never had.
+[[nodiscard]] bool ContatorePerso(QStringView Chiave);
+
 /// Notes a damage in a small file beside the settings, never a lighter one in the place of a heavier one.
 /// Where nothing can be written there it is not noted: nor can settings be stored then.
 void RicordaDanno(const DepositoGuasto& Guasto);

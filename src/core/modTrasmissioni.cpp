@@ -1,5 +1,6 @@
 #include "core/modTrasmissioni.h"
 
+#include "core/dannoricordato.h"
 #include "core/impostazioni.h"
 #include "core/parametri.h"
 #include "platform/base/errore.h"
@@ -25,6 +26,15 @@ constexpr int Base = 36;
                                      "impostazioni"_s);
 }
 
+/// The first number would be one that was used before the settings were lost.
+void RifiutaPerso()
+{
+    if (ContatorePerso(chiavi::ProgTrasm))
+        throw Errore(errori::Imprevisto,
+                     u"Dopo il guasto delle impostazioni il numero dell'ultimo file XML non si conosce: "
+                     "indicarlo nelle impostazioni e memorizzarle"_s);
+}
+
 }  // namespace
 
 QString TestoProgTrasm(int Numero)
@@ -34,6 +44,7 @@ QString TestoProgTrasm(int Numero)
 
 int ProssimaTrasmissione()
 {
+    RifiutaPerso();
     const QString Testo = ValoreConservato(chiavi::ProgTrasm).trimmed();
     bool Intero = false;
     const int Ultima = Testo.isEmpty() ? 0 : Testo.toInt(&Intero);
@@ -46,6 +57,7 @@ int ProssimaTrasmissione()
 
 int PrendiTrasmissione()
 {
+    RifiutaPerso();
     try {
         return PrendiNumero(NomeApplicazione.toString(), SezioneParametri.toString(),
                             chiavi::ProgTrasm.toString(), UltimoProgTrasm);

@@ -12,7 +12,8 @@ inline constexpr int UltimoProgTrasm = 60466175;
 [[nodiscard]] QString TestoProgTrasm(int Numero);
 
 /// The number that the next file would take by what the settings hold now; it takes none.
-/// @throws Errore 1000 with a sentence when the counter is at its end, or no number
+/// @throws Errore 1000 with a sentence when the counter is at its end, no number, or lost with damaged
+/// settings that nobody has stored again
 [[nodiscard]] int ProssimaTrasmissione();
 
 /// Takes the next number, in turn with other programs; it is stored when this returns.

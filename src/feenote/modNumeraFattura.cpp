@@ -1,5 +1,6 @@
 #include "feenote/modNumeraFattura.h"
 
+#include "core/dannoricordato.h"
 #include "core/impostazioni.h"
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
@@ -55,6 +56,11 @@ bool NumeraFattura(Parcella& Nota)
     }
     if (const QString Frase = FraseImpostazioniGuaste(); !Frase.isEmpty()) {
         MsgErrore(Frase + u": il numero delle fatture non si conosce"_s);
+        return false;
+    }
+    if (ContatorePerso(chiavi::ProgFatt)) {
+        MsgErrore(u"Dopo il guasto delle impostazioni il numero dell'ultima fattura non si conosce!\n"
+                  "Indicarlo nelle impostazioni e memorizzarle, oppure indicare il numero a mano."_s);
         return false;
     }
     RileggiProgFatt();

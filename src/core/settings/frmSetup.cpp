@@ -158,10 +158,11 @@ QString DomandaPersi(bool Guaste, bool DiFattura, bool DiFile, const QString& Nu
     QString Quali = u"i numeri dell'ultima fattura e dell'ultimo file XML"_s;
     if (!Due)
         Quali = DiFattura ? u"il numero dell'ultima fattura"_s : u"il numero dell'ultimo file XML"_s;
-    const QString Come = Guaste ? u"Nelle impostazioni danneggiate "_s + Quali +
-                                      (Due ? u" non si leggono"_s : u" non si legge"_s)
-                                : u"Con le impostazioni di prima "_s +
-                                      (Due ? u"sono andati persi "_s : u"è andato perso "_s) + Quali;
+    const QString Come =
+        Guaste
+            ? u"Nelle impostazioni danneggiate "_s + Quali + (Due ? u" non si leggono"_s : u" non si legge"_s)
+            : u"Con le impostazioni di prima "_s +
+                  (Due ? u"possono essere andati persi "_s : u"può essere andato perso "_s) + Quali;
     return u"%1: con %2 si potrebbero ripetere numeri già usati.\n%3 ugualmente?"_s.arg(
         Come, Numero, Due ? u"Memorizzarli"_s : u"Memorizzarlo"_s);
 }

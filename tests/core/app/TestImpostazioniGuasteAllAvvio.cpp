@@ -305,16 +305,34 @@ void TestImpostazioniGuasteAllAvvio::dietroIlRiavvioSiChiede()
     Registratore Box;
     Main(u"-low"_s);
     QCOMPARE(Box.Mostrati().size(), 0);
+
+    // Sound and empty, they number no invoice and no file of one from the beginning.
+    QCOMPARE(FraseImpostazioniGuaste(), QString());
+    Box.Attendi(u"Dopo il guasto delle impostazioni il numero dell'ultima fattura non si conosce!\n"
+                u"Indicarlo nelle impostazioni e memorizzarle, oppure indicare il numero a mano."_s,
+                vbOK, u"Errore:"_s);
+    Parcella Nota;
+    QVERIFY(!NumeraFattura(Nota));
+    QCOMPARE(Nota.DatiPar(DatoNumFatt), QString());
+    QCOMPARE(NumeroErrore([] { (void)ProssimaTrasmissione(); }), int(errori::Imprevisto));
+    QCOMPARE(NumeroErrore([] { (void)PrendiTrasmissione(); }), int(errori::Imprevisto));
+    QCOMPARE(Scena::Parametro(u"ProgTrasm"_s), QString());
+
     T->Apri(0);
     for (const char* Nome : {"txtNomeStudio", "txtIndStudio", "txtCittaStudio", "txtEMail"})
         T->Campo(QString::fromLatin1(Nome))->setText(u"nuovo"_s);
-    Box.Attendi(u"Con le impostazioni di prima sono andati persi i numeri dell'ultima fattura e dell'ultimo "
+    Box.Attendi(u"Con le impostazioni di prima possono essere andati persi i numeri dell'ultima fattura e "
+                u"dell'ultimo "
                 u"file XML: "
                 u"con 0 si potrebbero ripetere numeri già usati.\nMemorizzarli ugualmente?"_s,
                 vbYes);
     T->Memorizza(Box);
     QCOMPARE(Scena::Parametro(u"ProgFatt"_s), u"0"_s);
     QVERIFY(!EsisteFile(File + u".danno"_s));
+    // Who has stored them has said where they begin.
+    QVERIFY(NumeraFattura(Nota));
+    QCOMPARE(Nota.DatiPar(DatoNumFatt), u"1"_s);
+    QCOMPARE(PrendiTrasmissione(), 1);
 }
 
 /// Settings that only could not be read have lost nothing, were it a number that they never had.
@@ -334,6 +352,7 @@ void TestImpostazioniGuasteAllAvvio::tornateDietroIlRiavvioNonSiChiede()
     AzzeraSessione();
     Registratore Box;
     Main(u"-low"_s);
+    QCOMPARE(ProssimaTrasmissione(), 1);
     T->Apri(0);
     T->Memorizza(Box);
     QCOMPARE(Scena::Parametro(u"ProgFatt"_s), u"41"_s);

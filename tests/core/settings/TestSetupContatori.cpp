@@ -40,7 +40,8 @@ private:
         u"con "
         u"0 si potrebbero ripetere numeri già usati.\nMemorizzarli ugualmente?"_s;
     inline static const QString Andati =
-        u"Con le impostazioni di prima sono andati persi i numeri dell'ultima fattura e dell'ultimo file "
+        u"Con le impostazioni di prima possono essere andati persi i numeri dell'ultima fattura e "
+        u"dell'ultimo file "
         u"XML: "
         u"con 0 si potrebbero ripetere numeri già usati.\nMemorizzarli ugualmente?"_s;
 };
@@ -336,9 +337,10 @@ void TestSetupContatori::unaMisuraRicordataNonRendeINumeri()
     QCOMPARE(Scena::Parametro(u"ProgFatt"_s), QString());
     // One number is asked for by its own name.
     Campo(u"txtNumFatt"_s)->setText(u"41"_s);
-    Box.Attendi(u"Con le impostazioni di prima è andato perso il numero dell'ultimo file XML: con 0 si "
-                u"potrebbero ripetere numeri già usati.\nMemorizzarlo ugualmente?"_s,
-                vbYes);
+    Box.Attendi(
+        u"Con le impostazioni di prima può essere andato perso il numero dell'ultimo file XML: con 0 si "
+        u"potrebbero ripetere numeri già usati.\nMemorizzarlo ugualmente?"_s,
+        vbYes);
     Box.Attendi(Memorizzate);
     Memorizza();
     QCOMPARE(Scena::Parametro(u"ProgFatt"_s), u"41"_s);
