@@ -215,8 +215,12 @@ void TestUccisioniFattura::inUnMomentoQualunque()
     for (int Volta = 0; Volta < Volte; ++Volta) {
         const QString In = Casa();
         Vittima Chi;
+        QElapsedTimer Orologio;
+        Orologio.start();
         Avvia(Chi, In, Compito, Nota(In));
         QVERIFY(QTest::qWaitFor([&] { return !Chi.Vive() || Conto(In)[0] == 2; }, Pazienza));
+        if (Prima == 0)
+            Prima = Orologio.elapsed();
         QVERIFY2(Chi.Vive(), Chi.Detto().constData());
         constexpr int AlPiuUs = 150'000;
         const int Momento = Caso.bounded(AlPiuUs);

@@ -9,6 +9,8 @@
 
 #include <QDir>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -97,8 +99,15 @@ void TestUccisioniFinestra::laModificaNonSalvata()
     Avvia(Chi, u"scrive"_s);
     QVERIFY(QTest::qWaitFor([&] { return !Chi.Vive() || Scritto() > 0; }, PazienzaMs));
     QVERIFY2(Chi.Vive(), Chi.Detto().constData());
-    constexpr int PausaMs = 2000;
-    QTest::qWait(PausaMs + PausaMs / 2);
+    const QString Copie = sessione::UserFolder + u"recupero/"_s;
+    QVERIFY2(QTest::qWaitFor(
+                 [&] {
+                     const QStringList Nomi = QDir(Copie).entryList({u"*.mdb"_s}, QDir::Files);
+                     return std::ranges::any_of(Nomi,
+                                                [&](const QString& N) { return VersioneDi(Copie + N) == 1; });
+                 },
+                 PazienzaMs),
+             "no copy of what was written");
     Chi.Uccidi();
     QCOMPARE(VersioneDi(File), 0);
     const QList<CopiaRecupero> Trovate = NoteDaRecuperare();
