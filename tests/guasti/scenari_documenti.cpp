@@ -18,6 +18,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace registro;
@@ -190,15 +191,10 @@ void PosaFinestra(const Posto& Dove)
     Posa(Dove.Cartella + u"utente/avvisokr5.ini"_s, "[avvisokr5]\nletto=S\n");
 }
 
-/// The program with somebody at its window, who writes the invoice and leaves.
+/// The program with somebody at its window, who writes the invoice and leaves. Behind an attempt it finds
+/// what that one has left, and he writes it again.
 QStringList Finestra(const Posto& Dove, bool Modifiche)
 {
-    // Behind an attempt the invoice was sent, or its mark taken back, and no copy of it is wanted.
-    for (const QString& Nome : XmlScritti(Dove))
-        QFile::remove(Dove.Cartella + Nome);
-    QDir(Dove.Cartella + u"utente/recupero"_s).removeRecursively();
-    if (Segnata(Dove).value_or(QString()) != QString())
-        Posa(Nota(Dove), Fatturabile().Nota);
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(Dove.Cartella.chopped(1)));
     qputenv("XDG_DATA_HOME", QFile::encodeName(Dove.Fuori + u"dati"_s));
     qputenv("XDG_RUNTIME_DIR", QFile::encodeName(Dove.Fuori + u"nessuna/sessione"_s));
@@ -208,6 +204,7 @@ QStringList Finestra(const Posto& Dove, bool Modifiche)
     qputenv("CALCANOVA_PILOTA", QFile::encodeName(Dove.Fuori + u"quanto"_s));
     qputenv("CALCANOVA_PILOTA_FA", Modifiche ? "cambia e fattura" : "fattura");
     qputenv("CALCANOVA_PILOTA_FINE", "1");
+    qputenv("CALCANOVA_PILOTA_ANCORA", "1");
     qputenv(VarPoi, "1");
     Posa(Dove.Fuori + u"quanto"_s, "0 0");
     return {ProgrammaDiProva() + u"calcanova"_s, u"PV2|E|"_s + Nota(Dove)};
@@ -230,11 +227,27 @@ bool LoSaLaCopia(const Posto& Dove, const QString& Fine)
     return false;
 }
 
-Trovato GuardaFinestra(const Posto& Dove, const Uscita& Vista)
+/// What the attempt before has left: the next one writes a second file, and unasked only where the user was
+/// told that nothing but the first one itself knows of it.
+struct Lasciato
 {
+    QStringList Scritte;
+    bool Detto = false;
+};
+
+Trovato GuardaFinestra(const Posto& Dove, const Uscita& Vista, Lasciato& Ultimo)
+{
+    const Lasciato Prima = Vista.Conti.Guasti > 0 ? Lasciato() : std::exchange(Ultimo, {});
     const auto Nel = Segnata(Dove);
     const QString Deposito = QString::fromUtf8(Contenuto(Dove.Cartella + u"Calcanova/KR5.ini"_s));
-    const QStringList Scritte = XmlScritti(Dove);
+    QStringList Scritte = XmlScritti(Dove);
+    if (Vista.Conti.Guasti > 0)
+        Ultimo = {Scritte, Vista.Frasi.contains(u"lo ricorderà quando sarà salvata"_s)};
+    for (const QString& Nome : Prima.Scritte)
+        if (!Scritte.removeOne(Nome))
+            return Trovato::Rotto;
+    if (!Prima.Scritte.isEmpty() && !Prima.Detto && !Vista.Frasi.contains(u"Scriverla di nuovo"_s))
+        return Trovato::Rotto;
     const auto Numero =
         QRegularExpression(u"^progtrasm=(\\d+)$"_s,
                            QRegularExpression::MultilineOption | QRegularExpression::CaseInsensitiveOption)
@@ -257,16 +270,22 @@ Trovato GuardaFinestra(const Posto& Dove, const Uscita& Vista)
 
 Scenario DallaFinestra(bool Modifiche)
 {
+    const auto Ultimo = std::make_shared<Lasciato>();
     return {
         .Nome = Modifiche ? u"fattura-finestra-modificata"_s : u"fattura-finestra"_s,
         .Attese = {Apri, Scrivi, Sincronizza, Rinomina, Chiudi},
         .Prepara = PosaFinestra,
         .Comando = [=](const Posto& Dove) { return Finestra(Dove, Modifiche); },
-        .Guarda = GuardaFinestra,
+        .Guarda = [Ultimo](const Posto& Dove,
+                           const Uscita& Vista) { return GuardaFinestra(Dove, Vista, *Ultimo); },
         .Ammessi =
             {u"nota\\.mdb|IT[^/]*\\.xml|Calcanova(/KR5\\.ini)?|QtProject\\.conf"_s,
              u"utente(/(avvisokr5\\.ini|Tassi\\.dat|doc(/nota\\.doc)?|recupero(/[^/~]*\\.(mdb|json|lock))?))?"_s},
-        .Spazza = [](const Posto& Dove) { TogliRestiDiNote(Dove.Cartella); },
+        .Spazza =
+            [](const Posto& Dove) {
+                TogliRestiDiNote(Dove.Cartella);
+                TogliRestiDiNote(Dove.Cartella + u"utente/recupero/"_s);
+            },
         // Of a copy or a lock that no disk confirms the window says nothing; what is known of the invoice
         // is looked at.
         .SenzaPromessa = true};

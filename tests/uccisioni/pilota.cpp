@@ -8,6 +8,7 @@
 //                        begins, the second 1 when it has ended, 2 where the note was known to be invoiced
 //   CALCANOVA_PILOTA_FINE  set: the program ends behind the invoice as a command would, with what was said on
 //                        its error stream, 0 where the file was written
+//   CALCANOVA_PILOTA_ANCORA  set: an invoice that is known to be written is written again
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFile>
@@ -84,8 +85,9 @@ private:
     {
         Dette += Box.text();
         if (Box.text().contains(QStringLiteral("Scriverla di nuovo"))) {
-            GiaNota = true;
-            Box.button(QMessageBox::No)->click();
+            const bool Ancora = qEnvironmentVariableIsSet("CALCANOVA_PILOTA_ANCORA");
+            GiaNota = !Ancora;
+            Box.button(Ancora ? QMessageBox::Yes : QMessageBox::No)->click();
             return;
         }
         QAbstractButton* Si = Box.button(QMessageBox::Yes);
