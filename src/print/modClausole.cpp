@@ -113,12 +113,6 @@ bool Irraggiungibile(const QString& Cartella)
     return Posto.isSymLink() ? !Posto.exists() : Posto.isDir() && !Posto.isExecutable();
 }
 
-/// The folder of the office's own clauses, or the user folder around it.
-bool ProprieIrraggiungibili(const QString& Propria)
-{
-    return Irraggiungibile(CartellaFile(Propria)) || !EsisteCartella(sessione::UserFolder);
-}
-
 // ---- what the user is shown
 
 QString Ragione(EsitoClausole Esito)
@@ -194,9 +188,8 @@ Clausole LeggiClausole(const QString& Percorso)
     try {
         return Leggi(TrovaFile(PercorsoNativo(Percorso)));
     } catch (const Errore& Guasto) {
-        const bool Mancano =
-            Guasto.Numero == errori::FileMancante && !Presente(Percorso) &&
-            !(Percorso == FileProprio(NomeFile(Percorso)) && ProprieIrraggiungibili(Percorso));
+        const bool Mancano = Guasto.Numero == errori::FileMancante && !Presente(Percorso) &&
+                             !Irraggiungibile(CartellaFile(Percorso));
         return {Mancano ? EsitoClausole::Mancano : EsitoClausole::Illeggibili, {}};
     }
 }
@@ -212,8 +205,9 @@ QString NomeClausole(int Tipo, const Parcella& Nota)
 QString FileClausole(const QString& Nome)
 {
     QString Propria = FileProprio(Nome);
-    return !Propria.isEmpty() && (Presente(Propria) || ProprieIrraggiungibili(Propria)) ? Propria
-                                                                                        : FileFornito(Nome);
+    return !Propria.isEmpty() && (Presente(Propria) || Irraggiungibile(CartellaFile(Propria)))
+               ? Propria
+               : FileFornito(Nome);
 }
 
 QString ClausoleDaModificare(const QString& Nome)

@@ -502,8 +502,7 @@ void TestContratto::clausoleBianche()
 void TestContratto::clausoleProprieIrraggiungibili_data()
 {
     QTest::addColumn<QString>("Come");
-    for (const QString& Come :
-         {u"cartella"_s, u"collegamento"_s, u"collegamento alla cartella"_s, u"cartella utente sparita"_s})
+    for (const QString& Come : {u"cartella"_s, u"collegamento"_s, u"collegamento alla cartella"_s})
         QTest::newRow(qPrintable(Come)) << Come;
 }
 
@@ -515,9 +514,7 @@ void TestContratto::clausoleProprieIrraggiungibili()
     ScriviFile(Clausole + u"ContrattoPersonaFisica.rtf"_s, "{\\rtf1 Fornite}");
     const QString Proprie = sessione::UserFolder + u"clausole"_s;
     const QString Propria = Proprie + u"/ContrattoPersonaFisica.rtf"_s;
-    if (Come == u"cartella utente sparita") {
-        sessione::UserFolder += u"sparita/"_s;
-    } else if (Come == u"collegamento alla cartella") {
+    if (Come == u"collegamento alla cartella") {
         QVERIFY(QFile::link(sessione::UserFolder + u"condivisione sparita"_s, Proprie));
     } else {
         QVERIFY(QDir().mkpath(Proprie));

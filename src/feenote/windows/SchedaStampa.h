@@ -109,11 +109,12 @@ private:
     void RicordaAdattamento(int Modo);
     /// A new mail with the document in view.
     void Invia();
-    /// @param Invio for the companion application
+    /// What a composition fills: the page on view alone, the document's file too, or the companion's.
+    enum class Uscita { Pagina, File, Compagna };
     /// @return what kept the document's file from being written
-    std::optional<Errore> Componi(bool Invio = false);
+    std::optional<Errore> Componi(Uscita Dove = Uscita::File);
     /// @return what kept it from being composed
-    std::optional<Errore> Composta(bool Invio);
+    std::optional<Errore> Composta(Uscita Dove);
     /// Reads the client once more where his row could not be read. @return false while it cannot
     bool RileggiArchivio();
     /// The same for a document that is to go out, which waits for that: the user is told why. Whether one

@@ -111,10 +111,11 @@ bool SchedaStampa::SiCompone()
     }
     if (Nota.cmbTipoStampa == NessunaVoce)
         return true;
-    // The clauses may have been mended since the page was composed, or damaged.
+    // The clauses may have been mended since the page was composed, or damaged. Who looks takes nothing of
+    // what was written in the document's file.
     const QString& Manca = ui->vp->Foglio().Manca;
     if (Aspettava || !Manca.isEmpty() || StatoClausole() != ClausoleComposte)
-        if (const std::optional<Errore> Guasto = Composta(false)) {
+        if (const std::optional<Errore> Guasto = Composta(Aspettava ? Uscita::File : Uscita::Pagina)) {
             GestioneErrori(*Guasto);
             return false;
         }
@@ -157,7 +158,7 @@ bool SchedaStampa::event(QEvent* Evento)
     return QWidget::event(Evento);
 }
 
-std::optional<Errore> SchedaStampa::Componi(bool Invio)
+std::optional<Errore> SchedaStampa::Componi(Uscita Dove)
 {
     VistaStampa* vp = ui->vp;
     ClausoleComposte = StatoClausole();
@@ -172,7 +173,11 @@ std::optional<Errore> SchedaStampa::Componi(bool Invio)
     });
     if (TogliIbanAssente(Nota))
         mostra::Segno(ui->chkIBAN, Nota.chkIBAN);
-    const auto Cartella = Invio ? std::optional(CartellaCompagna()) : std::nullopt;
+    if (Dove == Uscita::Pagina) {
+        (void)Anteprima(vp->Foglio(), Nota, Nota.cmbTipoStampa);
+        return std::nullopt;
+    }
+    const auto Cartella = Dove == Uscita::Compagna ? std::optional(CartellaCompagna()) : std::nullopt;
     auto Esito = AnteprimaConEsportazione(vp->Foglio(), Nota, Nota.cmbTipoStampa,
                                           SteloDocumento(Cornice.Indice()), Cartella, vp->CartaInUso());
     MemorizzaUltimaStampa(Nota);
@@ -185,9 +190,9 @@ void SchedaStampa::DopoSalvataggio()
         const bool Compagna = !sessione::RichiestaPV2.ID.isEmpty();
         if (Compagna)
             (void)RileggiArchivio();
-        std::optional<Errore> Guasto = Composta(false);
+        std::optional<Errore> Guasto = Composta(Uscita::File);
         if (!Guasto && Compagna)
-            Guasto = Composta(true);
+            Guasto = Composta(Uscita::Compagna);
         if (Compagna)
             Consegna(Guasto);
         else if (Guasto && Guasto->Numero != GiaDetto(Nota))
@@ -196,10 +201,10 @@ void SchedaStampa::DopoSalvataggio()
     InvioMsgPV2();
 }
 
-std::optional<Errore> SchedaStampa::Composta(bool Invio)
+std::optional<Errore> SchedaStampa::Composta(Uscita Dove)
 {
     try {
-        (void)Componi(Invio);
+        (void)Componi(Dove);
         return std::nullopt;
     } catch (...) {
         return ErroreCorrente();

@@ -221,6 +221,15 @@ void TestClausoleProprie::guasteEsceSoloChiVuole()
         QVERIFY2(UnaSola(Domanda), Tasto);
     }
     QCOMPARE(Aperti, QStringList());
+    // What was written into the document by hand stays, whatever looks at it again.
+    const QByteArray AMano = Esportato().replace("Contratto", "CONTRATTO");
+    QVERIFY(AMano != Esportato());
+    ScriviFile(FileDocumento(1), AMano);
+    for (const char* Tasto : {"barPrint_print", "barPrint_wp"}) {
+        Premuto(Tasto);
+        QVERIFY2(UnaSola(Domanda), Tasto);
+    }
+    QCOMPARE(Esportato(), AMano);
     // Who wants it all the same comes to the dialog, left here by its cross.
     Voce.Attendi(Domanda, vbYes);
     Voce.AttendiSalva({});
