@@ -63,6 +63,8 @@ private Q_SLOTS:
     void ilGiornaleLasciato_data();
     void ilGiornaleLasciato();
     void ilGiornaleCheNonSiLegge();
+    void ilGiornaleOrfanoNonTornaNellaNota_data();
+    void ilGiornaleOrfanoNonTornaNellaNota();
     void ilGiornaleDiChiScriveResta();
     void loStatoNonCambiaLaCopia();
 
@@ -375,6 +377,49 @@ void TestPosaFile::ilGiornaleLasciato()
     QVERIFY(!EsisteFile(Morta + Giornale));
     QVERIFY(EsisteFile(Cartella + u"sola.mdb"_s + Giornale));
     QCOMPARE(Parametro(Morta, u"Oggetto"_s).toString(), Oggetto);
+}
+
+void TestPosaFile::ilGiornaleOrfanoNonTornaNellaNota_data()
+{
+    QTest::addColumn<bool>("RimastaAccess");
+    QTest::newRow("the note was taken away") << false;
+    QTest::newRow("one of the former program stands in its place") << true;
+}
+
+/// The note of a crash was taken away without its journal; what is saved under its name then is no part of
+/// it.
+void TestPosaFile::ilGiornaleOrfanoNonTornaNellaNota()
+{
+    QFETCH(bool, RimastaAccess);
+    const Studio Ufficio;
+    const Registratore Messaggi;
+    Parcella Nota = NotaPiena();
+    ScriviNota(File, Nota);
+    const QString Morta = Cartella + u"morta.mdb"_s;
+    const QString Giornale = Morta + u"-journal"_s;
+    QByteArray Caldo;
+    {
+        const Database Aperto = OpenDatabase(File);
+        Aperto.Execute(u"PRAGMA cache_size=1"_s);
+        const Transazione Aperta(Aperto);
+        Aperto.Execute(u"UPDATE ParcellaParam SET Oggetto='altro'"_s);
+        Aperto.Execute(u"UPDATE ParcellaRighe SET Descr=printf('%.4000c', 'x')"_s);
+        Caldo = LeggiFile(File + u"-journal"_s);
+    }
+    QVERIFY2(!Caldo.isEmpty() && Caldo.front() != '\0', "the engine would play it back");
+    for (const QString& Orfano : {u".orfano"_s, u".orfano.2"_s}) {
+        QFile::remove(Morta);
+        ScriviFile(Giornale, Caldo);
+        if (RimastaAccess)
+            ScriviFile(Morta, QByteArray("\0\1\0\0Standard Jet DB\0", 20).leftJustified(4096, '\0'));
+        Nota.txtOggetto.Testo = u"salvata dopo"_s + Orfano;
+        ScriviNota(Morta, Nota);
+        TogliRestiDiNote(Cartella);
+        QCOMPARE(Parametro(Morta, u"Oggetto"_s).toString(), Nota.txtOggetto.Testo);
+        QVERIFY(!EsisteFile(Giornale));
+        QCOMPARE(LeggiFile(Giornale + Orfano), Caldo);
+        QCOMPARE(EsisteFile(Morta + u".access"_s), RimastaAccess);
+    }
 }
 
 void TestPosaFile::ilGiornaleDiChiScriveResta()
