@@ -2,6 +2,7 @@
 
 #include "cli/letture.h"
 #include "cli/righecomandi.h"
+#include "core/dannoricordato.h"
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
 #include "core/rapportiunici.h"
@@ -163,7 +164,7 @@ bool ParlaDelloStudio(const ComandoCli& Comando, const RigaComando& Chiamata)
 /// @throws Errore 75
 void ControllaImpostazioni(const ComandoCli& Comando, const RigaComando& Chiamata)
 {
-    const QString Frase = FraseImpostazioniGuaste();
+    const QString Frase = FraseDelDannoRicordato();
     if (Frase.isEmpty())
         return;
     if (ParlaDelloStudio(Comando, Chiamata))

@@ -65,6 +65,15 @@ void RicordaDanno(const DepositoGuasto& Guasto)
     }
 }
 
+QString FraseDelDannoRicordato()
+{
+    const std::optional<DepositoGuasto> Guasto = EsaminaImpostazioni(NomeApplicazione.toString());
+    if (!Guasto)
+        return {};
+    RicordaDanno(*Guasto);
+    return Guasto->Frase;
+}
+
 void DimenticaDanno()
 {
     ScartaFile(FileDelDanno());

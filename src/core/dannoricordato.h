@@ -26,5 +26,10 @@ enum class DannoImpostazioni {
 /// Where nothing can be written there it is not noted: nor can settings be stored then.
 void RicordaDanno(const DepositoGuasto& Guasto);
 
+/// Notes the damage that the store has at this moment: whoever tells of it does, since the user may take the
+/// file away upon it and start anew.
+/// @return its sentence, empty for a sound store
+[[nodiscard]] QString FraseDelDannoRicordato();
+
 /// The settings were looked through and stored.
 void DimenticaDanno();

@@ -1,5 +1,6 @@
 #include "core/modRecenti.h"
 
+#include "core/dannoricordato.h"
 #include "core/modTesti.h"
 #include "core/parametri.h"
 #include "platform/base/errore.h"
@@ -106,7 +107,7 @@ void Muta(const std::function<bool(QList<NotaRecente>& Note)>& Fai, Origine Da =
         QList<NotaRecente> Note = Lette(Testo);
         return Fai(Note) ? Scritte(Note) : Testo;
     };
-    if (const QString Frase = Chiesto ? FraseImpostazioniGuaste() : QString(); !Frase.isEmpty())
+    if (const QString Frase = Chiesto ? FraseDelDannoRicordato() : QString(); !Frase.isEmpty())
         throw Errore(errori::Accesso, Frase);
     const QString Ora = Chiesto ? ImpostazioneSicura(ChiaveRecenti) : Impostazione(ChiaveRecenti);
     if (Dopo(Ora) != Ora || (Da == Origine::Elenco && !FraseImpostazioniGuaste().isEmpty()))

@@ -66,6 +66,7 @@ int PrendiTrasmissione()
             AllaFine();
         if (Guasto.Numero == errori::Tipo)
             NonNumero();
+        (void)FraseDelDannoRicordato();  // what is thrown tells of it
         throw;
     }
 }

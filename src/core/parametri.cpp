@@ -1,5 +1,6 @@
 #include "core/parametri.h"
 
+#include "core/dannoricordato.h"
 #include "platform/base/errore.h"
 #include "platform/system/impostazioni.h"
 
@@ -57,7 +58,7 @@ namespace {
 void DettoUnaVolta(const std::function<void()>& Salva)
 {
     try {
-        if (const QString Frase = FraseImpostazioniGuaste(); !Frase.isEmpty())
+        if (const QString Frase = FraseDelDannoRicordato(); !Frase.isEmpty())
             throw Errore(errori::Accesso, Frase);
         Salva();
     } catch (const Errore&) {

@@ -54,7 +54,7 @@ bool NumeraFattura(Parcella& Nota)
         MsgErrore(u"I campi Numero e Data fattura sono già valorizzati!"_s);
         return false;
     }
-    if (const QString Frase = FraseImpostazioniGuaste(); !Frase.isEmpty()) {
+    if (const QString Frase = FraseDelDannoRicordato(); !Frase.isEmpty()) {
         MsgErrore(Frase + u": il numero delle fatture non si conosce"_s);
         return false;
     }

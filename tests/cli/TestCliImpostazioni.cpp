@@ -22,6 +22,7 @@ private Q_SLOTS:
     void nullaANomeDelloStudio();
     void leCalcolatriciRispondono_data();
     void leCalcolatriciRispondono();
+    void ilDannoDettoSiRicorda();
     void unPrimoUsoNonDiceNulla();
 
 private:
@@ -34,6 +35,7 @@ void TestCliImpostazioni::cleanup()
     const QString File = PercorsoImpostazioni(u"KR5"_s);
     QDir().rmdir(File);
     QFile::remove(File);
+    QFile::remove(File + u".danno"_s);
 }
 
 void TestCliImpostazioni::nullaANomeDelloStudio_data()
@@ -95,6 +97,23 @@ void TestCliImpostazioni::leCalcolatriciRispondono()
     QCOMPARE(Avuto.Uscita, u"dodici/00\n"_s);
     QVERIFY2(Avuto.Guasti.contains(PercorsoImpostazioni(u"KR5"_s)), qPrintable(Avuto.Guasti));
     QCOMPARE(Avuto.Guasti.trimmed().count(u'\n'), 0);
+}
+
+/// Who takes the damaged file away upon the command's sentence has no file numbered from the beginning.
+void TestCliImpostazioni::ilDannoDettoSiRicorda()
+{
+    const Ufficio Studio;
+    const QString Nota = Studio.Nota();
+    Danneggia(Svuotato);
+    QCOMPARE(Chiama({u"lettere"_s, u"12"_s}).Stato, 0);
+    QVERIFY(QFile::remove(PercorsoImpostazioni(u"KR5"_s)));
+    SaveSetting(u"KR5"_s, u"Parametri"_s, u"StudioNome"_s, u"Avv. Mario Rossi"_s);
+    const QString Uscita = Studio.Cartella + u"uscita.xml"_s;
+    const Esito Avuto = Chiama({u"--archivio"_s, Studio.Archivio, u"fattura"_s, Nota, Uscita});
+    QCOMPARE(Avuto.Stato, 1);
+    QVERIFY2(Avuto.Guasti.contains(u"il numero dell'ultimo file XML non si conosce"),
+             qPrintable(Avuto.Guasti));
+    QVERIFY(!QFile::exists(Uscita));
 }
 
 void TestCliImpostazioni::unPrimoUsoNonDiceNulla()

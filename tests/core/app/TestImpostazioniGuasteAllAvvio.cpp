@@ -33,6 +33,8 @@ private Q_SLOTS:
     void laCartellaCreataSiConserva();
     void dietroIlRiavvioSiChiede_data() { unaFraseEPoiSiPuoSalvare_data(); }
     void dietroIlRiavvioSiChiede();
+    void ilDannoIncontratoInCorsoSiRicorda_data();
+    void ilDannoIncontratoInCorsoSiRicorda();
     void tornateDietroIlRiavvioNonSiChiede();
     void unPrimoUsoNonDiceNulla();
 
@@ -333,6 +335,52 @@ void TestImpostazioniGuasteAllAvvio::dietroIlRiavvioSiChiede()
     QVERIFY(NumeraFattura(Nota));
     QCOMPARE(Nota.DatiPar(DatoNumFatt), u"1"_s);
     QCOMPARE(PrendiTrasmissione(), 1);
+}
+
+void TestImpostazioniGuasteAllAvvio::ilDannoIncontratoInCorsoSiRicorda_data()
+{
+    QTest::addColumn<QString>("Chi");
+    QTest::addColumn<int>("Come");
+    for (const char* Chi : {"the number of an invoice", "the number of a file", "what is stored in passing"})
+        for (const int Come : DanniVisibili())
+            QTest::addRow("%s: %s", Chi, NomiDanni[size_t(Come)]) << QString::fromLatin1(Chi) << Come;
+}
+
+/// The start found the settings sound; who takes the file away upon the sentence of a later moment asks for
+/// no number from the beginning either.
+void TestImpostazioniGuasteAllAvvio::ilDannoIncontratoInCorsoSiRicorda()
+{
+    QFETCH(QString, Chi);
+    QFETCH(int, Come);
+    const QString File = Scena::FileImpostazioni();
+    {
+        const Registratore Box;
+        Main(u"-low"_s);
+    }
+    QVERIFY(!EsisteFile(File + u".danno"_s));
+    RicordaImpostazioni({{u"Prova"_s, u"1"_s}});
+    Rovina(File, Come);
+    {
+        Registratore Box;
+        Box.Tollera();
+        Parcella Nota;
+        if (Chi == u"the number of an invoice")
+            QVERIFY(!NumeraFattura(Nota));
+        else if (Chi == u"the number of a file")
+            QCOMPARE(NumeroErrore([] { (void)PrendiTrasmissione(); }), 75);
+        else
+            QCOMPARE(NumeroErrore([] { RicordaImpostazioni({{u"Prova"_s, u"2"_s}}); }), 75);
+    }
+    QVERIFY(QFile::remove(File) || QDir().rmdir(File));
+    AzzeraSessione();
+    Registratore Box;
+    Main(u"-low"_s);
+    Box.Attendi(u"Dopo il guasto delle impostazioni il numero dell'ultima fattura non si conosce!\n"
+                u"Indicarlo nelle impostazioni e memorizzarle, oppure indicare il numero a mano."_s,
+                vbOK, u"Errore:"_s);
+    Parcella Nota;
+    QVERIFY(!NumeraFattura(Nota));
+    QCOMPARE(NumeroErrore([] { (void)PrendiTrasmissione(); }), int(errori::Imprevisto));
 }
 
 /// Settings that only could not be read have lost nothing, were it a number that they never had.
