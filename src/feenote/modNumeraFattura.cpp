@@ -5,6 +5,7 @@
 #include "core/modAvvio.h"
 #include "core/modErrori.h"
 #include "core/sessione.h"
+#include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/base/segni.h"
 #include "platform/system/impostazioni.h"
@@ -17,15 +18,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The counter as it stands in the store: another program may have moved it since this one has started.
-void RileggiProgFatt()
+/// The counter as it stands in the store, read as the start reads it: another program may have moved it since
+/// this one has started.
+/// @return false for a text that is no number: which one the office has come to is not known
+bool RileggiProgFatt()
 {
-    bool Intero = false;
     const QString Testo =
         GetSetting(NomeApplicazione.toString(), SezioneParametri.toString(), chiavi::ProgFatt.toString());
-    const int Conservato = Testo.trimmed().toInt(&Intero);
-    if (Intero && Conservato >= 0 && Conservato <= UltimoProgFatt)
-        sessione::ProgFatt = Conservato;
+    if (Testo.trimmed().isEmpty())
+        return true;
+    try {
+        if (const int Conservato = CInt(Testo.trimmed()); Conservato >= 0)
+            sessione::ProgFatt = Conservato;
+        return true;
+    } catch (const Errore&) {
+        return false;
+    }
 }
 
 }  // namespace
@@ -63,7 +71,11 @@ bool NumeraFattura(Parcella& Nota)
                   "Indicarlo nelle impostazioni e memorizzarle, oppure indicare il numero a mano."_s);
         return false;
     }
-    RileggiProgFatt();
+    if (!RileggiProgFatt()) {
+        MsgErrore(u"Il progressivo delle fatture, nelle impostazioni, non è un numero da 0 a %1!\n"
+                  "Correggerlo nelle impostazioni oppure indicare il numero a mano."_s.arg(UltimoProgFatt));
+        return false;
+    }
     if (sessione::ProgFatt >= UltimoProgFatt) {
         MsgErrore(u"Il progressivo delle fatture è arrivato all'ultimo numero (%1)!\n"
                   "Correggerlo nelle impostazioni oppure indicare il numero a mano."_s.arg(UltimoProgFatt));

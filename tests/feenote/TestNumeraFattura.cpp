@@ -43,6 +43,8 @@ private Q_SLOTS:
     void dueProgrammi();
     void deposito_data();
     void deposito();
+    void depositoSenzaNumero_data();
+    void depositoSenzaNumero();
 };
 PROVA(TestNumeraFattura);
 
@@ -179,9 +181,9 @@ void TestNumeraFattura::deposito_data()
     QTest::addColumn<QString>("Numero");
     QTest::newRow("begun anew elsewhere") << u"0"_s << u"1"_s;
     QTest::newRow("blanks around") << u" 12 "_s << u"13"_s;
-    QTest::newRow("no number") << u"abc"_s << u"42"_s;
+    QTest::newRow("decimals, as the start reads them") << u"57,0"_s << u"58"_s;
     QTest::newRow("negative") << u"-3"_s << u"42"_s;
-    QTest::newRow("too large") << u"32768"_s << u"42"_s;
+    QTest::newRow("blanks") << u"  "_s << u"42"_s;
     QTest::newRow("empty") << QString() << u"42"_s;
 }
 
@@ -194,6 +196,32 @@ void TestNumeraFattura::deposito()
     Parcella Nota;
     QVERIFY(NumeraFattura(Nota));
     QCOMPARE(Nota.DatiPar(DatoNumFatt), Numero);
+}
+
+void TestNumeraFattura::depositoSenzaNumero_data()
+{
+    QTest::addColumn<QString>("Conservato");
+    QTest::newRow("a word") << u"abc"_s;
+    QTest::newRow("a letter among the digits") << u"4l"_s;
+    QTest::newRow("a letter behind them") << u"41x"_s;
+    QTest::newRow("too large") << u"32768"_s;
+    QTest::newRow("too small") << u"-32769"_s;
+}
+
+/// The number that the office has come to may still be read in it: it is not written over from the beginning.
+void TestNumeraFattura::depositoSenzaNumero()
+{
+    QFETCH(QString, Conservato);
+    SaveSetting(u"KR5"_s, u"Parametri"_s, u"ProgFatt"_s, Conservato);
+    Registratore Voce;
+    Voce.Attendi(u"Il progressivo delle fatture, nelle impostazioni, non è un numero da 0 a 32767!\n"
+                 "Correggerlo nelle impostazioni oppure indicare il numero a mano."_s,
+                 vbOK, u"Errore:"_s);
+    Parcella Nota;
+    const Parcella Prima = Nota;
+    QVERIFY(!NumeraFattura(Nota));
+    QVERIFY(Nota == Prima);
+    QCOMPARE(Salvato(), Conservato);
 }
 
 #include "TestNumeraFattura.moc"
