@@ -1,5 +1,7 @@
 #include "basedati.h"
 
+#include "platform/system/attese.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -86,6 +88,7 @@ qint64& MassimaLunghezza()
 
 void PosaVicino(const QString& Nome, const QByteArray& Byte)
 {
+    attese::GiornaleMs = 0;  // nobody's write ends here
     Vicini().insert(Posa(Nome, Byte), Byte);
 }
 

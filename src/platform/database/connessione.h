@@ -23,7 +23,7 @@ struct Errore;
 /// The checks at the door of a file.
 /// @return true for one that another tool keeps with a write-ahead log
 /// @throws Errore 3024 no such file, 75 a folder or unreadable, 3343 no database (truncated ones too), or a
-/// journal beside it that is not of this program
+/// journal beside it that stays and does not fit it (see GiornaleAltrui)
 [[nodiscard]] bool ControllaPrimaDiAprire(const QString& File);
 /// Whether the journal beside a file is none that this program can have left: it names another one, as that
 /// of a write into several databases does, or tells of a file longer than this one and the journal together,

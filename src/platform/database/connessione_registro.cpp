@@ -15,6 +15,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
+#include <QThread>
 #include <QtEndian>
 
 #include <algorithm>
@@ -131,6 +132,23 @@ bool GiornaleAltrui(const QString& File)
     return Pagina * qint64(Numero(16)) > QFileInfo(File).size() + Lungo;
 }
 
+namespace {
+
+/// On a network folder the file's new length may be known here later than the journal of the colleague's
+/// write that has made it longer; that journal goes with the write.
+bool RestaGiornaleAltrui(const QString& File)
+{
+    constexpr int PassoMs = 50;
+    for (int Atteso = 0; GiornaleAltrui(File); Atteso += PassoMs) {
+        if (Atteso >= attese::GiornaleMs)
+            return true;
+        QThread::msleep(PassoMs);
+    }
+    return false;
+}
+
+}  // namespace
+
 bool DaRisanare(const QString& File)
 {
     try {
@@ -146,10 +164,11 @@ bool DaRisanare(const QString& File)
 bool ControllaPrimaDiAprire(const QString& File)
 {
     ControllaFile(File);
-    if (GiornaleAltrui(File))
-        throw Errore(errori::FormatoDatabase,
-                     u"Il file "_s + NomeFile(File) +
-                         u"-journal, che sta accanto al database, non è di questo programma"_s);
+    if (RestaGiornaleAltrui(File))
+        throw Errore(
+            errori::FormatoDatabase,
+            u"Il file "_s + NomeFile(File) +
+                u"-journal, che sta accanto al database, non gli corrisponde: spostarlo altrove e riprovare"_s);
     return ControllaTestata(File);
 }
 

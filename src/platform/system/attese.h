@@ -10,6 +10,9 @@ inline int CartellaMs = 2000;
 /// The databases opened from now on wait so long for a lock of somebody else.
 inline int BlocchiMs = 3000;
 
+/// A journal that does not fit its database is looked at again for so long before it is refused.
+inline int GiornaleMs = 500;
+
 /// A save waits so long for another program that saves under the same name.
 inline int TurnoMs = 3000;
 
