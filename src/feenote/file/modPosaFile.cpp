@@ -95,6 +95,9 @@ private:
             const Database Prima = OpenDatabase(Finale);
             const Transazione Sola(Prima);
         } catch (const Errore& Guasto) {
+            // Refused for its journal it is a note all the same, and that journal may mend another file.
+            if (GiornaleAltrui(Finale))
+                throw;
             // Into what is no database nobody writes, nor into a read-only file. A journal that could not be
             // played back stays: by it the former file is mended.
             const bool Protetta =

@@ -25,10 +25,6 @@ struct Errore;
 /// @throws Errore 3024 no such file, 75 a folder or unreadable, 3343 no database (truncated ones too), or a
 /// journal beside it that stays and does not fit it (see GiornaleAltrui)
 [[nodiscard]] bool ControllaPrimaDiAprire(const QString& File);
-/// Whether the journal beside a file is none that this program can have left: it names another one, as that
-/// of a write into several databases does, or tells of a file longer than this one and the journal together,
-/// which the engine would make it, terabytes of a few bytes.
-[[nodiscard]] bool GiornaleAltrui(const QString& File);
 /// Whether a write that was cut off must be undone before the file can be read. Of one that goes on nothing
 /// is said: its journal is in use.
 [[nodiscard]] bool DaRisanare(const QString& File);

@@ -2,6 +2,7 @@
 #include "platform/database/connessione.h"
 
 #include "platform/base/errore.h"
+#include "platform/database/giornale.h"
 #include "platform/database/primariga.h"
 #include "platform/system/attese.h"
 #include "platform/system/blocco.h"
@@ -17,9 +18,6 @@
 #include <QHash>
 #include <QThread>
 #include <QtEndian>
-
-#include <algorithm>
-#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -108,29 +106,6 @@ void ControllaFile(const QString& Percorso)
 }
 
 }  // namespace
-
-bool GiornaleAltrui(const QString& File)
-{
-    static constexpr std::array<unsigned char, 8> Segno{0xd9, 0xd5, 0x05, 0xf9, 0x20, 0xa1, 0x63, 0xd7};
-    const QByteArray Atteso(reinterpret_cast<const char*>(Segno.data()), qsizetype(Segno.size()));
-    constexpr qsizetype LungaTestata = 28;
-    QFile Giornale(File + u"-journal"_s);
-    if (!Giornale.open(QIODevice::ReadOnly))
-        return false;
-    const QByteArray Testata = Giornale.read(LungaTestata);
-    const qint64 Lungo = Giornale.size();
-    // At its beginning every journal has the same bytes.
-    if (Lungo > Atteso.size() && Giornale.seek(Lungo - Atteso.size()) &&
-        Giornale.read(Atteso.size()) == Atteso)
-        return true;
-    if (Testata.size() < LungaTestata || !Testata.startsWith(Atteso))
-        return false;
-    const auto Numero = [&](int Posto) { return qFromBigEndian<quint32>(Testata.constData() + Posto); };
-    // A write never makes the file shorter before its journal has gone.
-    constexpr qint64 MassimaPagina = 65536;
-    const qint64 Pagina = Numero(24) == 0 ? MassimaPagina : std::min<qint64>(Numero(24), MassimaPagina);
-    return Pagina * qint64(Numero(16)) > QFileInfo(File).size() + Lungo;
-}
 
 namespace {
 

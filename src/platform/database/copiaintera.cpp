@@ -7,6 +7,7 @@
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/permessi.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -246,7 +247,7 @@ bool Controlla(const QString& Copia, Ancora& Chiedi)
 
 bool LeggibileDoveSta(const QString& Percorso)
 {
-    const QString File = PercorsoNativo(Percorso);
+    const QString File = FileVero(Percorso);  // its journal is beside that
     // Whether a journal is to be played back is not asked: a disk that fails would answer no, and who then
     // opens the file for writing would do it.
     return !ControllaPrimaDiAprire(File) && QFileInfo(File + Giornale).size() == 0 && !SenzaBlocchi(File);

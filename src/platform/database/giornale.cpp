@@ -4,16 +4,49 @@
 #include "platform/database/connessione.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
+#include "platform/system/permessi.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QtEndian>
+
+#include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
+bool GiornaleAltrui(const QString& File)
+{
+    static constexpr std::array<unsigned char, 8> Segno{0xd9, 0xd5, 0x05, 0xf9, 0x20, 0xa1, 0x63, 0xd7};
+    const QByteArray Atteso(reinterpret_cast<const char*>(Segno.data()), qsizetype(Segno.size()));
+    constexpr qsizetype LungaTestata = 28;
+    QFile Giornale(File + u"-journal"_s);
+    if (!Giornale.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray Testata = Giornale.read(LungaTestata);
+    const qint64 Lungo = Giornale.size();
+    // At its beginning every journal has the same bytes.
+    if (Lungo > Atteso.size() && Giornale.seek(Lungo - Atteso.size()) &&
+        Giornale.read(Atteso.size()) == Atteso)
+        return true;
+    if (Testata.size() < LungaTestata || !Testata.startsWith(Atteso))
+        return false;
+    const auto Numero = [&](int Posto) { return qFromBigEndian<quint32>(Testata.constData() + Posto); };
+    // A write never makes the file shorter before its journal has gone.
+    constexpr qint64 MassimaPagina = 65536;
+    const qint64 Pagina = Numero(24) == 0 ? MassimaPagina : std::min<qint64>(Numero(24), MassimaPagina);
+    return Pagina * qint64(Numero(16)) > QFileInfo(File).size() + Lungo;
+}
+
 void TogliGiornale(const QString& Percorso)
 {
-    const QString Giornale = Percorso + u"-journal"_s;
-    if (!EsisteFile(Giornale) || SolaLettura(Percorso) || GiornaleAltrui(Percorso))
+    // The engine looks beside the file that a link leads to.
+    const QString Vero = FileVero(Percorso);
+    const QString Giornale = Vero + u"-journal"_s;
+    if (!EsisteFile(Giornale) || SolaLettura(Vero) || GiornaleAltrui(Vero))
         return;
     try {
-        Connessione Conn(Percorso, Connessione::Modo::Scrittura);
+        Connessione Conn(Vero, Connessione::Modo::Scrittura);
         // The engine has undone what was half written before it gives the turn; from then on nobody writes.
         const Blocco Sola(Conn);
         ScartaFile(Giornale);

@@ -10,3 +10,8 @@
 /// Nothing happens while somebody writes, to a read-only file and to what is no database. Nobody is waited
 /// for; it belongs to no open Database, and may run in a thread of its own.
 void TogliGiornale(const QString& Percorso);
+
+/// Whether the journal beside a file is none that this program can have left: it names another one, as that
+/// of a write into several databases does, or tells of a file longer than this one and the journal together,
+/// which the engine would make it, terabytes of a few bytes.
+[[nodiscard]] bool GiornaleAltrui(const QString& File);

@@ -65,6 +65,7 @@ private Q_SLOTS:
     void ilGiornaleCheNonSiLegge();
     void ilGiornaleOrfanoNonTornaNellaNota_data();
     void ilGiornaleOrfanoNonTornaNellaNota();
+    void ilGiornaleDiUnAltroNonSiButta();
     void ilGiornaleDiChiScriveResta();
     void loStatoNonCambiaLaCopia();
 
@@ -420,6 +421,29 @@ void TestPosaFile::ilGiornaleOrfanoNonTornaNellaNota()
         QCOMPARE(LeggiFile(Giornale + Orfano), Caldo);
         QCOMPARE(EsisteFile(Morta + u".access"_s), RimastaAccess);
     }
+}
+
+/// A back-up, shorter than the note of the crash, stands beside the journal of it.
+void TestPosaFile::ilGiornaleDiUnAltroNonSiButta()
+{
+    const Studio Ufficio;
+    const Registratore Messaggi;
+    ScriviNota(File, NotaPiena());
+    const QByteArray Byte = LeggiFile(File);
+    // Its page is 4096 bytes, of which the file had 65536.
+    const QByteArray Giornale = QByteArray::fromHex("d9d505f920a163d7"
+                                                    "00000000"
+                                                    "00000000"
+                                                    "00010000"
+                                                    "00000200"
+                                                    "00001000")
+                                    .leftJustified(512, '\0');
+    ScriviFile(File + u"-journal"_s, Giornale);
+    QCOMPARE(NumeroErrore([&] { ScriviNota(File, NotaPiena()); }), int(errori::FormatoDatabase));
+    QCOMPARE(LeggiFile(File), Byte);
+    QCOMPARE(LeggiFile(File + u"-journal"_s), Giornale);
+    QVERIFY(QFile::remove(File + u"-journal"_s));
+    ScriviNota(File, NotaPiena());
 }
 
 void TestPosaFile::ilGiornaleDiChiScriveResta()

@@ -3,6 +3,7 @@
 #include "supporto/prova.h"
 
 #include "platform/database/connessione.h"
+#include "platform/database/copiaintera.h"
 #include "platform/database/giornale.h"
 #include "platform/system/attese.h"
 #include "platform/system/file.h"
@@ -54,6 +55,7 @@ private Q_SLOTS:
     void ilGiornaleCheNeNominaUnAltro();
     void ilGiornaleCheAllunga_data();
     void ilGiornaleCheAllunga();
+    void ilGiornaleCheAllungaDietroUnCollegamento();
     void ilGiornaleCheSeNeVa();
     void ilLogDiUnAltro();
     void ilLogProprioSiLegge();
@@ -170,6 +172,29 @@ void TestDatabaseOstile::ilGiornaleCheAllunga()
     ScriviFile(File + u"-journal"_s, TestataGiornale(quint32(Prima.size() / 4096)));
     QCOMPARE(Valore(File), 1);
     QVERIFY(LeggiFile(File) == Prima);
+}
+
+/// Who comes by a link meets the journal beside the file that it leads to, not the one beside the link.
+void TestDatabaseOstile::ilGiornaleCheAllungaDietroUnCollegamento()
+{
+    const QString Collegato = NuovaCartella() + u"collegata.mdb"_s;
+    QVERIFY(QFile::link(File, Collegato));
+    QVERIFY(LeggibileDoveSta(Collegato));
+    const QByteArray Prima = LeggiFile(File);
+    const QByteArray Giornale = TestataGiornale(25600);
+    ScriviFile(File + u"-journal"_s, Giornale);
+    ScriviFile(Collegato + u"-journal"_s, TestataGiornale(1));
+    TogliGiornale(Collegato);
+    QCOMPARE(QFileInfo(File).size(), Prima.size());
+    QVERIFY(LeggiFile(File) == Prima && LeggiFile(File + u"-journal"_s) == Giornale);
+    QVERIFY2(EsisteFile(Collegato + u"-journal"_s), "of nothing that is here");
+    QCOMPARE(NumeroErrore([&] { (void)LeggibileDoveSta(Collegato); }), 3343);
+    ScriviFile(File + u"-journal"_s, TestataGiornale(quint32(Prima.size() / 4096)));
+    QFile::remove(Collegato + u"-journal"_s);
+    QVERIFY(!LeggibileDoveSta(Collegato));
+    TogliGiornale(Collegato);
+    QVERIFY(!EsisteFile(File + u"-journal"_s));
+    QCOMPARE(Valore(Collegato), 1);
 }
 
 /// A colleague's write that has made the file longer than is known here takes its journal away at its end.
