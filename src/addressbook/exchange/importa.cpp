@@ -4,6 +4,7 @@
 #include "addressbook/exchange/annullo.h"
 #include "addressbook/exchange/colonneimporta.h"
 #include "addressbook/modRubrica.h"
+#include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/system/orologio.h"
 
