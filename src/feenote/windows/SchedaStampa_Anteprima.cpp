@@ -22,6 +22,7 @@
 #include "platform/preview/vistastampa.h"
 #include "platform/system/esportato.h"
 #include "platform/system/file.h"
+#include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "print/modClausole.h"
 #include "print/modEsporta.h"
