@@ -367,6 +367,13 @@ frmParcelle* Parcelle(int Indice)
     return Indice >= 1 && Indice < int(Finestre.size()) ? Finestre[size_t(Indice)].Finestra.data() : nullptr;
 }
 
+void LasciaPosto(const frmParcelle* Morente)
+{
+    for (FinestraDelPosto& Posto : Finestre)
+        if (Posto.Finestra == Morente)
+            Posto.Finestra = nullptr;
+}
+
 void ApriParcella(const QString& Percorso, int Socio, const QString& ID)
 {
     const int Indice = PrendiPosto(Socio);

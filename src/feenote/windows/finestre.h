@@ -8,6 +8,10 @@ class frmParcelle;
 /// The window of a place, null when it was never made.
 [[nodiscard]] frmParcelle* Parcelle(int Indice);
 
+/// A window that dies is nobody's from here on: its children move the focus, at which others look at the
+/// notes.
+void LasciaPosto(const frmParcelle* Morente);
+
 /// Opens a window: on a file, on a new note, or on a new note for the companion application.
 ///
 /// @param Percorso file, empty for a new note

@@ -115,7 +115,10 @@ frmParcelle::frmParcelle(int Indice, QWidget* Padre)
     aspetto::AssegnaNomiAccessibili(this);
 }
 
-frmParcelle::~frmParcelle() = default;
+frmParcelle::~frmParcelle()
+{
+    LasciaPosto(this);
+}
 
 int frmParcelle::Scheda() const
 {

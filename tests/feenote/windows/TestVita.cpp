@@ -58,6 +58,7 @@ private Q_SLOTS:
     void annullatoNonCambiaNulla();
     void incompletaSiSalva();
     void nonModificataNonSiSalva();
+    void chiMuoreNonSiVede();
     void chiudiIntatta();
     void chiudiConRisposta_data();
     void chiudiConRisposta();
@@ -140,6 +141,21 @@ void TestVita::nonModificataNonSiSalva()
     Tocca(F);
     SalvaCome(*T, u"una.mdb"_s);
     EseguiComando(u"savemod"_s, 1, {});
+}
+
+/// The list of notes that a calculator shows is asked for while the last window goes, with its children.
+void TestVita::chiMuoreNonSiVede()
+{
+    int Morti = 0;
+    int Visti = 0;
+    connect(F->findChild<QTabWidget*>(), &QObject::destroyed, this, [&] {
+        ++Morti;
+        Visti += Parcelle(1) ? 1 : 0;
+    });
+    delete F;
+    QCOMPARE(Morti, 1);
+    QCOMPARE(Visti, 0);
+    QVERIFY(!Parcelle(1));
 }
 
 void TestVita::chiudiIntatta()
