@@ -77,6 +77,9 @@ private:
     }
     /// A saved note of a matter, whose companion's archive stands. @return the archive's bytes
     QByteArray SalvaDellaPratica();
+    /// The same with invoice 8 saved behind it, which a damaged archive refuses. @return the sound archive's
+    /// bytes, empty when the note was not saved
+    QByteArray SalvaSenzaConsegna();
     [[nodiscard]] static int Consegnate(const QString& Numero);
     /// Saves in place; whether the user was asked for the transfer.
     bool SalvaChiesto(int Risposta);
@@ -97,6 +100,17 @@ bool TestConsegnaMancata::SalvaChiesto(int Risposta)
     const bool Salvata = F->SalvaSulPosto();
     const bool Chiesto = !T->Voce.Mostrati().isEmpty();
     return Salvata && Chiesto;
+}
+
+QByteArray TestConsegnaMancata::SalvaSenzaConsegna()
+{
+    const QByteArray Sano = SalvaDellaPratica();
+    ::Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_11"), u"8"_s);
+    ScriviFile(sessione::ArchivioPrat, "rumore");
+    T->Voce.Sparecchia();
+    T->Voce.Attendi(Trasferisco, vbYes);
+    T->Voce.Attendi(GuastoPV2, vbOK, u"Errore!"_s);
+    return F->SalvaSulPosto() ? Sano : QByteArray();
 }
 
 QByteArray TestConsegnaMancata::SalvaDellaPratica()
@@ -131,14 +145,8 @@ void TestConsegnaMancata::vaColSalvataggioSeguente_data()
 void TestConsegnaMancata::vaColSalvataggioSeguente()
 {
     QFETCH(bool, ConUnPasso);
-    const QByteArray Sano = SalvaDellaPratica();
+    const QByteArray Sano = SalvaSenzaConsegna();
     QVERIFY(!Sano.isEmpty());
-    ::Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_11"), u"8"_s);
-    ScriviFile(sessione::ArchivioPrat, "rumore");
-    T->Voce.Sparecchia();
-    T->Voce.Attendi(Trasferisco, vbYes);
-    T->Voce.Attendi(GuastoPV2, vbOK, u"Errore!"_s);
-    QVERIFY(F->SalvaSulPosto());
     QCOMPARE(T->Voce.Mostrati().size(), 2);
     QVERIFY(!F->Nota.Modificata);
 
@@ -224,14 +232,8 @@ void TestConsegnaMancata::unAltroDocumentoNonLaConclude_data()
 void TestConsegnaMancata::unAltroDocumentoNonLaConclude()
 {
     QFETCH(int, Tipo);
-    const QByteArray Sano = SalvaDellaPratica();
+    const QByteArray Sano = SalvaSenzaConsegna();
     QVERIFY(!Sano.isEmpty());
-    ::Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_11"), u"8"_s);
-    ScriviFile(sessione::ArchivioPrat, "rumore");
-    T->Voce.Sparecchia();
-    T->Voce.Attendi(Trasferisco, vbYes);
-    T->Voce.Attendi(GuastoPV2, vbOK, u"Errore!"_s);
-    QVERIFY(F->SalvaSulPosto());
     ScriviFile(sessione::ArchivioPrat, Sano);
 
     Documento(Tipo);
@@ -263,14 +265,8 @@ void TestConsegnaMancata::unAltroDocumentoNonLaConclude()
 /// A document that is no invoice and cannot be composed has nothing to hand over, and the invoice waits on.
 void TestConsegnaMancata::ilGuastoDiUnAltroDocumentoNonLaConclude()
 {
-    const QByteArray Sano = SalvaDellaPratica();
+    const QByteArray Sano = SalvaSenzaConsegna();
     QVERIFY(!Sano.isEmpty());
-    ::Scrivi(Controllo<QLineEdit>(F, "txtDatiPar_11"), u"8"_s);
-    ScriviFile(sessione::ArchivioPrat, "rumore");
-    T->Voce.Sparecchia();
-    T->Voce.Attendi(Trasferisco, vbYes);
-    T->Voce.Attendi(GuastoPV2, vbOK, u"Errore!"_s);
-    QVERIFY(F->SalvaSulPosto());
     ScriviFile(sessione::ArchivioPrat, Sano);
 
     // The contract words a linked client, whose archive cannot be read meanwhile.
