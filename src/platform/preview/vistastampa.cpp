@@ -53,6 +53,7 @@ VistaStampa::VistaStampa(QWidget* Padre) : QWidget(Padre)
     Margine->setObjectName(u"avvisoAnteprima"_s);
     Margine->setTextFormat(Qt::PlainText);
     Margine->setAlignment(Qt::AlignCenter);
+    Margine->setWordWrap(true);  // what is cut of a warning is not said
     Margine->setMargin(aspetto::TraCampi / 2);
     Margine->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // never wider than the sheets' place
     Margine->hide();

@@ -4,6 +4,7 @@
 #include "vista_prova.h"
 
 #include <QAccessible>
+#include <QLabel>
 #include <QSignalSpy>
 #include <QWheelEvent>
 
@@ -43,6 +44,7 @@ private Q_SLOTS:
     void foglioBiancoNelBuio();
     void milleRigheFinoInFondo();
     void ingrandimentoMassimoSiDipinge();
+    void lAvvisoVaACapo();
     void leggibileDaChiAscolta();
 };
 PROVA(TestVistaStampa);
@@ -442,6 +444,25 @@ void TestVistaStampa::ingrandimentoMassimoSiDipinge()
     S.Fogli->Mostra(S.Dove(u"Riga 5 "_s));
     QVERIFY(S.Fogli->viewport()->rect().intersects(S.Riquadro(u"Riga 5 "_s)));
     QVERIFY(Inchiostro(S) > 1000);
+}
+
+void TestVistaStampa::lAvvisoVaACapo()
+{
+    Scena S(1);
+    S.vp.ImpostaAvviso(
+        u"Le clausole di ContrattoPersonaFisica.rtf sono state stampate solo in parte: il file è "
+        u"troncato, e manca quanto segue le prime parole dell'articolo 3"_s);
+    const auto* Margine = S.vp.findChild<QLabel*>(u"avvisoAnteprima"_s);
+    QVERIFY(Margine);
+    const int Larga = S.vp.width();
+    QTRY_VERIFY(Margine->isVisible() && Margine->width() == Larga);
+    const QFontMetrics Misure(Margine->font());
+    QVERIFY2(Misure.horizontalAdvance(Margine->text()) > Larga, "sta in una riga: non prova nulla");
+    const QRect Righe =
+        Misure.boundingRect({0, 0, Larga - 2 * Margine->margin(), 1000}, Qt::TextWordWrap, Margine->text());
+    QTRY_VERIFY(Margine->height() >= Righe.height() + 2 * Margine->margin());
+    QVERIFY(Righe.width() <= Larga);
+    QCOMPARE(S.vp.width(), Larga);
 }
 
 void TestVistaStampa::leggibileDaChiAscolta()
