@@ -122,6 +122,18 @@ bool RestaGiornaleAltrui(const QString& File)
     return false;
 }
 
+/// The journal of several databases is what makes this one whole, and is not for the user to move.
+QString FraseGiornaleAltrui(const QString& File)
+{
+    const QString Consiglio =
+        GiornaleDiPiuDatabase(File)
+            ? u"è di una scrittura interrotta di un altro programma: aprire prima il database con quello e "
+              u"riprovare"_s
+            : u"non gli corrisponde: spostarlo altrove e riprovare"_s;
+    return u"Il file %1-journal, che sta accanto al database nella cartella %2, %3"_s.arg(
+        NomeFile(File), CartellaFile(File), Consiglio);
+}
+
 }  // namespace
 
 bool DaRisanare(const QString& File)
@@ -140,10 +152,7 @@ bool ControllaPrimaDiAprire(const QString& File)
 {
     ControllaFile(File);
     if (RestaGiornaleAltrui(File))
-        throw Errore(
-            errori::FormatoDatabase,
-            u"Il file "_s + NomeFile(File) +
-                u"-journal, che sta accanto al database, non gli corrisponde: spostarlo altrove e riprovare"_s);
+        throw Errore(errori::FormatoDatabase, FraseGiornaleAltrui(File));
     return ControllaTestata(File);
 }
 

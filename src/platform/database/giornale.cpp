@@ -15,21 +15,39 @@
 
 using namespace Qt::StringLiterals;
 
-bool GiornaleAltrui(const QString& File)
+namespace {
+
+/// With these bytes every journal begins, and one that names another ends.
+QByteArray SegnoDelGiornale()
 {
     static constexpr std::array<unsigned char, 8> Segno{0xd9, 0xd5, 0x05, 0xf9, 0x20, 0xa1, 0x63, 0xd7};
-    const QByteArray Atteso(reinterpret_cast<const char*>(Segno.data()), qsizetype(Segno.size()));
+    return {reinterpret_cast<const char*>(Segno.data()), qsizetype(Segno.size())};
+}
+
+}  // namespace
+
+bool GiornaleDiPiuDatabase(const QString& File)
+{
+    const QByteArray Atteso = SegnoDelGiornale();
+    QFile Giornale(File + u"-journal"_s);
+    if (!Giornale.open(QIODevice::ReadOnly))
+        return false;
+    const qint64 Lungo = Giornale.size();
+    return Lungo > Atteso.size() && Giornale.seek(Lungo - Atteso.size()) &&
+           Giornale.read(Atteso.size()) == Atteso;
+}
+
+bool GiornaleAltrui(const QString& File)
+{
     constexpr qsizetype LungaTestata = 28;
     QFile Giornale(File + u"-journal"_s);
     if (!Giornale.open(QIODevice::ReadOnly))
         return false;
     const QByteArray Testata = Giornale.read(LungaTestata);
     const qint64 Lungo = Giornale.size();
-    // At its beginning every journal has the same bytes.
-    if (Lungo > Atteso.size() && Giornale.seek(Lungo - Atteso.size()) &&
-        Giornale.read(Atteso.size()) == Atteso)
+    if (GiornaleDiPiuDatabase(File))
         return true;
-    if (Testata.size() < LungaTestata || !Testata.startsWith(Atteso))
+    if (Testata.size() < LungaTestata || !Testata.startsWith(SegnoDelGiornale()))
         return false;
     const auto Numero = [&](int Posto) { return qFromBigEndian<quint32>(Testata.constData() + Posto); };
     // A write never makes the file shorter before its journal has gone.

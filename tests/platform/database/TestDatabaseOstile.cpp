@@ -23,8 +23,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString NonGliCorrisponde =
-    u"Il file nota.mdb-journal, che sta accanto al database, non gli corrisponde: spostarlo altrove e riprovare"_s;
+/// Of a journal beside a file: what it is, and what there is to do.
+QString FraseDelGiornale(const QString& File, const QString& Consiglio)
+{
+    return u"Il file nota.mdb-journal, che sta accanto al database nella cartella "_s + CartellaFile(File) +
+           u", "_s + Consiglio;
+}
+const QString NonGliCorrisponde = u"non gli corrisponde: spostarlo altrove e riprovare"_s;
+const QString DiUnAltroProgramma =
+    u"è di una scrittura interrotta di un altro programma: aprire prima il database con quello e riprovare"_s;
 
 const QByteArray Segno = QByteArray::fromHex("d9d505f920a163d7");
 
@@ -131,7 +138,7 @@ void TestDatabaseOstile::ilGiornaleCheNeNominaUnAltro()
     if (Guardato) {
         const ErroreVisto Guasto = ErroreDi([&] { (void)Valore(File); });
         QCOMPARE(Guasto.Numero, 3343);
-        QCOMPARE(Guasto.Descrizione, NonGliCorrisponde);
+        QCOMPARE(Guasto.Descrizione, FraseDelGiornale(File, DiUnAltroProgramma));
     } else {
         const Connessione Aperta(File, Connessione::Modo::Scrittura);
         QCOMPARE(NumeroErrore([&] { (void)Istruzione(Aperta, u"SELECT a FROM T"_s).Avanza(); }), 75);
@@ -165,7 +172,7 @@ void TestDatabaseOstile::ilGiornaleCheAllunga()
     const ErroreVisto Guasto = ErroreDi([&] { (void)Valore(File); });
     QCOMPARE(QFileInfo(File).size(), Prima.size());
     QCOMPARE(Guasto.Numero, 3343);
-    QCOMPARE(Guasto.Descrizione, NonGliCorrisponde);
+    QCOMPARE(Guasto.Descrizione, FraseDelGiornale(File, NonGliCorrisponde));
     QVERIFY(LeggiFile(File) == Prima && LeggiFile(File + u"-journal"_s) == Giornale);
     // One that tells of the file as long as it is says nothing that was cut off.
     ImpostaSolaLettura(File, false);
@@ -188,7 +195,10 @@ void TestDatabaseOstile::ilGiornaleCheAllungaDietroUnCollegamento()
     QCOMPARE(QFileInfo(File).size(), Prima.size());
     QVERIFY(LeggiFile(File) == Prima && LeggiFile(File + u"-journal"_s) == Giornale);
     QVERIFY2(EsisteFile(Collegato + u"-journal"_s), "of nothing that is here");
-    QCOMPARE(NumeroErrore([&] { (void)LeggibileDoveSta(Collegato); }), 3343);
+    // Beside the link nobody would find it.
+    const ErroreVisto Guasto = ErroreDi([&] { (void)LeggibileDoveSta(Collegato); });
+    QCOMPARE(Guasto.Numero, 3343);
+    QCOMPARE(Guasto.Descrizione, FraseDelGiornale(File, NonGliCorrisponde));
     ScriviFile(File + u"-journal"_s, TestataGiornale(quint32(Prima.size() / 4096)));
     QFile::remove(Collegato + u"-journal"_s);
     QVERIFY(!LeggibileDoveSta(Collegato));
