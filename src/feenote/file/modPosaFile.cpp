@@ -55,7 +55,7 @@ public:
         DaiPermessi(Provvisorio, Finale, Chi);
         if (ComeModello)
             ImpostaSolaLettura(Provvisorio, true);
-        ScostaGiornale();
+        (void)ScostaGiornale(Finale);
         SostituisciFile(Provvisorio, Finale);
     }
 
@@ -107,21 +107,6 @@ private:
         }
         for (const QString& Coda : {u"-journal"_s, u"-wal"_s, u"-shm"_s})
             ScartaFile(Finale + Coda);
-    }
-
-    /// The journal of a file that is not here, taken away after a crash or replaced by one of another format,
-    /// would be played into the note that takes the name. It is what that file is mended by: it is kept, and
-    /// the folder holds its new name before the note has the old one.
-    void ScostaGiornale() const
-    {
-        const QString Giornale = Finale + u"-journal"_s;
-        if (!EsisteFile(Giornale))
-            return;
-        QString Libero = Giornale + u".orfano"_s;
-        for (int Numero = 2; QFileInfo(Libero).exists() || QFileInfo(Libero).isSymLink(); ++Numero)
-            Libero = Giornale + u".orfano.%1"_s.arg(Numero);
-        RinominaFile(Giornale, Libero);
-        SincronizzaCartellaDi(Libero);
     }
 
     /// A note that the former program may still want stays beside its new file, as it was. The copy is whole

@@ -4,7 +4,9 @@
 #include "platform/database/connessione.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
+#include "platform/system/percorsi.h"
 #include "platform/system/permessi.h"
+#include "platform/system/sincrono.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -22,6 +24,16 @@ QByteArray SegnoDelGiornale()
 {
     static constexpr std::array<unsigned char, 8> Segno{0xd9, 0xd5, 0x05, 0xf9, 0x20, 0xa1, 0x63, 0xd7};
     return {reinterpret_cast<const char*>(Segno.data()), qsizetype(Segno.size())};
+}
+
+/// Of which nothing had reached the file: the engine writes the first byte when the rest is on the disk, and
+/// looks at no other.
+bool GiornaleFreddo(const QString& Giornale)
+{
+    QFile Aperto(Giornale);
+    char Primo = 1;
+    return Aperto.open(QIODevice::ReadOnly) && Aperto.read(&Primo, 1) >= 0 &&
+           (Aperto.pos() == 0 || Primo == 0);
 }
 
 }  // namespace
@@ -71,4 +83,26 @@ void TogliGiornale(const QString& Percorso)
     } catch (const Errore&) {
         return;  // somebody is at work, or it is none of the engine's
     }
+}
+
+QString ScostaGiornale(const QString& File)
+{
+    const QString Giornale = File + u"-journal"_s;
+    if (!EsisteFile(Giornale))
+        return {};
+    if (GiornaleFreddo(Giornale)) {
+        ScartaFile(Giornale);
+        return {};
+    }
+    QString Libero = Giornale + u".orfano"_s;
+    for (int Numero = 2; QFileInfo(Libero).exists() || QFileInfo(Libero).isSymLink(); ++Numero)
+        Libero = Giornale + u".orfano.%1"_s.arg(Numero);
+    RinominaFile(Giornale, Libero);
+    try {
+        SincronizzaCartellaDi(Libero);
+    } catch (const NonConfermato& Guasto) {
+        RinominaFile(Libero, Giornale);
+        throw Errore(Guasto.Numero);  // nothing stands in the file's place
+    }
+    return NomeFile(Libero);
 }

@@ -19,3 +19,13 @@ void TogliGiornale(const QString& Percorso);
 /// Whether it is that of a write into several databases at once, which names a journal of them all. The
 /// program never writes so; what did is the one that makes the file whole.
 [[nodiscard]] bool GiornaleDiPiuDatabase(const QString& File);
+
+/// Makes way for a database that is about to take a name whose journal stands there without the file that it
+/// was of: the engine would play it into the new one. The former file is mended by it: it is kept, with
+/// ".orfano" behind its name, and the folder holds that name on return. One that the engine would not look at
+/// goes.
+/// @param File what the links lead to
+/// @return the name that the journal has by now, without its folder; empty where none was kept
+/// @throws Errore 75 refused, 61 no room, 57 the disk fails: the journal has its former name again, and
+/// no NonConfermato says that the file stands in its place
+QString ScostaGiornale(const QString& File);

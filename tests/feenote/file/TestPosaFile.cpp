@@ -65,6 +65,9 @@ private Q_SLOTS:
     void ilGiornaleCheNonSiLegge();
     void ilGiornaleOrfanoNonTornaNellaNota_data();
     void ilGiornaleOrfanoNonTornaNellaNota();
+    void ilGiornaleOrfanoCheNonSiScosta();
+    void ilGiornaleFreddoNonSiTiene_data();
+    void ilGiornaleFreddoNonSiTiene();
     void ilGiornaleDiUnAltroNonSiButta();
     void ilGiornaleDiChiScriveResta();
     void loStatoNonCambiaLaCopia();
@@ -72,6 +75,8 @@ private Q_SLOTS:
 private:
     /// A template from before a column came.
     void Invecchia() const;
+    /// The journal by which the engine would undo a write into the note.
+    [[nodiscard]] QByteArray GiornaleCaldo() const;
 
     QString Cartella;
     QString File;
@@ -91,6 +96,7 @@ void TestPosaFile::cleanup()
 {
     attese::TurnoMs = 3000;
     guasti::LimitePagine = 0;
+    guasti::PrimaDellaCartella = {};
     ::umask(Prima);
 }
 
@@ -99,6 +105,17 @@ void TestPosaFile::Invecchia() const
     ScriviNota(File, NotaPiena());
     EseguiSu(File, u"ALTER TABLE ParcellaParam DROP COLUMN SpeseGen"_s);
     ImpostaModo(File, 0444);
+}
+
+QByteArray TestPosaFile::GiornaleCaldo() const
+{
+    ScriviNota(File, NotaPiena());
+    const Database Aperto = OpenDatabase(File);
+    Aperto.Execute(u"PRAGMA cache_size=1"_s);
+    const Transazione Aperta(Aperto);
+    Aperto.Execute(u"UPDATE ParcellaParam SET Oggetto='altro'"_s);
+    Aperto.Execute(u"UPDATE ParcellaRighe SET Descr=printf('%.4000c', 'x')"_s);
+    return LeggiFile(File + u"-journal"_s);
 }
 
 void TestPosaFile::diChiENuova_data()
@@ -395,18 +412,9 @@ void TestPosaFile::ilGiornaleOrfanoNonTornaNellaNota()
     const Studio Ufficio;
     const Registratore Messaggi;
     Parcella Nota = NotaPiena();
-    ScriviNota(File, Nota);
     const QString Morta = Cartella + u"morta.mdb"_s;
     const QString Giornale = Morta + u"-journal"_s;
-    QByteArray Caldo;
-    {
-        const Database Aperto = OpenDatabase(File);
-        Aperto.Execute(u"PRAGMA cache_size=1"_s);
-        const Transazione Aperta(Aperto);
-        Aperto.Execute(u"UPDATE ParcellaParam SET Oggetto='altro'"_s);
-        Aperto.Execute(u"UPDATE ParcellaRighe SET Descr=printf('%.4000c', 'x')"_s);
-        Caldo = LeggiFile(File + u"-journal"_s);
-    }
+    const QByteArray Caldo = GiornaleCaldo();
     QVERIFY2(!Caldo.isEmpty() && Caldo.front() != '\0', "the engine would play it back");
     for (const QString& Orfano : {u".orfano"_s, u".orfano.2"_s}) {
         QFile::remove(Morta);
@@ -421,6 +429,46 @@ void TestPosaFile::ilGiornaleOrfanoNonTornaNellaNota()
         QCOMPARE(LeggiFile(Giornale + Orfano), Caldo);
         QCOMPARE(EsisteFile(Morta + u".access"_s), RimastaAccess);
     }
+}
+
+/// Whoever is told that the disk has not confirmed a file believes that it is there.
+void TestPosaFile::ilGiornaleOrfanoCheNonSiScosta()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    const QString Morta = Cartella + u"morta.mdb"_s;
+    const QByteArray Caldo = GiornaleCaldo();
+    ScriviFile(Morta + u"-journal"_s, Caldo);
+    Parcella Nota = NotaPiena();
+    guasti::PrimaDellaCartella = [](const QString& Quale) { return !Quale.endsWith(u".orfano"); };
+    Messaggi.AttendiSalva(Morta);
+    const ErroreVisto Guasto = ErroreDi([&] { (void)SalvaConDialogo(Nota, false); });
+    QCOMPARE(Guasto.Numero, errori::Periferica);
+    QCOMPARE(Guasto.Descrizione, DescrizioneErrore(errori::Periferica));
+    QCOMPARE(Nota.Percorso, QString());
+    QCOMPARE(Nota.Nome, NotaPiena().Nome);
+    QVERIFY(!EsisteFile(Morta));
+    QCOMPARE(LeggiFile(Morta + u"-journal"_s), Caldo);
+    QCOMPARE(ContenutoDi(Cartella), (QStringList{u"morta.mdb-journal"_s, u"nota.mdb"_s}));
+}
+
+void TestPosaFile::ilGiornaleFreddoNonSiTiene_data()
+{
+    QTest::addColumn<QByteArray>("Byte");
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("the engine had not finished it") << QByteArray(512, '\0') + QByteArray(600, 'x');
+}
+
+/// What the engine itself would not look at mends no note.
+void TestPosaFile::ilGiornaleFreddoNonSiTiene()
+{
+    QFETCH(QByteArray, Byte);
+    const Studio Ufficio;
+    const Registratore Messaggi;
+    ScriviFile(File + u"-journal"_s, Byte);
+    ScriviNota(File, NotaPiena());
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"nota.mdb"_s});
+    QCOMPARE(Parametro(File, u"Oggetto"_s).toString(), NotaPiena().txtOggetto.Testo);
 }
 
 /// A back-up, shorter than the note of the crash, stands beside the journal of it.
