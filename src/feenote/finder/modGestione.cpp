@@ -6,6 +6,7 @@
 #include "feenote/file/modSalvataggio.h"
 #include "feenote/file/nomenota.h"
 #include "platform/base/errore.h"
+#include "platform/database/giornale.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
@@ -117,6 +118,11 @@ bool RinominaNota(const QString& Percorso, const std::function<void(const QStrin
     const QString Nuovo = PercorsoNuovo(File, Digitato);
     if (Nuovo.isEmpty())
         return false;
+    // Nothing of a note that had the name, and was taken away without its journal, comes into this one. On
+    // disks that know no case the journal may be this note's own; of a link none is looked for beside its
+    // name.
+    if (!QFileInfo::exists(Nuovo) && !QFileInfo(File).isSymLink())
+        (void)ScostaGiornale(Nuovo);
     // A template keeps its attribute by itself: it belongs to the file, not to its name.
     RinominaFile(File, Nuovo);
     Rinominata(Nuovo);

@@ -42,6 +42,7 @@ private Q_SLOTS:
     void nomeTroppoLungo();
     void ilModelloRinominatoRestaModello();
     void cartellaCheRifiutaIlNome();
+    void ilGiornaleDiUnaSparitaNonEntra();
 
 private:
     bool Cancella()
@@ -384,6 +385,32 @@ void TestGestione::cartellaCheRifiutaIlNome()
     QFile::setPermissions(CartellaFile(File), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     QCOMPARE(Numero, 75);
     QVERIFY(EsisteFile(File));
+}
+
+/// A note that takes the name of one that was taken away without its journal keeps what it holds.
+void TestGestione::ilGiornaleDiUnaSparitaNonEntra()
+{
+    const QString Sparita = CartellaFile(File) + u"sparita.mdb"_s;
+    QByteArray Caldo;
+    {
+        EseguiSu(File, u"UPDATE ParcellaParam SET Oggetto='di prima'"_s);
+        const Database Aperto = OpenDatabase(File);
+        Aperto.Execute(u"PRAGMA cache_size=1"_s);
+        const Transazione Aperta(Aperto);
+        Aperto.Execute(u"UPDATE ParcellaParam SET Oggetto='a meta'"_s);
+        Aperto.Execute(u"UPDATE ParcellaRighe SET Descr=printf('%.4000c', 'x')"_s);
+        Caldo = LeggiFile(File + u"-journal"_s);
+    }
+    EseguiSu(File, u"UPDATE ParcellaParam SET Oggetto='questa'"_s);
+    QVERIFY2(!Caldo.isEmpty() && Caldo.front() != '\0', "the engine would play it back");
+    ScriviFile(Sparita + u"-journal"_s, Caldo);
+    Box->AttendiImmissione(ChiedeNome, u"sparita"_s);
+    Box->Attendi(Rinominata);
+    QVERIFY(Rinomina());
+    QCOMPARE(Parametro(Sparita, u"Oggetto"_s).toString(), u"questa"_s);
+    QCOMPARE(LeggiFile(Sparita + u"-journal.orfano"_s), Caldo);
+    QCOMPARE(QDir(CartellaFile(File)).entryList(QDir::Files | QDir::Hidden),
+             (QStringList{u"sparita.mdb"_s, u"sparita.mdb-journal.orfano"_s}));
 }
 
 #include "TestGestione.moc"
