@@ -16,7 +16,9 @@
 
 #ifndef Q_OS_WIN
 #include <cerrno>
+#include <filesystem>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 #endif
 
@@ -68,10 +70,29 @@ bool DecideIlSupporto(const QByteArray& Nome, int Codice)
 QString FileVero(const QString& Percorso)
 {
     constexpr int MassimiSalti = 40;  // as many as the system follows
+#ifdef Q_OS_WIN
     QString Vero = PercorsoNativo(Percorso);
     for (int i = 0; i < MassimiSalti && QFileInfo(Vero).isSymLink(); ++i)
         Vero = QFileInfo(Vero).symLinkTarget();
     return Vero;
+#else
+    namespace fs = std::filesystem;
+    const QString Nativo = PercorsoNativo(Percorso);
+    std::error_code Guasto;
+    fs::path Vero(QFile::encodeName(Nativo).toStdString());
+    if (!fs::is_symlink(fs::symlink_status(Vero, Guasto)))
+        return Nativo;
+    // The text of a link counts from the folder where the link truly stands: ".." taken away by its letters
+    // would lead out of a linked folder to another file.
+    for (int i = 0; i < MassimiSalti && fs::is_symlink(fs::symlink_status(Vero, Guasto)); ++i) {
+        const fs::path Detto = fs::read_symlink(Vero, Guasto);
+        if (Guasto)
+            break;
+        Vero = Vero.parent_path() / Detto;
+    }
+    const fs::path Pulito = fs::weakly_canonical(Vero, Guasto);
+    return QFile::decodeName(QByteArray::fromStdString((Guasto ? Vero : Pulito).string()));
+#endif
 }
 
 void DaiPermessi(const QString& File, const QString& Destinazione, Lettori Chi)

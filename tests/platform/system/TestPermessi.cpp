@@ -49,6 +49,8 @@ private Q_SLOTS:
     void ilSupportoDecide();
     void diChiE();
     void dietroUnCollegamento();
+    void dietroUnaCartellaCollegata_data();
+    void dietroUnaCartellaCollegata();
 
 private:
     QString Cartella;
@@ -223,6 +225,43 @@ void TestPermessi::dietroUnCollegamento()
     QCOMPARE(FileVero(Cartella + u"due"_s), Vero);  // which is not there yet
     QVERIFY(QFile::link(Cartella + u"giro"_s, Cartella + u"giro"_s));
     (void)FileVero(Cartella + u"giro"_s);  // comes back
+}
+
+void TestPermessi::dietroUnaCartellaCollegata_data()
+{
+    QTest::addColumn<QString>("Testo");  // of the link, in the folder that another link leads to
+    QTest::addColumn<QString>("Vero");
+    QTest::addColumn<bool>("Presente");
+    for (const bool Presente : {true, false}) {
+        const char* Come = Presente ? "there" : "not there yet";
+        QTest::addRow("one folder up, %s", Come) << u"../x.mdb"_s << u"vera/x.mdb"_s << Presente;
+        QTest::addRow("beside it, %s", Come) << u"./x.mdb"_s << u"vera/sotto/x.mdb"_s << Presente;
+        QTest::addRow("up and down, %s", Come) << u"../sotto/../x.mdb"_s << u"vera/x.mdb"_s << Presente;
+        QTest::addRow("through another link, %s", Come) << u"altro.mdb"_s << u"vera/x.mdb"_s << Presente;
+    }
+}
+
+/// What a link says counts from where it truly stands, as the system follows it.
+void TestPermessi::dietroUnaCartellaCollegata()
+{
+    QFETCH(QString, Testo);
+    QFETCH(QString, Vero);
+    QFETCH(bool, Presente);
+    const QString Sotto = Cartella + u"vera/sotto"_s;
+    const QString Atteso = QFileInfo(Cartella).canonicalFilePath() + u'/' + Vero;
+    const auto Collega = [](const QString& A, const QString& Da) {
+        return ::symlink(QFile::encodeName(A).constData(), QFile::encodeName(Da).constData()) == 0;
+    };
+    QVERIFY(QDir().mkpath(Sotto) && Collega(Sotto, Cartella + u"d"_s));
+    QVERIFY(Collega(u"../x.mdb"_s, Sotto + u"/altro.mdb"_s));
+    QVERIFY(Collega(Testo, Sotto + u"/link.mdb"_s));
+    if (Presente)
+        ScriviFile(Atteso, "vero");
+    const QString Nome = Cartella + u"d/link.mdb"_s;
+    QCOMPARE(FileVero(Nome), Atteso);
+    ScriviFile(Nome, "nuovo");
+    QCOMPARE(LeggiFile(Atteso), "nuovo"_ba);
+    QVERIFY(QFileInfo(Nome).isSymLink());
 }
 
 #include "TestPermessi.moc"
