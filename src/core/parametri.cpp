@@ -11,6 +11,18 @@ namespace {
 /// A refusal of what nobody has asked for was told.
 bool RifiutoDetto = false;
 
+/// Does it, and notes the damage that a refusal tells of: the user may take the file away upon it.
+template <class Azione>
+void NotandoIlDanno(Azione&& Fai)
+{
+    try {
+        Fai();
+    } catch (const Errore&) {
+        (void)FraseDelDannoRicordato();
+        throw;
+    }
+}
+
 }  // namespace
 
 QString Impostazione(const QString& Chiave, const QString& Predefinito)
@@ -41,14 +53,16 @@ void SalvaImpostazione(const QString& Chiave, const QString& Valore)
 
 void MutaImpostazione(const QString& Chiave, const std::function<QString(const QString& Prima)>& Dopo)
 {
-    MutaSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave, Dopo);
+    NotandoIlDanno(
+        [&] { MutaSetting(NomeApplicazione.toString(), SezioneParametri.toString(), Chiave, Dopo); });
     RifiutoDetto = false;
 }
 
 void SalvaImpostazioni(const QList<std::pair<QString, QString>>& Valori,
                        const std::function<bool(const QString& Chiave, const QString& Ora)>& SiScrive)
 {
-    SaveSettings(NomeApplicazione.toString(), SezioneParametri.toString(), Valori, SiScrive);
+    NotandoIlDanno(
+        [&] { SaveSettings(NomeApplicazione.toString(), SezioneParametri.toString(), Valori, SiScrive); });
     RifiutoDetto = false;
 }
 

@@ -92,7 +92,12 @@ void AggiornaProgFatt()
     if (MsgBox(u"Procedo all'aggiornamento del progressivo?"_s, vbYesNo + vbQuestion,
                TitoloDomanda.toString()) != vbYes)
         return;
-    // Never back: a program beside this one may have gone further while the question stood.
-    sessione::ProgFatt = PortaNumero(NomeApplicazione.toString(), SezioneParametri.toString(),
-                                     chiavi::ProgFatt.toString(), sessione::ProgFatt + 1);
+    try {
+        // Never back: a program beside this one may have gone further while the question stood.
+        sessione::ProgFatt = PortaNumero(NomeApplicazione.toString(), SezioneParametri.toString(),
+                                         chiavi::ProgFatt.toString(), sessione::ProgFatt + 1);
+    } catch (const Errore&) {
+        (void)FraseDelDannoRicordato();  // what is thrown tells of it
+        throw;
+    }
 }

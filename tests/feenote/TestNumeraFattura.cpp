@@ -52,6 +52,7 @@ void TestNumeraFattura::init()
 {
     AzzeraSessione();
     QFile::remove(FileImpostazioni());
+    QFile::remove(FileImpostazioni() + u".danno"_s);
     InstallaOrologio([] { return QDateTime(QDate(2026, 3, 5), QTime(23, 59)); });
 }
 

@@ -341,9 +341,12 @@ void TestImpostazioniGuasteAllAvvio::ilDannoIncontratoInCorsoSiRicorda_data()
 {
     QTest::addColumn<QString>("Chi");
     QTest::addColumn<int>("Come");
-    for (const char* Chi : {"the number of an invoice", "the number of a file", "what is stored in passing"})
+    for (const char* Chi : {"the number of an invoice", "its step", "the number of a file", "a setting",
+                            "a setting that is changed", "what is stored in passing"})
         for (const int Come : DanniVisibili())
             QTest::addRow("%s: %s", Chi, NomiDanni[size_t(Come)]) << QString::fromLatin1(Chi) << Come;
+    // In the place of the others they are stored.
+    QTest::addRow("all settings: %s", NomiDanni[size_t(Cartella)]) << u"all settings"_s << int(Cartella);
 }
 
 /// The start found the settings sound; who takes the file away upon the sentence of a later moment asks for
@@ -363,11 +366,23 @@ void TestImpostazioniGuasteAllAvvio::ilDannoIncontratoInCorsoSiRicorda()
     {
         Registratore Box;
         Box.Tollera();
+        if (Chi == u"its step")
+            Box.Attendi(u"Procedo all'aggiornamento del progressivo?"_s, vbYes);
         Parcella Nota;
         if (Chi == u"the number of an invoice")
             QVERIFY(!NumeraFattura(Nota));
+        else if (Chi == u"its step")
+            QCOMPARE(NumeroErrore([] { AggiornaProgFatt(); }), 75);
         else if (Chi == u"the number of a file")
             QCOMPARE(NumeroErrore([] { (void)PrendiTrasmissione(); }), 75);
+        else if (Chi == u"a setting")
+            QCOMPARE(NumeroErrore([] { SalvaImpostazione(u"Prova"_s, u"2"_s); }), 75);
+        else if (Chi == u"all settings")
+            QCOMPARE(NumeroErrore([] { SalvaImpostazioni({{u"Prova"_s, u"2"_s}}); }), 75);
+        else if (Chi == u"a setting that is changed")
+            QCOMPARE(
+                NumeroErrore([] { MutaImpostazione(u"Prova"_s, [](const QString&) { return u"2"_s; }); }),
+                75);
         else
             QCOMPARE(NumeroErrore([] { RicordaImpostazioni({{u"Prova"_s, u"2"_s}}); }), 75);
     }
