@@ -161,6 +161,16 @@ void LeggiInSessione(const VoceImpostazione& Voce)
     }
 }
 
+std::optional<int> LeggiProgFatt(const QString& Testo)
+{
+    try {
+        const int Numero = CInt(Testo);
+        return Numero >= 0 && CDbl(Testo) == Numero ? std::optional(Numero) : std::nullopt;
+    } catch (const Errore&) {
+        return std::nullopt;
+    }
+}
+
 void AzzeraImpostazioni()
 {
     for (const VoceImpostazione& Voce : Voci)

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringView>
 
+#include <optional>
 #include <span>
 #include <variant>
 
@@ -73,6 +74,11 @@ inline constexpr QStringView NormeDelProgramma = u"programma";
 /// Reads a row from the store into its variable. @throws Errore 6 or 13 for a number that is none; the
 /// variable is then as before
 void LeggiInSessione(const VoceImpostazione& Voce);
+
+/// The counter of invoices as the start reads it from its text, where that is a number that an invoice can
+/// have: whole, 0 to 32767, in Italian form ("41", "41,0", "1.233"). None for any other text, an empty one
+/// too.
+[[nodiscard]] std::optional<int> LeggiProgFatt(const QString& Testo);
 
 /// Gives each variable of a row its default; folders, which have none of their own, become empty.
 void AzzeraImpostazioni();

@@ -13,27 +13,24 @@
 #include "platform/system/orologio.h"
 
 #include <algorithm>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The counter as it stands in the store, read as the start reads it: another program may have moved it since
-/// this one has started.
-/// @return false for a text that is no number: which one the office has come to is not known
+/// The counter as it stands in the store: another program may have moved it since this one has started.
+/// @return false for a text that is no number of an invoice: which one the office has come to is not known
 bool RileggiProgFatt()
 {
     const QString Testo =
         GetSetting(NomeApplicazione.toString(), SezioneParametri.toString(), chiavi::ProgFatt.toString());
     if (Testo.trimmed().isEmpty())
         return true;
-    try {
-        if (const int Conservato = CInt(Testo.trimmed()); Conservato >= 0)
-            sessione::ProgFatt = Conservato;
-        return true;
-    } catch (const Errore&) {
-        return false;
-    }
+    const std::optional<int> Conservato = LeggiProgFatt(Testo);
+    if (Conservato)
+        sessione::ProgFatt = *Conservato;
+    return Conservato.has_value();
 }
 
 }  // namespace

@@ -13,8 +13,9 @@ constexpr int UltimoProgFatt = 32767;
 [[nodiscard]] QString NumeroSenzaAnno(const QString& Numero, const QDate& Giorno);
 
 /// Number and date of the invoice from the counter, as the settings hold it now, and the day's date
-/// ("dd/mm/yyyy"); the note is then modified. A note that has either already, a counter at its end, and one
-/// that was lost with damaged settings are told and stay as they are.
+/// ("dd/mm/yyyy"); the note is then modified. A note that has either already, a counter at its end, one
+/// that is no number of an invoice, and one that was lost with damaged settings are told and stay as they
+/// are.
 /// @return true when the note was numbered
 [[nodiscard]] bool NumeraFattura(Parcella& Nota);
 

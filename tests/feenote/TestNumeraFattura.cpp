@@ -1,6 +1,7 @@
 // The counter of invoices.
 #include "nota_prova.h"
 
+#include "core/impostazioni.h"
 #include "feenote/modNumeraFattura.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/orologio.h"
@@ -183,7 +184,7 @@ void TestNumeraFattura::deposito_data()
     QTest::newRow("begun anew elsewhere") << u"0"_s << u"1"_s;
     QTest::newRow("blanks around") << u" 12 "_s << u"13"_s;
     QTest::newRow("decimals, as the start reads them") << u"57,0"_s << u"58"_s;
-    QTest::newRow("negative") << u"-3"_s << u"42"_s;
+    QTest::newRow("points of thousands") << u"1.233"_s << u"1234"_s;
     QTest::newRow("blanks") << u"  "_s << u"42"_s;
     QTest::newRow("empty") << QString() << u"42"_s;
 }
@@ -207,6 +208,8 @@ void TestNumeraFattura::depositoSenzaNumero_data()
     QTest::newRow("a letter behind them") << u"41x"_s;
     QTest::newRow("too large") << u"32768"_s;
     QTest::newRow("too small") << u"-32769"_s;
+    QTest::newRow("negative") << u"-3"_s;
+    QTest::newRow("a fraction") << u"41,5"_s;
 }
 
 /// The number that the office has come to may still be read in it: it is not written over from the beginning.
@@ -214,6 +217,7 @@ void TestNumeraFattura::depositoSenzaNumero()
 {
     QFETCH(QString, Conservato);
     SaveSetting(u"KR5"_s, u"Parametri"_s, u"ProgFatt"_s, Conservato);
+    (void)NumeroErrore([] { LeggiInSessione(VoceDi(chiavi::ProgFatt)); });  // as the start has read it
     Registratore Voce;
     Voce.Attendi(u"Il progressivo delle fatture, nelle impostazioni, non è un numero da 0 a 32767!\n"
                  "Correggerlo nelle impostazioni oppure indicare il numero a mano."_s,

@@ -14,7 +14,7 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -64,10 +64,8 @@ QString NumeroFattura(const QString& Testo)
 {
     if (Testo.isEmpty())
         return u"0"_s;
-    bool Intero = false;
-    const int Numero = Testo.toInt(&Intero);
-    return Intero && Numero >= 0 && Numero <= std::numeric_limits<qint16>::max() ? QString::number(Numero)
-                                                                                 : QString();
+    const std::optional<int> Numero = LeggiProgFatt(Testo);
+    return Numero ? QString::number(*Numero) : QString();
 }
 
 /// As wide as the amounts that it takes.

@@ -34,6 +34,7 @@ private Q_SLOTS:
     void ilContatoreNonTornaIndietro();
     void ilContatoreCorrettoSiScrive();
     void ilContatoreVuotoGuarisce();
+    void ilContatoreConDecimaliNonTrattiene();
     void aliquoteVigenti();
     void aliquoteNelTempo_data();
     void aliquoteNelTempo();
@@ -235,6 +236,9 @@ void TestSetupContabili::numeroFattura_data()
     QTest::newRow("leading zeros") << u"007"_s << u"7"_s;
     QTest::newRow("a word") << u"dodici"_s << u""_s;
     QTest::newRow("a fraction") << u"1,5"_s << u""_s;
+    QTest::newRow("below zero") << u"-3"_s << u""_s;
+    QTest::newRow("whole with its decimals") << u"41,0"_s << u"41"_s;
+    QTest::newRow("points of thousands") << u"1.233"_s << u"1233"_s;
 }
 
 void TestSetupContabili::numeroFattura()
@@ -310,6 +314,19 @@ void TestSetupContabili::ilContatoreVuotoGuarisce()
         QCOMPARE(T->Parametro(u"ProgFatt"_s), u"0"_s);
         T->Modulo->close();
     }
+}
+
+/// What numbers the invoices keeps no other setting from being stored.
+void TestSetupContabili::ilContatoreConDecimaliNonTrattiene()
+{
+    Registratore Box;
+    T->Salva(u"ProgFatt"_s, u"41,0"_s);
+    T->Apri(1);
+    T->Scrivi(u"txtIVA"_s, u"22"_s);
+    T->Memorizza(Box);
+    QCOMPARE(T->Parametro(u"IVA"_s), u"22"_s);
+    QCOMPARE(T->Parametro(u"ProgFatt"_s), u"41,0"_s);
+    QCOMPARE(sessione::ProgFatt, 41);
 }
 
 void TestSetupContabili::aliquoteVigenti()
