@@ -50,11 +50,16 @@ public:
 
     void MettiAlPosto(Lettori Chi, bool ComeModello = false) const
     {
-        if (EsisteFile(Finale))
-            EDiAccessDiSicuro(Finale) ? TieniAccess(Chi) : Sgombra();
+        const bool CEra = EsisteFile(Finale);
+        const bool DiAccess = CEra && EDiAccessDiSicuro(Finale);
+        if (CEra)
+            DiAccess ? TieniAccess(Chi) : Sgombra();
         DaiPermessi(Provvisorio, Finale, Chi);
         if (ComeModello)
             ImpostaSolaLettura(Provvisorio, true);
+        // A colleague has begun to write since the way was free: it would go with the file.
+        if (CEra && !DiAccess && EsisteFile(Finale + u"-journal"_s))
+            throw Errore(errori::DatiBloccati);
         (void)ScostaGiornale(Finale);
         SostituisciFile(Provvisorio, Finale);
     }

@@ -176,22 +176,31 @@ QStringList NomiDentro(const QString& Cartella)
         .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
 }
 
+namespace {
+
+bool StaSotto(const QString& Nativo, const QString& Cartella)
+{
+    return !Cartella.isEmpty() && Nativo.startsWith(PercorsoNativo(Cartella));
+}
+
+}  // namespace
+
 void EliminaFile(const QString& Percorso)
 {
     const QString Nativo = PercorsoNativo(Percorso);
     if (!EsisteFile(Nativo))
         throw Errore(errori::FileMancante);
-    const auto Sotto = [&](const QString& Cartella) {
-        return !Cartella.isEmpty() && Nativo.startsWith(PercorsoNativo(Cartella));
-    };
-    const bool Trattenuto = Sotto(guasti::FileTrattenuti) || Sotto(guasti::SupportoBloccato);
+    const bool Trattenuto =
+        StaSotto(Nativo, guasti::FileTrattenuti) || StaSotto(Nativo, guasti::SupportoBloccato);
     if (Trattenuto || !CartellaScrivibile(CartellaFile(Nativo)) || !QFile::remove(Nativo))
         throw Errore(errori::Accesso);
 }
 
 void ScartaFile(const QString& Percorso)
 {
-    QFile::remove(PercorsoNativo(Percorso));
+    const QString Nativo = PercorsoNativo(Percorso);
+    if (!StaSotto(Nativo, guasti::FileTrattenuti))
+        QFile::remove(Nativo);
 }
 
 bool CreaCartellaNuova(const QString& Cartella)

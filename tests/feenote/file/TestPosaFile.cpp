@@ -66,6 +66,7 @@ private Q_SLOTS:
     void ilGiornaleOrfanoNonTornaNellaNota_data();
     void ilGiornaleOrfanoNonTornaNellaNota();
     void ilGiornaleOrfanoCheNonSiScosta();
+    void ilGiornaleCheNonSiToglieFerma();
     void ilGiornaleFreddoNonSiTiene_data();
     void ilGiornaleFreddoNonSiTiene();
     void ilGiornaleDiUnAltroNonSiButta();
@@ -96,6 +97,7 @@ void TestPosaFile::cleanup()
 {
     attese::TurnoMs = 3000;
     guasti::LimitePagine = 0;
+    guasti::FileTrattenuti.clear();
     guasti::PrimaDellaCartella = {};
     ::umask(Prima);
 }
@@ -450,6 +452,25 @@ void TestPosaFile::ilGiornaleOrfanoCheNonSiScosta()
     QVERIFY(!EsisteFile(Morta));
     QCOMPARE(LeggiFile(Morta + u"-journal"_s), Caldo);
     QCOMPARE(ContenutoDi(Cartella), (QStringList{u"morta.mdb-journal"_s, u"nota.mdb"_s}));
+}
+
+/// A journal that stands there once the way was free is a colleague's, who has begun to write since.
+void TestPosaFile::ilGiornaleCheNonSiToglieFerma()
+{
+    const Studio Ufficio;
+    const Registratore Messaggi;
+    ScriviNota(File, NotaPiena());
+    const QByteArray Byte = LeggiFile(File);
+    const QByteArray Giornale(512, '\0');
+    ScriviFile(File + u"-journal"_s, Giornale);
+    guasti::FileTrattenuti = File + u"-journal"_s;  // as where the system deletes nothing that is open
+    QCOMPARE(NumeroErrore([&] { ScriviNota(File, NotaPiena()); }), errori::DatiBloccati);
+    QCOMPARE(LeggiFile(File), Byte);
+    QCOMPARE(LeggiFile(File + u"-journal"_s), Giornale);
+    QCOMPARE(ContenutoDi(Cartella), (QStringList{u"nota.mdb"_s, u"nota.mdb-journal"_s}));
+    guasti::FileTrattenuti.clear();
+    ScriviNota(File, NotaPiena());
+    QCOMPARE(ContenutoDi(Cartella), QStringList{u"nota.mdb"_s});
 }
 
 void TestPosaFile::ilGiornaleFreddoNonSiTiene_data()
