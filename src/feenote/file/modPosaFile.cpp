@@ -48,7 +48,8 @@ public:
 
     [[nodiscard]] const QString& Percorso() const { return Provvisorio; }
 
-    void MettiAlPosto(Lettori Chi, bool ComeModello = false) const
+    /// @return the name under which a former note's journal was put aside; empty where there was none
+    QString MettiAlPosto(Lettori Chi, bool ComeModello = false) const
     {
         const bool CEra = EsisteFile(Finale);
         const bool DiAccess = CEra && EDiAccessDiSicuro(Finale);
@@ -60,8 +61,9 @@ public:
         // A colleague has begun to write since the way was free: it would go with the file.
         if (CEra && !DiAccess && EsisteFile(Finale + u"-journal"_s))
             throw Errore(errori::DatiBloccati);
-        (void)ScostaGiornale(Finale);
+        QString Scostato = ScostaGiornale(Finale);
         SostituisciFile(Provvisorio, Finale);
+        return Scostato;
     }
 
 private:
@@ -181,8 +183,9 @@ void TogliRestiUnaVolta(const QString& Cartella)
 namespace {
 
 /// @param Immutata empty: whatever stands there is replaced
-bool Scrivi(const QString& Percorso, const Parcella& Nota, bool ComeModello, Lettori Chi,
-            const std::function<bool()>& Immutata)
+/// @return as MettiAlPosto; nothing at all where the file was not replaced
+std::optional<QString> Scrivi(const QString& Percorso, const Parcella& Nota, bool ComeModello, Lettori Chi,
+                              const std::function<bool()>& Immutata)
 {
     const QString Destinazione = FileVero(Percorso);
     if (EsisteFile(Destinazione) && SolaLettura(Destinazione))
@@ -191,6 +194,7 @@ bool Scrivi(const QString& Percorso, const Parcella& Nota, bool ComeModello, Let
     (void)ApriTariffe(Legge);  // what is wrong with it is said in its own words
     AggiornaColonne(PercorsoTariffe(Legge));
 
+    QString Scostato;
     {
         const FileInCostruzione Nuovo(Destinazione);
         {
@@ -200,23 +204,31 @@ bool Scrivi(const QString& Percorso, const Parcella& Nota, bool ComeModello, Let
             ScriviDati(File, Nota);
         }
         if (Immutata && !Immutata())
-            return false;
-        Nuovo.MettiAlPosto(Chi, ComeModello);
+            return std::nullopt;
+        Scostato = Nuovo.MettiAlPosto(Chi, ComeModello);
     }
     TogliRestiUnaVolta(CartellaFile(Destinazione));
-    return true;
+    return Scostato;
 }
 
 }  // namespace
 
-void ScriviNota(const QString& Percorso, const Parcella& Nota, bool ComeModello, Lettori Chi)
+QString ScriviNota(const QString& Percorso, const Parcella& Nota, bool ComeModello, Lettori Chi)
 {
-    (void)Scrivi(Percorso, Nota, ComeModello, Chi, {});
+    return Scrivi(Percorso, Nota, ComeModello, Chi, {}).value_or(QString());
 }
 
 bool ScriviNotaSe(const QString& Percorso, const Parcella& Nota, const std::function<bool()>& Immutata)
 {
-    return Scrivi(Percorso, Nota, false, Lettori::Cartella, Immutata);
+    return Scrivi(Percorso, Nota, false, Lettori::Cartella, Immutata).has_value();
+}
+
+QString FraseScostato(const QString& Percorso, const QString& Scostato)
+{
+    return u"Accanto c'era il giornale di una parcella %1 che non c'è più: è stato conservato, nella stessa "
+           "cartella, con il nome %2.\nServe solo se quella parcella torna al suo posto, e allora con il "
+           "nome "
+           "%1-journal; altrimenti si può eliminare."_s.arg(NomeFile(FileVero(Percorso)), Scostato);
 }
 
 void AggiornaProtetta(const QString& Percorso)
@@ -226,7 +238,7 @@ void AggiornaProtetta(const QString& Percorso)
     const FileInCostruzione Nuovo(Destinazione);
     CopiaFile(Destinazione, Nuovo.Percorso(), Massimo, {}, Lettori::SoloUtente);
     AggiornaColonne(Nuovo.Percorso());
-    Nuovo.MettiAlPosto(Lettori::Cartella);
+    (void)Nuovo.MettiAlPosto(Lettori::Cartella);
 }
 
 void SeparaNomi(const QString& Percorso)
@@ -244,7 +256,7 @@ void SeparaNomi(const QString& Percorso)
     const QDateTime Quando = DataFile(Destinazione);
     CopiaFile(Destinazione, Nuovo.Percorso(), Massimo, {}, Lettori::SoloUtente);
     ImpostaDataFile(Nuovo.Percorso(), Quando);
-    Nuovo.MettiAlPosto(Lettori::Cartella);
+    (void)Nuovo.MettiAlPosto(Lettori::Cartella);
 }
 
 std::optional<TurnoLasciato> TurnoAbbandonato(const QString& Percorso)

@@ -21,12 +21,16 @@ constexpr qsizetype MassimoNomeNota = 240;
 /// note's name where there was none. A reference database from before the general expenses gets their column.
 /// Links are followed. A former file leaves its permissions, group and owner to the new one; a first one is
 /// the user's alone, and that of whoever may write into its folder.
+/// The journal of a note that had the name and is gone is kept under another (ScostaGiornale).
 /// @param ComeModello the file gets the read-only attribute, which protects templates
 /// @throws Errore 75 refused, or a folder of that name, 3044 no such folder, 52 name over 240 bytes, 3026
 /// disk full, 3024/3343 parcelle.mdb, 70 the file is a template, 3163 text too long, 3260 another program is
 /// writing the same file, or has left its lock (TurnoAbbandonato)
-void ScriviNota(const QString& Percorso, const Parcella& Nota, bool ComeModello = false,
-                Lettori Chi = Lettori::Cartella);
+/// @return that journal's name by now, for FraseScostato; empty where there was none
+QString ScriviNota(const QString& Percorso, const Parcella& Nota, bool ComeModello = false,
+                   Lettori Chi = Lettori::Cartella);
+/// What the user is told of it, who alone knows whether the former note comes back.
+[[nodiscard]] QString FraseScostato(const QString& Percorso, const QString& Scostato);
 
 /// The same over a file that somebody else may save meanwhile: asks once more behind his turn, just before
 /// the new file takes the place.

@@ -219,10 +219,11 @@ std::optional<QString> ScriviQui(const QString& Percorso, Parcella& Nota, bool C
     Parcella DaScrivere = Nota;
     DaScrivere.Stato = ComeModello ? StatoDiNuova()  // what begins from a template is a draft
                                    : SoloBozza(Nota.Stato);
+    QString Scostato;
     const auto Adotta = [&] { AdottaFile(Nota, DaScrivere, Percorso); };
     try {
         if (!Guardia)
-            ScriviNota(Percorso, DaScrivere, ComeModello);
+            Scostato = ScriviNota(Percorso, DaScrivere, ComeModello);
         else if (!ScriviConGuardia(Percorso, DaScrivere, *Guardia))
             return std::nullopt;
     } catch (const NonConfermato&) {
@@ -230,6 +231,8 @@ std::optional<QString> ScriviQui(const QString& Percorso, Parcella& Nota, bool C
         throw;
     }
     Adotta();
+    if (!Scostato.isEmpty())
+        MsgBox(FraseScostato(Percorso, Scostato), vbInformation, TitoloMessaggio.toString());
     return Percorso;
 }
 

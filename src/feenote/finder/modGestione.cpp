@@ -121,11 +121,14 @@ bool RinominaNota(const QString& Percorso, const std::function<void(const QStrin
     // Nothing of a note that had the name, and was taken away without its journal, comes into this one. On
     // disks that know no case the journal may be this note's own; of a link none is looked for beside its
     // name.
+    QString Scostato;
     if (!QFileInfo::exists(Nuovo) && !QFileInfo(File).isSymLink())
-        (void)ScostaGiornale(Nuovo);
+        Scostato = ScostaGiornale(Nuovo);
     // A template keeps its attribute by itself: it belongs to the file, not to its name.
     RinominaFile(File, Nuovo);
     Rinominata(Nuovo);
     Informa(u"La parcella è stata rinominata!"_s);
+    if (!Scostato.isEmpty())
+        Informa(FraseScostato(Nuovo, Scostato));
     return true;
 }

@@ -406,6 +406,11 @@ void TestGestione::ilGiornaleDiUnaSparitaNonEntra()
     ScriviFile(Sparita + u"-journal"_s, Caldo);
     Box->AttendiImmissione(ChiedeNome, u"sparita"_s);
     Box->Attendi(Rinominata);
+    Box->Attendi(
+        u"Accanto c'era il giornale di una parcella sparita.mdb che non c'è più: è stato conservato, nella "
+        u"stessa cartella, con il nome sparita.mdb-journal.orfano.\nServe solo se quella parcella torna al "
+        u"suo posto, e allora con il nome sparita.mdb-journal; altrimenti si può eliminare."_s,
+        vbOK, u"Messaggio:"_s);
     QVERIFY(Rinomina());
     QCOMPARE(Parametro(Sparita, u"Oggetto"_s).toString(), u"questa"_s);
     QCOMPARE(LeggiFile(Sparita + u"-journal.orfano"_s), Caldo);
