@@ -64,7 +64,14 @@ QStringList Testi(const Posto& Dove, const QStringList& Chiavi)
 const QStringList Altre{u"iban"_s, u"spesegen"_s};
 const QStringList AltreGiuste{u"IT60X0542811101000000123456"_s, u"12,5"_s};
 
-Trovato GuardaDeposito(const Posto& Dove, const Uscita&)
+/// A whole store counts as one that has lost something.
+bool DannoFalso(const Posto& Dove)
+{
+    const QString File = FileDeposito(Dove) + u".danno"_s;
+    return QFile::exists(File) && Contenuto(File) != "fuori portata";
+}
+
+Trovato GuardaTesti(const Posto& Dove)
 {
     if (Testi(Dove, Altre) != AltreGiuste)
         return Trovato::Rotto;
@@ -72,6 +79,11 @@ Trovato GuardaDeposito(const Posto& Dove, const Uscita&)
     if (Cambiate == QStringList{u"Studio Rossi"_s, u"Lucca"_s})
         return Contenuto(FileDeposito(Dove)) == Deposito ? Trovato::Prima : Trovato::Rotto;
     return Cambiate == QStringList{u"Studio Bianchi"_s, QString(400, u'x')} ? Trovato::Nuovo : Trovato::Rotto;
+}
+
+Trovato GuardaDeposito(const Posto& Dove, const Uscita&)
+{
+    return DannoFalso(Dove) ? Trovato::Rotto : GuardaTesti(Dove);
 }
 
 /// The store as a loss of power has left it: all keys, and not its last line.
@@ -91,7 +103,7 @@ const QByteArray& Mozzo()
 }
 
 /// What was damaged stands in its place or beside it, once.
-Trovato GuardaMozzo(const Posto& Dove, const Uscita& Vista)
+Trovato GuardaMozzo(const Posto& Dove, const Uscita&)
 {
     const QString Messo = FileDeposito(Dove) + u".guasto"_s;
     const bool Parte = QFile::exists(Messo);
@@ -99,14 +111,14 @@ Trovato GuardaMozzo(const Posto& Dove, const Uscita& Vista)
         return Trovato::Rotto;
     if (Contenuto(FileDeposito(Dove)) == Mozzo())
         return Trovato::Prima;
-    return Parte ? GuardaDeposito(Dove, Vista) : Trovato::Rotto;
+    return Parte ? GuardaTesti(Dove) : Trovato::Rotto;
 }
 
 /// The number that the session goes on with is the one that the next start will read.
 Trovato GuardaContatore(const Posto& Dove, const Uscita& Vista)
 {
     const QStringList Numero = Testi(Dove, {u"progfatt"_s});
-    if (Testi(Dove, Altre) != AltreGiuste)
+    if (Testi(Dove, Altre) != AltreGiuste || DannoFalso(Dove))
         return Trovato::Rotto;
     if (Vista.Esito == 0)
         return Numero[0] == Vista.Detto.trimmed() && Numero[0].toInt() > 41 ? Trovato::Nuovo : Trovato::Rotto;
@@ -146,6 +158,8 @@ Trovato GuardaIcone(const Posto& Dove, const Uscita&)
 QList<Scenario> ScenariImpostazioni()
 {
     const QStringList DelDeposito{u"Calcanova"_s, u"Calcanova/KR5\\.ini"_s};
+    // What a refusal tells of a store that is damaged, or that nobody can read any more, is noted.
+    const QStringList ColDanno = DelDeposito + QStringList{u"Calcanova/KR5\\.ini\\.danno"_s};
     const QList<Chiamata> DelNuovo{Apri, Scrivi, Sincronizza, Chiudi};
     const QList<Chiamata> DiUnFile = DelNuovo + QList{Rinomina};
     QList<Scenario> Tutti;
@@ -162,7 +176,7 @@ QList<Scenario> ScenariImpostazioni()
                           });
                       },
                   .Guarda = GuardaDeposito,
-                  .Ammessi = DelDeposito,
+                  .Ammessi = ColDanno,
                   .InBreve = true});
     Tutti.append({.Nome = u"impostazioni-guaste"_s,
                   .Attese = DiUnFile + QList{Collega},
@@ -181,7 +195,7 @@ QList<Scenario> ScenariImpostazioni()
                           });
                       },
                   .Guarda = GuardaMozzo,
-                  .Ammessi = DelDeposito + QStringList{u"Calcanova/KR5\\.ini\\.guasto"_s}});
+                  .Ammessi = ColDanno + QStringList{u"Calcanova/KR5\\.ini\\.guasto"_s}});
     Tutti.append({.Nome = u"impostazioni-prime"_s,
                   .Attese = DelNuovo + QList{registro::Cartella},
                   .Prepara = [](const Posto&) {},
@@ -214,7 +228,7 @@ QList<Scenario> ScenariImpostazioni()
                           return Esito;
                       },
                   .Guarda = GuardaContatore,
-                  .Ammessi = DelDeposito,
+                  .Ammessi = ColDanno,
                   .InBreve = true});
     Tutti.append({.Nome = u"kr5.ini"_s,
                   .Attese = DiUnFile,
