@@ -15,6 +15,7 @@
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QScopedValueRollback>
+#include <QScrollArea>
 #include <QTabBar>
 #include <QTextDocument>
 #include <QTextEdit>
@@ -311,6 +312,10 @@ void RidaiFuoco(QWidget* Campo)
             Campo->setFocus(Qt::OtherFocusReason);
             if (auto* Riga = qobject_cast<QLineEdit*>(Campo))
                 Riga->selectAll();
+            // What a page scrolls to by itself is the field that the Tab key comes to.
+            for (QWidget* Padre = Campo->parentWidget(); Padre; Padre = Padre->parentWidget())
+                if (auto* Pagina = qobject_cast<QScrollArea*>(Padre))
+                    Pagina->ensureWidgetVisible(Campo);
         },
         Qt::QueuedConnection);
 }

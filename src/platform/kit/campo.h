@@ -75,7 +75,8 @@ void CampoNumericoSempre(QLineEdit* Campo, std::function<bool()> Procedura);
 /// True when losing the focus like this is a leaving, not a change of window or an open popup.
 [[nodiscard]] bool LasciaDavvero(const QFocusEvent& Evento);
 
-/// Gives the focus to a widget by a queued call, its text selected; no leave procedure runs by it.
+/// Gives the focus to a widget by a queued call, its text selected, and scrolls the pages around it until it
+/// is in view; no leave procedure runs by it.
 void RidaiFuoco(QWidget* Campo);
 
 /// Moves the focus on from a widget (or back), as the Tab key does.

@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QTabBar>
 #include <QToolTip>
 #include <QVBoxLayout>
@@ -97,6 +98,7 @@ private Q_SLOTS:
     void numerico();
     void numericoSempre();
     void percentoSenzaSegno();
+    void ilFuocoTornaDoveSiVede();
 
 private:
     std::unique_ptr<Modulo> M;
@@ -540,6 +542,25 @@ void TestCampo::percentoSenzaSegno()
     CampoPercento(M->A, {});
     QTest::keyClicks(M->A, u"-1a2.5"_s);
     QCOMPARE(M->A->text(), u"12,5"_s);
+}
+
+void TestCampo::ilFuocoTornaDoveSiVede()
+{
+    QDialog Finestra;
+    auto* Pagina = new QScrollArea(&Finestra);
+    Pagina->setWidget(new QWidget);
+    Pagina->setWidgetResizable(true);
+    auto* Colonna = new QVBoxLayout(Pagina->widget());
+    QLineEdit* Ultimo = nullptr;
+    for (int i = 0; i < 30; ++i)
+        Colonna->addWidget(Ultimo = new QLineEdit(Pagina->widget()));
+    (new QVBoxLayout(&Finestra))->addWidget(Pagina);
+    Finestra.resize(200, 150);
+    QVERIFY(MostraAttiva(Finestra));
+    QVERIFY2(Ultimo->visibleRegion().isEmpty(), "si vede da subito: non prova nulla");
+    RidaiFuoco(Ultimo);
+    QTRY_VERIFY(Ultimo->hasFocus());
+    QCOMPARE(Ultimo->visibleRegion().boundingRect(), Ultimo->rect());
 }
 
 #include "TestCampo.moc"
