@@ -23,3 +23,6 @@ struct Rifiuto
 /// failure, a question is answered Yes, an input box with `Risposta`.
 /// @return 0 when nothing was refused
 int Svolgi(const std::function<void()>& Fai, const QString& Risposta = {});
+
+/// Settings that a failing disk has kept from being read count as lost, and they are whole.
+[[nodiscard]] bool DannoFalso(const Posto& Dove);

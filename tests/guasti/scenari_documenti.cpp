@@ -136,7 +136,7 @@ Trovato GuardaFattura(const Posto& Dove, const Uscita& Vista)
         QRegularExpression(u"^progtrasm=(\\d+)$"_s,
                            QRegularExpression::MultilineOption | QRegularExpression::CaseInsensitiveOption)
             .match(Deposito);
-    if (!Nel || !Numero.hasMatch() || !Deposito.contains(u"Via della Prova"_s))
+    if (!Nel || !Numero.hasMatch() || !Deposito.contains(u"Via della Prova"_s) || DannoFalso(Dove))
         return Trovato::Rotto;
     if (!QFile::exists(Xml(Dove)))
         return Nel->isEmpty() || Vista.Frasi.contains(u"la parcella la dà per scritta"_s) ? Trovato::Prima
@@ -163,7 +163,7 @@ Scenario DellaFattura()
                 },
             .Comando = Fattura,
             .Guarda = GuardaFattura,
-            .Ammessi = {u"nota\\.mdb|fattura\\.xml|Calcanova|Calcanova/KR5\\.ini"_s},
+            .Ammessi = {u"nota\\.mdb|fattura\\.xml|Calcanova|Calcanova/KR5\\.ini(\\.danno)?"_s},
             .Spazza = [](const Posto& Dove) { TogliRestiDiNote(Dove.Cartella); },
             .InBreve = true,
             .Avverte = u"La parcella non ricorda il file scritto"_s};
@@ -252,7 +252,8 @@ Trovato GuardaFinestra(const Posto& Dove, const Uscita& Vista, Lasciato& Ultimo)
         QRegularExpression(u"^progtrasm=(\\d+)$"_s,
                            QRegularExpression::MultilineOption | QRegularExpression::CaseInsensitiveOption)
             .match(Deposito);
-    if (!Nel || !Numero.hasMatch() || !Deposito.contains(u"Via della Prova"_s) || Scritte.size() > 1)
+    if (!Nel || !Numero.hasMatch() || !Deposito.contains(u"Via della Prova"_s) || Scritte.size() > 1 ||
+        DannoFalso(Dove))
         return Trovato::Rotto;
     if (Scritte.isEmpty())
         return Nel->isEmpty() || Vista.Frasi.contains(u"la dà per scritta"_s) ? Trovato::Prima
@@ -279,7 +280,7 @@ Scenario DallaFinestra(bool Modifiche)
         .Guarda = [Ultimo](const Posto& Dove,
                            const Uscita& Vista) { return GuardaFinestra(Dove, Vista, *Ultimo); },
         .Ammessi =
-            {u"nota\\.mdb|IT[^/]*\\.xml|Calcanova(/KR5\\.ini)?|QtProject\\.conf"_s,
+            {u"nota\\.mdb|IT[^/]*\\.xml|Calcanova(/KR5\\.ini(\\.danno)?)?|QtProject\\.conf"_s,
              u"utente(/(avvisokr5\\.ini|Tassi\\.dat|doc(/nota\\.doc)?|recupero(/[^/~]*\\.(mdb|json|lock))?))?"_s},
         .Spazza =
             [](const Posto& Dove) {

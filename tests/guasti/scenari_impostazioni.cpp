@@ -64,13 +64,6 @@ QStringList Testi(const Posto& Dove, const QStringList& Chiavi)
 const QStringList Altre{u"iban"_s, u"spesegen"_s};
 const QStringList AltreGiuste{u"IT60X0542811101000000123456"_s, u"12,5"_s};
 
-/// A whole store counts as one that has lost something.
-bool DannoFalso(const Posto& Dove)
-{
-    const QString File = FileDeposito(Dove) + u".danno"_s;
-    return QFile::exists(File) && Contenuto(File) != "fuori portata";
-}
-
 Trovato GuardaTesti(const Posto& Dove)
 {
     if (Testi(Dove, Altre) != AltreGiuste)
@@ -154,6 +147,12 @@ Trovato GuardaIcone(const Posto& Dove, const Uscita&)
 }
 
 }  // namespace
+
+bool DannoFalso(const Posto& Dove)
+{
+    const QString File = FileDeposito(Dove) + u".danno"_s;
+    return QFile::exists(File) && Contenuto(File) != "fuori portata";
+}
 
 QList<Scenario> ScenariImpostazioni()
 {

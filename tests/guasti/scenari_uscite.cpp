@@ -294,13 +294,13 @@ Scenario Logo()
                 [](const Posto& Dove, const Uscita&) {
                     Usa(Dove);
                     const auto Letto = logo::Leggi(Impostazione(chiavi::LogoImpronta.toString()));
-                    if (!Letto)
+                    if (!Letto || DannoFalso(Dove))
                         return Trovato::Rotto;
                     return *Letto == Figura('d')   ? Trovato::Nuovo
                            : *Letto == Figura('p') ? Trovato::Prima
                                                    : Trovato::Rotto;
                 },
-            .Ammessi = {u"Calcanova(/KR5\\.ini)?"_s,
+            .Ammessi = {u"Calcanova(/KR5\\.ini(\\.danno)?)?"_s,
                         u"dati(/Calcanova(/logo-(%1|%2)\\.png)?)?"_s.arg(
                             logo::Impronta(Figura('p')).left(16), logo::Impronta(Figura('d')).left(16))}};
 }
@@ -346,11 +346,12 @@ Scenario Ricordata(const QString& Nome, const std::function<void()>& Prima, cons
             .Guarda =
                 [=](const Posto& Dove, const Uscita&) {
                     Usa(Dove);
-                    if (!Contenuto(FileDeposito(Dove)).contains("IT60X0542811101000000123456"))
+                    if (!Contenuto(FileDeposito(Dove)).contains("IT60X0542811101000000123456") ||
+                        DannoFalso(Dove))
                         return Trovato::Rotto;
                     return Ce();
                 },
-            .Ammessi = {u"Calcanova(/KR5\\.ini)?"_s},
+            .Ammessi = {u"Calcanova(/KR5\\.ini(\\.danno)?)?"_s},
             .Spazza =
                 [](const Posto& Dove) {
                     Usa(Dove);
