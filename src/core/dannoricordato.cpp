@@ -47,7 +47,7 @@ bool ContatorePerso(QStringView Chiave)
     if (Danno == DannoImpostazioni::Nessuno || !FraseImpostazioniGuaste().isEmpty())
         return false;
     if (Danno == DannoImpostazioni::FuoriPortata && !Impostazione(u"StudioNome"_s).isEmpty())
-        return false;
+        return false;  // whether or not anybody has looked since
     return Impostazione(Chiave.toString()).trimmed().isEmpty();
 }
 
@@ -68,10 +68,18 @@ void RicordaDanno(const DepositoGuasto& Guasto)
 QString FraseDelDannoRicordato()
 {
     const std::optional<DepositoGuasto> Guasto = EsaminaImpostazioni(NomeApplicazione.toString());
-    if (!Guasto)
+    if (!Guasto) {
+        DimenticaDannoPassato();
         return {};
+    }
     RicordaDanno(*Guasto);
     return Guasto->Frase;
+}
+
+void DimenticaDannoPassato()
+{
+    if (DannoRicordato() == DannoImpostazioni::FuoriPortata && !Impostazione(u"StudioNome"_s).isEmpty())
+        DimenticaDanno();
 }
 
 void DimenticaDanno()

@@ -31,5 +31,9 @@ void RicordaDanno(const DepositoGuasto& Guasto);
 /// @return its sentence, empty for a sound store
 [[nodiscard]] QString FraseDelDannoRicordato();
 
+/// What only could not be read is back with the name of the office: there is nothing to note any more. For a sound
+/// store; a heavier damage stays noted.
+void DimenticaDannoPassato();
+
 /// The settings were looked through and stored.
 void DimenticaDanno();

@@ -112,8 +112,10 @@ void ImpostaVariabili()
 bool AvvisaImpostazioniGuaste()
 {
     const std::optional<DepositoGuasto> Guasto = EsaminaImpostazioni(NomeApplicazione.toString());
-    if (!Guasto)
+    if (!Guasto) {
+        DimenticaDannoPassato();
         return false;
+    }
     ImpostazioniGuasteDette();
     RicordaDanno(*Guasto);
     MsgErrore(Guasto->Frase + u".\n"_s + ConsiglioPer(Guasto->Genere));

@@ -127,6 +127,13 @@ QStringList Fattura(const Posto& Dove)
             Xml(Dove)};
 }
 
+/// Whole settings count as lost, or an undisturbed run has read them and their damage is noted still.
+bool DannoRimasto(const Posto& Dove, const Uscita& Vista)
+{
+    return DannoFalso(Dove) ||
+           (Vista.Conti.Guasti == 0 && QFile::exists(Dove.Cartella + u"Calcanova/KR5.ini.danno"_s));
+}
+
 /// The number is taken, the note marked, the file written; a mark whose file was refused is taken back.
 Trovato GuardaFattura(const Posto& Dove, const Uscita& Vista)
 {
@@ -136,7 +143,7 @@ Trovato GuardaFattura(const Posto& Dove, const Uscita& Vista)
         QRegularExpression(u"^progtrasm=(\\d+)$"_s,
                            QRegularExpression::MultilineOption | QRegularExpression::CaseInsensitiveOption)
             .match(Deposito);
-    if (!Nel || !Numero.hasMatch() || !Deposito.contains(u"Via della Prova"_s) || DannoFalso(Dove))
+    if (!Nel || !Numero.hasMatch() || !Deposito.contains(u"Via della Prova"_s) || DannoRimasto(Dove, Vista))
         return Trovato::Rotto;
     if (!QFile::exists(Xml(Dove)))
         return Nel->isEmpty() || Vista.Frasi.contains(u"la parcella la dà per scritta"_s) ? Trovato::Prima
@@ -253,7 +260,7 @@ Trovato GuardaFinestra(const Posto& Dove, const Uscita& Vista, Lasciato& Ultimo)
                            QRegularExpression::MultilineOption | QRegularExpression::CaseInsensitiveOption)
             .match(Deposito);
     if (!Nel || !Numero.hasMatch() || !Deposito.contains(u"Via della Prova"_s) || Scritte.size() > 1 ||
-        DannoFalso(Dove))
+        DannoRimasto(Dove, Vista))
         return Trovato::Rotto;
     if (Scritte.isEmpty())
         return Nel->isEmpty() || Vista.Frasi.contains(u"la dà per scritta"_s) ? Trovato::Prima

@@ -35,6 +35,8 @@ private Q_SLOTS:
     void dietroIlRiavvioSiChiede();
     void ilDannoIncontratoInCorsoSiRicorda_data();
     void ilDannoIncontratoInCorsoSiRicorda();
+    void diCioCheTornaIlDannoSiDimentica_data();
+    void diCioCheTornaIlDannoSiDimentica();
     void tornateDietroIlRiavvioNonSiChiede();
     void unPrimoUsoNonDiceNulla();
 
@@ -428,6 +430,42 @@ void TestImpostazioniGuasteAllAvvio::unPrimoUsoNonDiceNulla()
     const Registratore Box;
     QVERIFY(!AvvisaImpostazioniGuaste());
     QCOMPARE(Box.Mostrati().size(), 0);
+}
+
+void TestImpostazioniGuasteAllAvvio::diCioCheTornaIlDannoSiDimentica_data()
+{
+    QTest::addColumn<int>("Come");
+    QTest::addColumn<QString>("Nome");
+    QTest::addColumn<bool>("SiRicorda");
+    QTest::addRow("out of reach") << int(Cartella) << u"Studio Bianchi"_s << false;
+    QTest::addRow("out of reach, of no office") << int(Cartella) << QString() << true;
+    QTest::addRow("lost") << int(Svuotato) << u"Studio Bianchi"_s << true;
+}
+
+/// A file that could not be read, and is there again at the next start, has lost nothing; one that was
+/// emptied may come back as an older one.
+void TestImpostazioniGuasteAllAvvio::diCioCheTornaIlDannoSiDimentica()
+{
+    QFETCH(int, Come);
+    QFETCH(QString, Nome);
+    QFETCH(bool, SiRicorda);
+    const QString File = Scena::FileImpostazioni();
+    SalvaImpostazioni({{u"StudioNome"_s, Nome}});
+    QVERIFY(QFile::copy(File, File + u".intero"_s));
+    Rovina(File, Come);
+    {
+        Registratore Box;
+        Box.Tollera();
+        Main(u"-low"_s);
+    }
+    QVERIFY(EsisteFile(File + u".danno"_s));
+    QVERIFY(QFile::remove(File) || QDir().rmdir(File));
+    QVERIFY(QFile::rename(File + u".intero"_s, File));
+    AzzeraSessione();
+    Registratore Box;
+    Box.Tollera();
+    Main(u"-low"_s);
+    QCOMPARE(EsisteFile(File + u".danno"_s), SiRicorda);
 }
 
 #include "TestImpostazioniGuasteAllAvvio.moc"
