@@ -5,6 +5,8 @@
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 
+#include <optional>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -19,6 +21,20 @@ QString FileDelDanno()
     return PercorsoImpostazioni(NomeApplicazione.toString()) + u".danno"_s;
 }
 
+/// What the note says; nothing where it cannot be read.
+std::optional<DannoImpostazioni> DannoLetto()
+{
+    const QString File = FileDelDanno();
+    if (!EsisteFile(File))
+        return DannoImpostazioni::Nessuno;
+    try {
+        return LeggiFile(File, MassimoNota).trimmed() == ParolaPerse ? DannoImpostazioni::Perse
+                                                                     : DannoImpostazioni::FuoriPortata;
+    } catch (const Errore&) {
+        return std::nullopt;
+    }
+}
+
 }  // namespace
 
 DannoImpostazioni DannoDi(const DepositoGuasto& Guasto)
@@ -30,15 +46,8 @@ DannoImpostazioni DannoDi(const DepositoGuasto& Guasto)
 
 DannoImpostazioni DannoRicordato()
 {
-    const QString File = FileDelDanno();
-    if (!EsisteFile(File))
-        return DannoImpostazioni::Nessuno;
-    try {
-        return LeggiFile(File, MassimoNota).trimmed() == ParolaPerse ? DannoImpostazioni::Perse
-                                                                     : DannoImpostazioni::FuoriPortata;
-    } catch (const Errore&) {
-        return DannoImpostazioni::FuoriPortata;
-    }
+    // A note that nobody can read may be the heavier one: to ask once too often repeats no number.
+    return DannoLetto().value_or(DannoImpostazioni::Perse);
 }
 
 bool ContatorePerso(QStringView Chiave)
@@ -78,7 +87,7 @@ QString FraseDelDannoRicordato()
 
 void DimenticaDannoPassato()
 {
-    if (DannoRicordato() == DannoImpostazioni::FuoriPortata && !Impostazione(u"StudioNome"_s).isEmpty())
+    if (DannoLetto() == DannoImpostazioni::FuoriPortata && !Impostazione(u"StudioNome"_s).isEmpty())
         DimenticaDanno();
 }
 

@@ -1,5 +1,6 @@
 // A start over damaged settings: one sentence with their file, the program goes on, nothing that it stores by
 // itself takes their place, and no number is given twice; the settings that are saved then do.
+#include "core/dannoricordato.h"
 #include "core/settings/tavolosetup.h"
 
 #include "core/app/avvio.h"
@@ -436,10 +437,12 @@ void TestImpostazioniGuasteAllAvvio::diCioCheTornaIlDannoSiDimentica_data()
 {
     QTest::addColumn<int>("Come");
     QTest::addColumn<QString>("Nome");
+    QTest::addColumn<bool>("NotaIlleggibile");
     QTest::addColumn<bool>("SiRicorda");
-    QTest::addRow("out of reach") << int(Cartella) << u"Studio Bianchi"_s << false;
-    QTest::addRow("out of reach, of no office") << int(Cartella) << QString() << true;
-    QTest::addRow("lost") << int(Svuotato) << u"Studio Bianchi"_s << true;
+    QTest::addRow("out of reach") << int(Cartella) << u"Studio Bianchi"_s << false << false;
+    QTest::addRow("out of reach, of no office") << int(Cartella) << QString() << false << true;
+    QTest::addRow("lost") << int(Svuotato) << u"Studio Bianchi"_s << false << true;
+    QTest::addRow("a note that cannot be read") << int(Svuotato) << u"Studio Bianchi"_s << true << true;
 }
 
 /// A file that could not be read, and is there again at the next start, has lost nothing; one that was
@@ -448,6 +451,7 @@ void TestImpostazioniGuasteAllAvvio::diCioCheTornaIlDannoSiDimentica()
 {
     QFETCH(int, Come);
     QFETCH(QString, Nome);
+    QFETCH(bool, NotaIlleggibile);
     QFETCH(bool, SiRicorda);
     const QString File = Scena::FileImpostazioni();
     SalvaImpostazioni({{u"StudioNome"_s, Nome}});
@@ -459,6 +463,12 @@ void TestImpostazioniGuasteAllAvvio::diCioCheTornaIlDannoSiDimentica()
         Main(u"-low"_s);
     }
     QVERIFY(EsisteFile(File + u".danno"_s));
+    if (NotaIlleggibile) {
+        // Too long for what it may hold: nobody may read it, the superuser neither.
+        QFile Nota(File + u".danno"_s);
+        QVERIFY(Nota.open(QIODevice::Append));
+        QCOMPARE(Nota.write(QByteArray(1000, '\n')), 1000);
+    }
     QVERIFY(QFile::remove(File) || QDir().rmdir(File));
     QVERIFY(QFile::rename(File + u".intero"_s, File));
     AzzeraSessione();
@@ -466,6 +476,7 @@ void TestImpostazioniGuasteAllAvvio::diCioCheTornaIlDannoSiDimentica()
     Box.Tollera();
     Main(u"-low"_s);
     QCOMPARE(EsisteFile(File + u".danno"_s), SiRicorda);
+    QCOMPARE(ContatorePerso(u"MaiScritto"_s), SiRicorda);
 }
 
 #include "TestImpostazioniGuasteAllAvvio.moc"
