@@ -178,6 +178,12 @@ QStringList NomiDentro(const QString& Cartella)
 
 namespace {
 
+/// A path without a folder means the one where the process is.
+bool CartellaSuaScrivibile(const QString& Nativo)
+{
+    return CartellaScrivibile(QFileInfo(Nativo).path());
+}
+
 bool StaSotto(const QString& Nativo, const QString& Cartella)
 {
     return !Cartella.isEmpty() && Nativo.startsWith(PercorsoNativo(Cartella));
@@ -192,7 +198,7 @@ void EliminaFile(const QString& Percorso)
         throw Errore(errori::FileMancante);
     const bool Trattenuto =
         StaSotto(Nativo, guasti::FileTrattenuti) || StaSotto(Nativo, guasti::SupportoBloccato);
-    if (Trattenuto || !CartellaScrivibile(CartellaFile(Nativo)) || !QFile::remove(Nativo))
+    if (Trattenuto || !CartellaSuaScrivibile(Nativo) || !QFile::remove(Nativo))
         throw Errore(errori::Accesso);
 }
 
@@ -225,7 +231,7 @@ void RinominaFile(const QString& Vecchio, const QString& Nuovo)
     const QString Nativo = PercorsoNativo(Vecchio);
     if (!EsisteFile(Nativo))
         throw Errore(errori::FileMancante);
-    if (!CartellaScrivibile(CartellaFile(Nativo)))
+    if (!CartellaSuaScrivibile(Nativo))
         throw Errore(errori::Accesso);
     const int Codice =
         guasti::RinominaRifiutata ? guasti::RinominaRifiutata : Rinomina(Nativo, PercorsoNativo(Nuovo));

@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QScopeGuard>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -31,6 +32,7 @@ private Q_SLOTS:
     void iVolumi();
     void iNomiDeiFile();
     void rinomina();
+    void senzaCartella();
     void rinominaImpedita_data();
     void rinominaImpedita();
     void rinominaNelleMaiuscole();
@@ -189,6 +191,25 @@ void TestCartelle::rinomina()
     RinominaFile(Qui + u"prima"_s, Qui + u"dopo"_s);
     QCOMPARE(ContenutoDi(Qui), (QStringList{u"altra"_s, u"dopo"_s}));
     QCOMPARE(LeggiFile(Qui + u"dopo"_s), QByteArray("1"));
+}
+
+/// A path that names no folder means the one where the process is.
+void TestCartelle::senzaCartella()
+{
+    const QString Qui = NuovaCartella();
+    const QString Dove = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(Qui));
+    const auto Torna = qScopeGuard([&] { QDir::setCurrent(Dove); });
+    ScriviFile(Qui + u"prima"_s, "1");
+    RinominaFile(u"prima"_s, u"dopo"_s);
+    QCOMPARE(ContenutoDi(Qui), QStringList{u"dopo"_s});
+    {
+        const CartellaChiusa Chiusa(Qui);
+        QCOMPARE(NumeroErrore([&] { RinominaFile(u"dopo"_s, u"prima"_s); }), 75);
+        QCOMPARE(NumeroErrore([&] { EliminaFile(u"dopo"_s); }), 75);
+    }
+    EliminaFile(u"dopo"_s);
+    QCOMPARE(ContenutoDi(Qui), QStringList());
 }
 
 void TestCartelle::rinominaImpedita_data()
