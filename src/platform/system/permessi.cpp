@@ -91,7 +91,10 @@ QString FileVero(const QString& Percorso)
         Vero = Vero.parent_path() / Detto;
     }
     const fs::path Pulito = fs::weakly_canonical(Vero, Guasto);
-    return QFile::decodeName(QByteArray::fromStdString((Guasto ? Vero : Pulito).string()));
+    // A folder on the way whose true name is no text has one that is, by which it was reached.
+    if (Guasto || !QByteArrayView(Pulito.native()).isValidUtf8())
+        return QFile::decodeName(QByteArray::fromStdString(Vero.string()));
+    return QFile::decodeName(QByteArray::fromStdString(Pulito.string()));
 #endif
 }
 

@@ -49,6 +49,7 @@ private Q_SLOTS:
     void ilSupportoDecide();
     void diChiE();
     void dietroUnCollegamento();
+    void dietroUnaCartellaSenzaNome();
     void dietroUnaCartellaCollegata_data();
     void dietroUnaCartellaCollegata();
 
@@ -239,6 +240,21 @@ void TestPermessi::dietroUnaCartellaCollegata_data()
         QTest::addRow("up and down, %s", Come) << u"../sotto/../x.mdb"_s << u"vera/x.mdb"_s << Presente;
         QTest::addRow("through another link, %s", Come) << u"altro.mdb"_s << u"vera/x.mdb"_s << Presente;
     }
+}
+
+/// A folder whose name is no text is reached by a link that has one, and so is what a link in it leads to.
+void TestPermessi::dietroUnaCartellaSenzaNome()
+{
+    const QByteArray Vera = QFile::encodeName(Cartella) + "citt\xe0";
+    if (::mkdir(Vera.constData(), 0700) != 0)
+        QSKIP("every name is text here");
+    const QString Collegata = Cartella + u"collegata/"_s;
+    QVERIFY(::symlink(Vera.constData(), QFile::encodeName(Collegata.chopped(1)).constData()) == 0);
+    QVERIFY(::symlink("x.mdb", (Vera + "/link.mdb").constData()) == 0);
+    const QString Atteso = Collegata + u"x.mdb"_s;
+    QCOMPARE(FileVero(Collegata + u"link.mdb"_s), Atteso);
+    ScriviFile(Collegata + u"link.mdb"_s, "nuovo");
+    QCOMPARE(LeggiFile(Atteso), "nuovo"_ba);
 }
 
 /// What a link says counts from where it truly stands, as the system follows it.
