@@ -23,7 +23,7 @@ struct Errore;
 /// The checks at the door of a file.
 /// @return true for one that another tool keeps with a write-ahead log
 /// @throws Errore 3024 no such file, 75 a folder or unreadable, 3343 no database (truncated ones too), or a
-/// journal beside it that stays and does not fit it (see GiornaleAltrui)
+/// journal beside it that stays and does not fit it (see GiornaleAccanto)
 [[nodiscard]] bool ControllaPrimaDiAprire(const QString& File);
 /// Whether a write that was cut off must be undone before the file can be read. Of one that goes on nothing
 /// is said: its journal is in use.

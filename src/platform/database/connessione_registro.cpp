@@ -111,27 +111,28 @@ namespace {
 
 /// On a network folder the file's new length may be known here later than the journal of the colleague's
 /// write that has made it longer; that journal goes with the write.
-bool RestaGiornaleAltrui(const QString& File)
+/// @return what was seen last
+SpecieGiornale GiornaleCheResta(const QString& File)
 {
     constexpr int PassoMs = 50;
-    for (int Atteso = 0; GiornaleAltrui(File); Atteso += PassoMs) {
-        if (Atteso >= attese::GiornaleMs)
-            return true;
+    for (int Atteso = 0;; Atteso += PassoMs) {
+        const SpecieGiornale Visto = GiornaleAccanto(File);
+        if (Visto == SpecieGiornale::Suo || Atteso >= attese::GiornaleMs)
+            return Visto;
         QThread::msleep(PassoMs);
     }
-    return false;
 }
 
 /// The journal of several databases is what makes this one whole, and is not for the user to move.
-QString FraseGiornaleAltrui(const QString& File)
+QString FraseGiornaleAltrui(const QString& File, SpecieGiornale Visto)
 {
-    const QString Consiglio =
-        GiornaleDiPiuDatabase(File)
-            ? u"è di una scrittura interrotta di un altro programma: aprire prima il database con quello e "
-              u"riprovare"_s
-            : u"non gli corrisponde: spostarlo altrove e riprovare"_s;
+    const QString Consiglio = Visto == SpecieGiornale::DiPiuDatabase
+                                  ? u"è di una scrittura, in corso o interrotta, di un altro programma: "
+                                    u"aprire prima il database con quello e riprovare"_s
+                                  : u"non gli corrisponde: spostarlo altrove e riprovare"_s;
+    const QString Intero = QFileInfo(File).absoluteFilePath();
     return u"Il file %1-journal, che sta accanto al database nella cartella %2, %3"_s.arg(
-        NomeFile(File), CartellaFile(File), Consiglio);
+        NomeFile(Intero), CartellaFile(Intero), Consiglio);
 }
 
 }  // namespace
@@ -151,8 +152,8 @@ bool DaRisanare(const QString& File)
 bool ControllaPrimaDiAprire(const QString& File)
 {
     ControllaFile(File);
-    if (RestaGiornaleAltrui(File))
-        throw Errore(errori::FormatoDatabase, FraseGiornaleAltrui(File));
+    if (const SpecieGiornale Visto = GiornaleCheResta(File); Visto != SpecieGiornale::Suo)
+        throw Errore(errori::FormatoDatabase, FraseGiornaleAltrui(File, Visto));
     return ControllaTestata(File);
 }
 

@@ -38,34 +38,25 @@ bool GiornaleFreddo(const QString& Giornale)
 
 }  // namespace
 
-bool GiornaleDiPiuDatabase(const QString& File)
-{
-    const QByteArray Atteso = SegnoDelGiornale();
-    QFile Giornale(File + u"-journal"_s);
-    if (!Giornale.open(QIODevice::ReadOnly))
-        return false;
-    const qint64 Lungo = Giornale.size();
-    return Lungo > Atteso.size() && Giornale.seek(Lungo - Atteso.size()) &&
-           Giornale.read(Atteso.size()) == Atteso;
-}
-
-bool GiornaleAltrui(const QString& File)
+SpecieGiornale GiornaleAccanto(const QString& File)
 {
     constexpr qsizetype LungaTestata = 28;
-    QFile Giornale(File + u"-journal"_s);
-    if (!Giornale.open(QIODevice::ReadOnly))
-        return false;
-    const QByteArray Testata = Giornale.read(LungaTestata);
-    const qint64 Lungo = Giornale.size();
-    if (GiornaleDiPiuDatabase(File))
-        return true;
-    if (Testata.size() < LungaTestata || !Testata.startsWith(SegnoDelGiornale()))
-        return false;
+    const QByteArray Segno = SegnoDelGiornale();
+    QFile Aperto(File + u"-journal"_s);
+    if (!Aperto.open(QIODevice::ReadOnly))
+        return SpecieGiornale::Suo;
+    const QByteArray Testata = Aperto.read(LungaTestata);
+    const qint64 Lungo = Aperto.size();
+    if (Lungo > Segno.size() && Aperto.seek(Lungo - Segno.size()) && Aperto.read(Segno.size()) == Segno)
+        return SpecieGiornale::DiPiuDatabase;
+    if (Testata.size() < LungaTestata || !Testata.startsWith(Segno))
+        return SpecieGiornale::Suo;
     const auto Numero = [&](int Posto) { return qFromBigEndian<quint32>(Testata.constData() + Posto); };
     // A write never makes the file shorter before its journal has gone.
     constexpr qint64 MassimaPagina = 65536;
     const qint64 Pagina = Numero(24) == 0 ? MassimaPagina : std::min<qint64>(Numero(24), MassimaPagina);
-    return Pagina * qint64(Numero(16)) > QFileInfo(File).size() + Lungo;
+    return Pagina * qint64(Numero(16)) > QFileInfo(File).size() + Lungo ? SpecieGiornale::NonGliCorrisponde
+                                                                        : SpecieGiornale::Suo;
 }
 
 void TogliGiornale(const QString& Percorso)

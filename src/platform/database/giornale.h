@@ -11,14 +11,23 @@
 /// for; it belongs to no open Database, and may run in a thread of its own.
 void TogliGiornale(const QString& Percorso);
 
-/// Whether the journal beside a file does not fit it: it names another one (GiornaleDiPiuDatabase), or tells
-/// of a file longer than this one and the journal together, which the engine would make it, terabytes of a
-/// few bytes. The program itself may have left the second kind, where a shorter back-up stands in the file's
-/// place.
-[[nodiscard]] bool GiornaleAltrui(const QString& File);
-/// Whether it is that of a write into several databases at once, which names a journal of them all. The
-/// program never writes so; what did is the one that makes the file whole.
-[[nodiscard]] bool GiornaleDiPiuDatabase(const QString& File);
+/// The journal beside a file, by one look at it.
+enum class SpecieGiornale {
+    Suo,  ///< or none
+    /// It tells of a file longer than this one and the journal together, which the engine would make it,
+    /// terabytes of a few bytes. The program itself may have left it, where a shorter back-up stands in the
+    /// file's place.
+    NonGliCorrisponde,
+    /// That of a write into several databases at once, which names a journal of them all. The program never
+    /// writes so; what did is the one that makes the file whole.
+    DiPiuDatabase,
+};
+[[nodiscard]] SpecieGiornale GiornaleAccanto(const QString& File);
+/// Whether it does not fit the file.
+[[nodiscard]] inline bool GiornaleAltrui(const QString& File)
+{
+    return GiornaleAccanto(File) != SpecieGiornale::Suo;
+}
 
 /// Makes way for a database that is about to take a name whose journal stands there without the file that it
 /// was of: the engine would play it into the new one. The former file is mended by it: it is kept, with

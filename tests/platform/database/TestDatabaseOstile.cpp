@@ -31,7 +31,7 @@ QString FraseDelGiornale(const QString& File, const QString& Consiglio)
 }
 const QString NonGliCorrisponde = u"non gli corrisponde: spostarlo altrove e riprovare"_s;
 const QString DiUnAltroProgramma =
-    u"è di una scrittura interrotta di un altro programma: aprire prima il database con quello e riprovare"_s;
+    u"è di una scrittura, in corso o interrotta, di un altro programma: aprire prima il database con quello e riprovare"_s;
 
 const QByteArray Segno = QByteArray::fromHex("d9d505f920a163d7");
 
@@ -199,6 +199,12 @@ void TestDatabaseOstile::ilGiornaleCheAllungaDietroUnCollegamento()
     const ErroreVisto Guasto = ErroreDi([&] { (void)LeggibileDoveSta(Collegato); });
     QCOMPARE(Guasto.Numero, 3343);
     QCOMPARE(Guasto.Descrizione, FraseDelGiornale(File, NonGliCorrisponde));
+    // Nor does one find it in a folder without a name.
+    const QString Dove = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(CartellaFile(File)));
+    const ErroreVisto SenzaCartella = ErroreDi([&] { (void)LeggibileDoveSta(NomeFile(File)); });
+    QVERIFY(QDir::setCurrent(Dove));
+    QCOMPARE(SenzaCartella.Descrizione, FraseDelGiornale(File, NonGliCorrisponde));
     ScriviFile(File + u"-journal"_s, TestataGiornale(quint32(Prima.size() / 4096)));
     QFile::remove(Collegato + u"-journal"_s);
     QVERIFY(!LeggibileDoveSta(Collegato));
