@@ -30,6 +30,12 @@ QString FileTurno(const QString& Destinazione)
     return CartellaFile(Destinazione) + u".~"_s + NomeFile(Destinazione) + u".turno"_s;
 }
 
+QString FraseNonConfermato(const QString& Scostato)
+{
+    return u"; il giornale di una parcella che non c'è più, che gli stava accanto, ha ora il nome %1"_s.arg(
+        Scostato);
+}
+
 /// The file while it is being built, beside the place it will take; gone unless it was put there. Programs
 /// that save under one name take turns, or one would put the other's half-built file there.
 class FileInCostruzione
@@ -56,13 +62,27 @@ public:
         if (CEra)
             DiAccess ? TieniAccess(Chi) : Sgombra();
         DaiPermessi(Provvisorio, Finale, Chi);
-        if (ComeModello)
-            ImpostaSolaLettura(Provvisorio, true);
         // A colleague has begun to write since the way was free: it would go with the file.
         if (CEra && !DiAccess && EsisteFile(Finale + u"-journal"_s))
             throw Errore(errori::DatiBloccati);
         QString Scostato = ScostaGiornale(Finale);
-        SostituisciFile(Provvisorio, Finale);
+        try {
+            // Last: some systems delete no read-only file, and what is left of a save would stop the next.
+            if (ComeModello)
+                ImpostaSolaLettura(Provvisorio, true);
+            SostituisciFile(Provvisorio, Finale);
+        } catch (NonConfermato& Guasto) {
+            // Nobody else says it: who is told of the disk gets no name back.
+            if (!Scostato.isEmpty())
+                static_cast<Errore&>(Guasto) =
+                    Errore(Guasto.Numero, Guasto.Descrizione + FraseNonConfermato(Scostato));
+            throw;
+        } catch (const Errore&) {
+            // The former note that comes back finds its journal; whatever else has the name by now does not.
+            if (DiAccess || !EsisteFile(Finale))
+                RimettiGiornale(Finale, Scostato);
+            throw;
+        }
         return Scostato;
     }
 

@@ -125,7 +125,14 @@ bool RinominaNota(const QString& Percorso, const std::function<void(const QStrin
     if (!QFileInfo::exists(Nuovo) && !QFileInfo(File).isSymLink())
         Scostato = ScostaGiornale(Nuovo);
     // A template keeps its attribute by itself: it belongs to the file, not to its name.
-    RinominaFile(File, Nuovo);
+    try {
+        RinominaFile(File, Nuovo);
+    } catch (const Errore&) {
+        // The former note that comes back finds its journal; whatever else has the name by now does not.
+        if (!QFileInfo::exists(Nuovo))
+            RimettiGiornale(Nuovo, Scostato);
+        throw;
+    }
     Rinominata(Nuovo);
     Informa(u"La parcella è stata rinominata!"_s);
     if (!Scostato.isEmpty())

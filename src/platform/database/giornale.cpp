@@ -87,13 +87,24 @@ QString ScostaGiornale(const QString& File)
     }
     QString Libero = Giornale + u".orfano"_s;
     for (int Numero = 2; QFileInfo(Libero).exists() || QFileInfo(Libero).isSymLink(); ++Numero)
-        Libero = Giornale + u".orfano.%1"_s.arg(Numero);
+        Libero = Giornale + u".orf%1"_s.arg(Numero);
     RinominaFile(Giornale, Libero);
     try {
         SincronizzaCartellaDi(Libero);
     } catch (const NonConfermato& Guasto) {
-        RinominaFile(Libero, Giornale);
+        RimettiGiornale(File, NomeFile(Libero));
         throw Errore(Guasto.Numero);  // nothing stands in the file's place
     }
     return NomeFile(Libero);
+}
+
+void RimettiGiornale(const QString& File, const QString& Scostato)
+{
+    if (Scostato.isEmpty())
+        return;
+    try {
+        RinominaFile(CartellaFile(File) + Scostato, File + u"-journal"_s);
+    } catch (const Errore&) {
+        return;  // what has kept the database from its name is what is to be said
+    }
 }

@@ -31,10 +31,15 @@ enum class SpecieGiornale {
 
 /// Makes way for a database that is about to take a name whose journal stands there without the file that it
 /// was of: the engine would play it into the new one. The former file is mended by it: it is kept, with
-/// ".orfano" behind its name, and the folder holds that name on return. One that the engine would not look at
-/// goes.
+/// ".orfano" behind its name (".orf2" and so on where there is one already: no longer, so that a name that
+/// has room for the first has it for all), and the folder holds that name on return. One that the engine
+/// would not look at goes.
 /// @param File what the links lead to
 /// @return the name that the journal has by now, without its folder; empty where none was kept
-/// @throws Errore 75 refused, 61 no room, 57 the disk fails: the journal has its former name again, and
-/// no NonConfermato says that the file stands in its place
+/// @throws Errore 75 refused, 61 no room, 57 the disk fails: the journal has its former name again,
+/// as far as the disk lets, and no NonConfermato says that the file stands in its place
 QString ScostaGiornale(const QString& File);
+/// Gives it its former name again, for a database that has not taken the name after all; no failure is said.
+/// Not for one that has: the engine would play the journal into it.
+/// @param Scostato what ScostaGiornale has returned; empty does nothing
+void RimettiGiornale(const QString& File, const QString& Scostato);

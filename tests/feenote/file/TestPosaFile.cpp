@@ -419,7 +419,7 @@ void TestPosaFile::ilGiornaleOrfanoNonTornaNellaNota()
     const QString Giornale = Morta + u"-journal"_s;
     const QByteArray Caldo = GiornaleCaldo();
     QVERIFY2(!Caldo.isEmpty() && Caldo.front() != '\0', "the engine would play it back");
-    for (const QString& Orfano : {u".orfano"_s, u".orfano.2"_s}) {
+    for (const QString& Orfano : {u".orfano"_s, u".orf2"_s}) {
         QFile::remove(Morta);
         ScriviFile(Giornale, Caldo);
         if (RimastaAccess)

@@ -5,6 +5,9 @@
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
 
+#include <QScopedValueRollback>
+
+#include <functional>
 #include <memory>
 
 #include <fcntl.h>
@@ -43,6 +46,7 @@ private Q_SLOTS:
     void ilModelloRinominatoRestaModello();
     void cartellaCheRifiutaIlNome();
     void ilGiornaleDiUnaSparitaNonEntra();
+    void ilGiornaleTornaSeIlNomeNonSiDa();
 
 private:
     bool Cancella()
@@ -416,6 +420,24 @@ void TestGestione::ilGiornaleDiUnaSparitaNonEntra()
     QCOMPARE(LeggiFile(Sparita + u"-journal.orfano"_s), Caldo);
     QCOMPARE(QDir(CartellaFile(File)).entryList(QDir::Files | QDir::Hidden),
              (QStringList{u"sparita.mdb"_s, u"sparita.mdb-journal.orfano"_s}));
+}
+
+/// What did not take the name leaves the journal to the one that may come back.
+void TestGestione::ilGiornaleTornaSeIlNomeNonSiDa()
+{
+    const QString Sparita = CartellaFile(File) + u"sparita.mdb"_s;
+    ScriviFile(Sparita + u"-journal"_s, "caldo");
+    Box->AttendiImmissione(ChiedeNome, u"sparita"_s);
+    {
+        const QScopedValueRollback Via(guasti::PrimaDellaCartella,
+                                       std::function<bool(const QString&)>([this](const QString&) {
+                                           QFile::remove(File);
+                                           return true;
+                                       }));
+        QCOMPARE(NumeroErrore([this] { (void)Rinomina(); }), 53);
+    }
+    QCOMPARE(QDir(CartellaFile(File)).entryList(QDir::Files | QDir::Hidden),
+             QStringList{u"sparita.mdb-journal"_s});
 }
 
 #include "TestGestione.moc"
