@@ -211,8 +211,8 @@ void AdottaFile(Parcella& Nota, const Parcella& Scritta, const QString& Percorso
 }
 
 /// Writes the note; from then on it is that of the file.
-std::optional<QString> ScriviQui(const QString& Percorso, Parcella& Nota, bool ComeModello,
-                                 const GuardiaFile* Guardia = nullptr)
+std::optional<FileSalvato> ScriviQui(const QString& Percorso, Parcella& Nota, bool ComeModello,
+                                     const GuardiaFile* Guardia = nullptr)
 {
     if (!SovrascritturaAmmessa(Nota, Percorso) || !TurnoLiberato(Percorso))
         return std::nullopt;
@@ -231,14 +231,12 @@ std::optional<QString> ScriviQui(const QString& Percorso, Parcella& Nota, bool C
         throw;
     }
     Adotta();
-    if (!Scostato.isEmpty())
-        MsgBox(FraseScostato(Percorso, Scostato), vbInformation, TitoloMessaggio.toString());
-    return Percorso;
+    return FileSalvato{Percorso, Scostato};
 }
 
 }  // namespace
 
-std::optional<QString> SalvaConDialogo(Parcella& Nota, bool ComeModello, const QString& Proposto)
+std::optional<FileSalvato> SalvaConDialogo(Parcella& Nota, bool ComeModello, const QString& Proposto)
 {
     const QString Titolo = ComeModello ? u"Salva parcella come modello"_s : u"Salva parcella"_s;
     const QString Inizio = PuntoDiPartenza(Nota, ComeModello, Proposto);
@@ -257,7 +255,7 @@ bool HaFileSuo(const Parcella& Nota)
            EsisteFile(Nota.Percorso);
 }
 
-std::optional<QString> SalvaSulFile(Parcella& Nota, const GuardiaFile& Guardia)
+std::optional<FileSalvato> SalvaSulFile(Parcella& Nota, const GuardiaFile& Guardia)
 {
     return ScriviQui(PercorsoNativo(Nota.Percorso), Nota, false, &Guardia);
 }
@@ -290,6 +288,12 @@ void DiSalvata(const QString& Percorso)
 {
     MsgBox(u"La parcella "_s + NomeFile(Percorso) + u" è stata salvata correttamente!"_s, vbInformation,
            TitoloMessaggio.toString());
+}
+
+void DiScostato(const FileSalvato& Scritta)
+{
+    if (!Scritta.Scostato.isEmpty())
+        MsgBox(FraseScostato(Scritta.Percorso, Scritta.Scostato), vbInformation, TitoloMessaggio.toString());
 }
 
 int CheckModInCorso(const Parcella& Nota, bool Chiusura)

@@ -15,16 +15,23 @@ inline constexpr QStringView FraseNomeNonValido =
 /// True for a name, without its folder and ".mdb", that a note may have.
 [[nodiscard]] bool NomeDiNotaValido(const QString& Nome);
 
+/// What a save has written.
+struct FileSalvato
+{
+    QString Percorso;
+    QString Scostato;  ///< the former journal's name by now, as ScriviNota; said with DiScostato
+};
+
 /// Asks where, checks the name, asks about overwriting, writes the file.
 ///
 /// On success the note has its path and name (lower case, without ".mdb") and its password is saved; the
 /// caller says so with DiSalvata and takes the mark away. Otherwise it is as before.
 /// @param Proposto name, without ending, that the dialog begins with where the note has none; one that is
 ///     taken gets a number
-/// @return the path written, empty when the user cancelled or a check refused, which it has shown
+/// @return what was written, empty when the user cancelled or a check refused, which it has shown
 /// @throws Errore when the file could not be written; a former file is then as it was
-[[nodiscard]] std::optional<QString> SalvaConDialogo(Parcella& Nota, bool ComeModello,
-                                                     const QString& Proposto = {});
+[[nodiscard]] std::optional<FileSalvato> SalvaConDialogo(Parcella& Nota, bool ComeModello,
+                                                         const QString& Proposto = {});
 
 /// True for a note that a save without a dialog may write where it stands: its file is there, is no template,
 /// and bears the code of the session's matter.
@@ -41,9 +48,9 @@ struct GuardiaFile
 /// protected note, and a lock that nobody frees.
 /// @param Guardia asked behind those questions, at which a user may sit for long, and again while nobody else
 ///     can save
-/// @return the path, empty when a check refused, which it has shown
+/// @return as SalvaConDialogo, without a journal; empty when a check refused, which it has shown
 /// @throws Errore as SalvaConDialogo
-[[nodiscard]] std::optional<QString> SalvaSulFile(Parcella& Nota, const GuardiaFile& Guardia);
+[[nodiscard]] std::optional<FileSalvato> SalvaSulFile(Parcella& Nota, const GuardiaFile& Guardia);
 
 /// What became of a state, or of the memory of an invoice, that was to be written by itself.
 enum class EsitoStato {
@@ -65,6 +72,9 @@ enum class EsitoStato {
 
 /// Tells the user that the file was written.
 void DiSalvata(const QString& Percorso);
+/// Tells him of the journal that was put aside, if one was. What the caller does with the written file comes
+/// first: while the user reads, a colleague may save the note.
+void DiScostato(const FileSalvato& Scritta);
 
 /// Asks about the changes that an end, or another note in the same window, would lose.
 /// @param Chiusura the note is about to be closed; else another one is about to be opened

@@ -231,9 +231,9 @@ private:
     bool LasciaConsegna();
     void CollegaCopia();
     void TimerCopia_Timer();
-    /// @param Scrivi asks, writes, and gives the path written
+    /// @param Scrivi asks, writes, and gives what was written
     /// @param Dillo tells the user that the file was written
-    bool Salva(const std::function<std::optional<QString>()>& Scrivi,
+    bool Salva(const std::function<std::optional<FileSalvato>()>& Scrivi,
                const std::function<void(const QString& Percorso)>& Dillo);
     bool ScriviCopia();    ///< the recovery copy; false when it could not be written
     void CopiaInAttesa();  ///< the copy that is due, at once

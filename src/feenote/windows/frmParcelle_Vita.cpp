@@ -230,7 +230,7 @@ void frmParcelle::Recupera(const CopiaRecupero& Trovata)
         EliminaCopia(Trovata);
 }
 
-bool frmParcelle::Salva(const std::function<std::optional<QString>()>& Scrivi,
+bool frmParcelle::Salva(const std::function<std::optional<FileSalvato>()>& Scrivi,
                         const std::function<void(const QString& Percorso)>& Dillo)
 {
     if (DialogoAperto || !ConcludiCampo())
@@ -238,7 +238,7 @@ bool frmParcelle::Salva(const std::function<std::optional<QString>()>& Scrivi,
     const QString Prima = Nota.Percorso;
     return InDialogo([&] {
         try {
-            const std::optional<QString> Scritta = Scrivi();
+            const std::optional<FileSalvato> Scritta = Scrivi();
             if (!Scritta)
                 return false;
             ImpostaNome(Nota.Nome);
@@ -251,7 +251,8 @@ bool frmParcelle::Salva(const std::function<std::optional<QString>()>& Scrivi,
             Nota.Modificata = false;
             Storia.SegnaSalvata(Nota);
             Protetta([this] { RicordaNota(Nota); });
-            Dillo(*Scritta);
+            Dillo(Scritta->Percorso);
+            DiScostato(*Scritta);
             SetModificata(Nota.Modificata);
             SegueSalvataggio(*this, Prima);
             ControllaMulti();

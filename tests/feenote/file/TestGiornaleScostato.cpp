@@ -1,6 +1,7 @@
-// What becomes of the journal of a note that is gone when another takes its name.
+// What becomes of the journal of a note that is gone when another takes its name, and who is told.
 #include "file_prova.h"
 
+#include "feenote/file/modSalvataggio.h"
 #include "platform/database/giornale.h"
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
@@ -25,6 +26,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
+    void siDice();
     void ilNomePiuLungo();
     void tornaSeLaNotaNonSiPosa();
     void restaDovELaNotaNonConfermata();
@@ -49,6 +51,31 @@ void TestGiornaleScostato::cleanup()
 {
     guasti::PrimaDellaCartella = {};
     guasti::RinominaRifiutata = 0;
+}
+
+/// Who brings the former note back finds its journal under another name.
+void TestGiornaleScostato::siDice()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Parcella Nota = NotaPiena();
+    Messaggi.AttendiSalva(Morta);
+    const auto Scritta =
+        SalvaConDialogo(Nota, false);  // without a word: the caller has something to do first
+    QVERIFY(Scritta);
+    QCOMPARE(Scritta->Percorso, Morta);
+    QCOMPARE(LeggiFile(Giornale + u".orfano"_s), Caldo);
+    Messaggi.Attendi(
+        u"Accanto c'era il giornale di una parcella morta.mdb che non c'è più: è stato conservato, nella "
+        u"stessa cartella, con il nome morta.mdb-journal.orfano.\nServe solo se quella parcella torna al "
+        u"suo posto, e allora con il nome morta.mdb-journal; altrimenti si può eliminare."_s,
+        vbOK, u"Messaggio:"_s);
+    DiScostato(*Scritta);
+    // Once: the next save finds nothing to put aside.
+    Messaggi.AttendiSalva(Morta);
+    const auto Dopo = SalvaConDialogo(Nota, false);
+    QVERIFY(Dopo);
+    DiScostato(*Dopo);
 }
 
 /// Each time anew there is a name that the disk takes.

@@ -66,7 +66,6 @@ private Q_SLOTS:
     void ilGiornaleOrfanoNonTornaNellaNota_data();
     void ilGiornaleOrfanoNonTornaNellaNota();
     void ilGiornaleOrfanoCheNonSiScosta();
-    void ilGiornaleScostatoSiDice();
     void ilGiornaleCheNonSiToglieFerma();
     void ilGiornaleFreddoNonSiTiene_data();
     void ilGiornaleFreddoNonSiTiene();
@@ -453,27 +452,6 @@ void TestPosaFile::ilGiornaleOrfanoCheNonSiScosta()
     QVERIFY(!EsisteFile(Morta));
     QCOMPARE(LeggiFile(Morta + u"-journal"_s), Caldo);
     QCOMPARE(ContenutoDi(Cartella), (QStringList{u"morta.mdb-journal"_s, u"nota.mdb"_s}));
-}
-
-/// Who brings the former note back finds its journal under another name.
-void TestPosaFile::ilGiornaleScostatoSiDice()
-{
-    const Studio Ufficio;
-    Registratore Messaggi;
-    const QString Morta = Cartella + u"morta.mdb"_s;
-    ScriviFile(Morta + u"-journal"_s, GiornaleCaldo());
-    Parcella Nota = NotaPiena();
-    Messaggi.AttendiSalva(Morta);
-    Messaggi.Attendi(
-        u"Accanto c'era il giornale di una parcella morta.mdb che non c'è più: è stato conservato, nella "
-        u"stessa cartella, con il nome morta.mdb-journal.orfano.\nServe solo se quella parcella torna al "
-        u"suo posto, e allora con il nome morta.mdb-journal; altrimenti si può eliminare."_s,
-        vbOK, u"Messaggio:"_s);
-    QCOMPARE(SalvaConDialogo(Nota, false), Morta);
-    QVERIFY(EsisteFile(Morta + u"-journal.orfano"_s));
-    // Once: the next save finds nothing to put aside.
-    Messaggi.AttendiSalva(Morta);
-    QCOMPARE(SalvaConDialogo(Nota, false), Morta);
 }
 
 /// A journal that stands there once the way was free is a colleague's, who has begun to write since.

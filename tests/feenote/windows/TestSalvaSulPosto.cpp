@@ -2,6 +2,7 @@
 #include "salvataggi.h"
 
 #include "core/parametri.h"
+#include "feenote/file/modPosaFile.h"
 #include "platform/kit/rigachesvanisce.h"
 #include "platform/system/blocco.h"
 #include "platform/system/file.h"
@@ -14,6 +15,7 @@
 #include <QThread>
 
 #include <thread>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace salvataggi;
@@ -40,6 +42,7 @@ private Q_SLOTS:
     void cambiataDaAltriChiede();
     void cambiataMentreSiApre();
     void cambiataMentreSiChiede();
+    void cambiataMentreSiLegge();
     void cambiataMentreSiAspettaIlTurno_data();
     void cambiataMentreSiAspettaIlTurno();
     void nonSiScrive();
@@ -289,6 +292,37 @@ void TestSalvaSulPosto::cambiataMentreSiChiede()
     T->Voce.Attendi(Domanda, vbNo, u"Domanda:"_s);
     QVERIFY(!F->SalvaSulPosto());
     QCOMPARE(Cliente(File), u"Rossi"_s);
+}
+
+/// A colleague saves the new note while its words are still being read.
+void TestSalvaSulPosto::cambiataMentreSiLegge()
+{
+    QVERIFY(MostraAttiva(*F));
+    ClicScheda(F, SchedaBase);
+    Tocca(F, u"Rossi"_s);
+    const QString File = sessione::ParcellePath + u"rossi.mdb"_s;
+    ScriviFile(File + u"-journal"_s, "caldo");
+    T->Voce.AttendiSalva(File);
+    T->Voce.Attendi(Salvata(u"rossi.mdb"_s));
+    T->Voce.Attendi(FraseScostato(File, u"rossi.mdb-journal.orfano"_s));
+    {
+        bool Vista = false;
+        const auto Mostra = Registratore::AlMostrare();
+        const QScopedValueRollback Collega(Registratore::AlMostrare(), std::function<void()>([&] {
+                                               if (EsisteFile(File) && !std::exchange(Vista, true))
+                                                   EseguiSu(File,
+                                                            u"UPDATE ParcellaParam SET Cliente='Bianchi'"_s);
+                                               Mostra();
+                                           }));
+        QVERIFY(F->SalvaConNome());
+        QVERIFY(Vista);
+    }
+    Tocca(F, u"Verdi"_s);
+    T->Voce.Attendi(
+        u"La parcella rossi.mdb è stata cambiata da altri dopo che è stata aperta.\nSostituirla con questa?"_s,
+        vbNo, u"Domanda:"_s);
+    QVERIFY(!F->SalvaSulPosto());
+    QCOMPARE(Cliente(File), u"Bianchi"_s);
 }
 
 void TestSalvaSulPosto::cambiataMentreSiAspettaIlTurno_data()
