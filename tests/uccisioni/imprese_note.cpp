@@ -1,7 +1,10 @@
 // Notes: written, changed, mended, marked in place, renamed, removed, exported.
 #include "feenote/file/file_prova.h"
+#include "guasti/posa.h"
 #include "uccisioni/imprese.h"
 
+#include "core/modRecenti.h"
+#include "core/parametri.h"
 #include "feenote/file/memoriastato.h"
 #include "feenote/file/modRecupero.h"
 #include "feenote/file/modSalvataggio.h"
@@ -151,6 +154,80 @@ const QByteArray& DiAccess()
         return ScriviAccess(AccessDa(File));
     }();
     return Byte;
+}
+
+// ---- deleted in the browser of notes ----------------------------------------------------------------
+
+/// A note that was worked on lately, with all that may lie beside it and is not it: another name of its file,
+/// the file that a former program had of it, the invoice, another note.
+void PreparaElencata(const QString& In)
+{
+    PreparaCollegata(In);
+    ScriviNota(In + u"m.mdb"_s, NotaDetta(u"prima"_s));
+    Posa(In + u"n.mdb.access"_s, DiAccess());
+    Posa(In + u"n.xml"_s, "<fattura/>");
+    ::SalvaImpostazioni({{u"StudioNome"_s, u"Studio Rossi"_s}});
+    for (const QString& Nome : {u"m.mdb"_s, u"n.mdb"_s})
+        RicordaRecente({In + Nome, u"Rossi"_s, u"Fattura"_s, 100.0, QDate(2026, 11, 21)});
+}
+
+/// As the browser does it, and its user: a line that is left of a note goes when he picks it. No start has
+/// mended before what was cut off: another program may have died a moment ago.
+void CancellaElencata(const QString& In)
+{
+    Rispondi({});
+    const QString File = In + u"n.mdb"_s;
+    if (!EsisteFile(File))
+        DimenticaSparita(File);
+    else if (!CancellaNota(File, [&] { DimenticaCancellata(File); }))
+        throw Errore(errori::Accesso);
+    TogliRestiDiNote(In);
+}
+
+/// The note is there whole, with its line in the list of the last ones, or gone; whatever else is as it was.
+QString DifettoElencata(const QString& In)
+{
+    ConCasaIn(In);
+    if (Impostazione(u"StudioNome"_s) != u"Studio Rossi")
+        return u"impostazioni perdute"_s;
+    if (Contenuto(In + u"n.mdb.access"_s) != DiAccess() || Contenuto(In + u"n.xml"_s) != "<fattura/>")
+        return u"tolto ciò che le sta accanto"_s;
+    if (DettoDa(In + u"m.mdb"_s) + DettoDa(In + u"salvata.mdb"_s) != u"primaprima")
+        return u"tolta un'altra nota"_s;
+    QStringList Ultime;
+    for (const NotaRecente& Una : NoteRecenti())
+        Ultime += NomeRecente(Una);
+    const QString Elenco = Ultime.join(u',');
+    const QString Detta = DettoDa(In + u"n.mdb"_s);
+    return Detta.isEmpty() ? NonUna(Elenco, {u"n,m"_s, u"m"_s})
+                           : NonUna(Detta + u' ' + Elenco, {u"prima n,m"_s});
+}
+
+QString DifettoTolta(const QString& In)
+{
+    SalvaImpostazione(u"Prova"_s, u"1"_s);  // what lies beside the settings goes with the next
+    return EsisteFile(In + u"n.mdb"_s) ? u"c'è ancora"_s
+           : NoteRecenti().size() != 1 ? u"resta tra le ultime"_s
+                                       : QString();
+}
+
+/// @param AMeta a write of it was cut off before
+Impresa Cancellata(bool AMeta)
+{
+    return {.Nome = AMeta ? u"nota a meta' cancellata"_s : u"nota cancellata"_s,
+            .Prepara =
+                [=](const QString& In) {
+                    PreparaElencata(In);
+                    if (AMeta)
+                        LasciaAMeta(In + u"n.mdb"_s);
+                },
+            .Fa = CancellaElencata,
+            .Difetto = DifettoElencata,
+            .Rimane = {u"Calcanova"_s, u"Calcanova/KR5.ini"_s, u"m.mdb"_s, u"n.mdb.access"_s, u"n.xml"_s,
+                       u"salvata.mdb"_s},
+            .Infine = DifettoTolta,
+            .DaCapo = true,
+            .SoloChieste = true};
 }
 
 }  // namespace
@@ -332,6 +409,8 @@ QList<Impresa> ImpreseNote()
              [](const QString& In) { return EsisteFile(In + u"n.mdb"_s) ? u"c'è ancora"_s : QString(); },
          .DaCapo = true,
          .SoloChieste = true},
+        Cancellata(false),
+        Cancellata(true),
         {.Nome = u"nota di Access"_s,
          .Prepara =
              [](const QString& In) {
