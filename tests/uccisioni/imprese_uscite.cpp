@@ -1,11 +1,13 @@
-// What goes out: documents, lists, terms, the electronic invoice with its number and its mark.
+// What goes out: documents, clauses, lists, terms, the electronic invoice with its number and its mark.
 #include "guasti/fatturabile.h"
 #include "uccisioni/fatture.h"
 #include "uccisioni/imprese.h"
 
+#include "calculators/agenda.h"
 #include "feenote/file/file_prova.h"
 #include "platform/base/errore.h"
 #include "platform/system/file.h"
+#include "print/modClausole.h"
 
 #include <QDir>
 #include <QFile>
@@ -101,7 +103,7 @@ Impresa Uscita(const QString& Titolo, const QString& Nome, const QString& Accant
     return Una;
 }
 
-Impresa Documento(const QString& Fine)
+Impresa DocumentoScritto(const QString& Fine)
 {
     return Uscita(u"documento "_s + Fine, u"n."_s + Fine, u"n.mdb"_s,
                   {u"stampa"_s, u"%1n.mdb"_s, u"0"_s, u"%1n."_s + Fine},
@@ -122,6 +124,118 @@ Impresa Nominativi(const QString& Fine, const QString& Opzione)
                            {i, u"Cliente numero %1"_s.arg(i)});
             Insieme.Conferma();
         });
+}
+
+// ---- clauses that the office changes ----------------------------------------------------------------
+
+constexpr QFile::Permissions Altri =
+    QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+constexpr auto DelloStudio = "{\\rtf1 le clausole dello studio\\par}";
+const QString Chiesta = u"ContrattoPersonaFisica.rtf"_s;
+const QString Seconda = u"ContrattoPersonaGiuridica.rtf"_s;
+const QString Scritta = u"ResaInformazionePersonaFisica.rtf"_s;
+
+void UsaClausole(const QString& In)
+{
+    sessione::PercorsoProg = ProgrammaDiProva();
+    sessione::UserFolder = In + u"utente/"_s;
+}
+
+/// One of the office's own is the delivered one, whole and its user's alone, or not there.
+QString DifettoPropria(const QString& In, const QString& Nome)
+{
+    const QString Propria = In + u"utente/clausole/"_s + Nome;
+    if (!EsisteFile(Propria))
+        return {};
+    if (Contenuto(Propria) != Contenuto(ProgrammaDiProva() + u"doc/"_s + Nome))
+        return Nome + u" a metà"_s;
+    return QFile::permissions(Propria) & Altri ? Nome + u" di tutti"_s : QString();
+}
+
+/// What is printed is whole whatever was left there, and what the office has written stays.
+QString DifettoClausole(const QString& In)
+{
+    UsaClausole(In);
+    if (Contenuto(In + u"utente/clausole/"_s + Scritta) != DelloStudio)
+        return u"perdute quelle dello studio"_s;
+    for (const QString& Nome : {Chiesta, Seconda}) {
+        if (const QString Difetto = DifettoPropria(In, Nome); !Difetto.isEmpty())
+            return Difetto;
+        if (LeggiClausole(FileClausole(Nome)).Esito != EsitoClausole::Lette)
+            return Nome + u" non si stampa"_s;
+    }
+    return {};
+}
+
+Impresa ClausoleProprie()
+{
+    return {.Nome = u"clausole dello studio"_s,
+            .Prepara =
+                [](const QString& In) {
+                    QDir().mkpath(In + u"utente/clausole"_s);
+                    Posa(In + u"utente/clausole/"_s + Scritta, DelloStudio);
+                },
+            .Fa =
+                [](const QString& In) {
+                    UsaClausole(In);
+                    for (const QString& Nome : {Chiesta, Seconda, Scritta})
+                        (void)ClausoleDaModificare(Nome);
+                },
+            .Difetto = DifettoClausole,
+            .Rimane = {u"utente"_s, u"utente/clausole"_s, u"utente/clausole/"_s + Chiesta,
+                       u"utente/clausole/"_s + Seconda, u"utente/clausole/"_s + Scritta},
+            .DaCapo = true,
+            .SoloChieste = true};
+}
+
+// ---- the calendar's file ----------------------------------------------------------------------------
+
+QList<VoceAgenda> Termini()
+{
+    QList<VoceAgenda> Voci;
+    for (int i = 0; i < Linee; ++i)
+        Voci.append({QDate(2026, 12, 1).addDays(i),
+                     u"Deposito dell'atto numero %1"_s.arg(i),
+                     u"art. 325 c.p.c."_s,
+                     u"Rossi"_s,
+                     {u"dal 01/11/2026"_s},
+                     QString::number(i)});
+    return Voci;
+}
+
+/// @param Prima there is a former one, which its user has agreed to replace
+Impresa Agenda(bool Prima)
+{
+    const QByteArray Vecchia = Prima ? "prima" : QByteArray();
+    return {.Nome = Prima ? u"calendario"_s : u"calendario nuovo"_s,
+            .Prepara =
+                [=](const QString& In) {
+                    Posa(In + u"altro.ics"_s, "altro");
+                    if (Prima)
+                        Posa(In + u"scadenze.ics"_s, Vecchia);
+                },
+            .Fa = [](const QString& In) { (void)SalvaIcs(In + u"scadenze"_s, Termini()); },
+            .Difetto =
+                [=](const QString& In) {
+                    if (Contenuto(In + u"altro.ics"_s) != "altro")
+                        return u"perduto quello accanto"_s;
+                    const QString File = In + u"scadenze.ics"_s;
+                    if (EsisteFile(File) == Prima && Contenuto(File) == Vecchia)
+                        return QString();
+                    static const QByteArray Intero = [] {
+                        const QString Altrove = NuovaCartella() + u"intero.ics"_s;
+                        Posa(Altrove, ScriviIcs(Termini()));
+                        return SenzaTempi(Altrove);
+                    }();
+                    return SenzaTempi(File) == Intero ? QString() : u"a metà"_s;
+                },
+            .Rimane = {u"altro.ics"_s, u"scadenze.ics"_s},
+            .Infine =
+                [=](const QString& In) {
+                    return Contenuto(In + u"scadenze.ics"_s) == Vecchia ? u"non scritto"_s : QString();
+                },
+            .DaCapo = true,
+            .SoloChieste = true};
 }
 
 // ---- the electronic invoice -------------------------------------------------------------------------
@@ -223,9 +337,9 @@ QList<Impresa> ImpreseUscite()
          [](const QString& In) {
              return LeggiFile(In + u"n.doc"_s) == "prima" ? u"non scritto"_s : QString();
          }},
-        Documento(u"txt"_s),
-        Documento(u"htm"_s),
-        Documento(u"pdf"_s),
+        DocumentoScritto(u"txt"_s),
+        DocumentoScritto(u"htm"_s),
+        DocumentoScritto(u"pdf"_s),
         Nominativi(u"csv"_s, u"--csv"_s),
         Nominativi(u"vcf"_s, u"--vcard"_s),
         Uscita(u"scadenzario csv"_s, u"s.csv"_s, u"n.mdb"_s,
@@ -234,6 +348,9 @@ QList<Impresa> ImpreseUscite()
         Uscita(u"termine ics"_s, u"t.ics"_s, u"n.mdb"_s,
                {u"--ics"_s, u"%1t.ics"_s, u"termini"_s, u"01/03/2026"_s, u"30"_s, u"giorni"_s},
                [](const QString& In) { ScriviNota(In + u"n.mdb"_s, NotaPrima()); }),
+        ClausoleProprie(),
+        Agenda(true),
+        Agenda(false),
         Fattura(),
     };
 }
