@@ -200,8 +200,10 @@ void TestUccisioniFile::dietroOgniChiamata()
         Vittima Chi(Cartella.chopped(1), Conto, Alla);
         Avvia(Chi, Una, Cartella);
         QVERIFY(Chi.AspettaLaFine());
-        QVERIFY2(Chi.Uccisa(), qPrintable(u"viva alla chiamata %1"_s.arg(Alla)));
-        ++Uccise;
+        // One that lives has made fewer calls than were counted, and what it was to do.
+        const bool InMeno = Una.APezzi && Chi.Riuscita() && Contate(Conto) < Alla;
+        QVERIFY2(Chi.Uccisa() || InMeno, qPrintable(u"viva alla chiamata %1"_s.arg(Alla)));
+        Uccise += Chi.Uccisa() ? 1 : 0;
         {
             const Studio Ufficio;
             Registratore Messaggi;
@@ -216,6 +218,7 @@ void TestUccisioniFile::dietroOgniChiamata()
         }
         QDir(Cartella).removeRecursively();
     }
+    QVERIFY(Uccise > 0);
     if (UccisioniChieste() > 0)
         qInfo("%s: %d uccisioni su %d chiamate, la ripresa piu' lenta %lld ms", qPrintable(Una.Nome), Uccise,
               Tutte, PiuLenta);

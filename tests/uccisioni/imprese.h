@@ -29,6 +29,8 @@ struct Impresa
     bool DaCapo = false;
     /// What it writes with is tried by others in an ordinary run, which leaves it out.
     bool SoloChieste = false;
+    /// What comes over the network comes in as many pieces as it likes: of two runs one may make fewer calls.
+    bool APezzi = false;
 };
 
 [[nodiscard]] QList<Impresa> ImpreseNote();

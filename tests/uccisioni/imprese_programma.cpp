@@ -12,12 +12,14 @@
 #include "core/parametri.h"
 #include "feenote/modNumeraFattura.h"
 #include "platform/base/errore.h"
+#include "platform/network/rete_qt.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/profilo.h"
+#include "servitore/servitore.h"
 #include "update/scarico.h"
 
 #include <QDir>
@@ -277,11 +279,21 @@ void UsaPubblicato(const QString& In)
     InstallaFileChiave(In + u"pubblicato/calcanova.pub"_s);
 }
 
+/// Where the update comes from: a server of this machine, where one was laid out, else the folder.
+QString FileServitore(const QString& In)
+{
+    return In + u"pubblicato/servitore"_s;
+}
+
 Annuncio Annunciato(const QString& In)
 {
     UsaPubblicato(In);
+    InstallaReteQt({});
+    const QString Indirizzo = QString::fromLatin1(Contenuto(FileServitore(In)));
+    const Provenienza Da =
+        Indirizzo.isEmpty() ? DallaCartella(In + u"pubblicato/versioni.txt"_s) : Provenienza{Indirizzo, {}};
     Annuncio Trovato;
-    if (!ControlloVersioni(DallaCartella(In + u"pubblicato/versioni.txt"_s), true, Trovato))
+    if (!ControlloVersioni(Da, true, Trovato))
         throw Errore(errori::Imprevisto, Trovato.Difetto);
     return Trovato;
 }
@@ -312,6 +324,23 @@ void PosaPubblicato(const QString& In)
     Posa(In + u"utente/versioni.txt"_s, "versione=[3.0.1]\n01/01/2026\nnota=");
 }
 
+/// The same folder behind a server, which nobody kills.
+void PosaServito(const QString& In)
+{
+    static const Servitore Locale;
+    static const bool Pieno = [] {
+        const QString Setup = Locale.Cartella() + u"kr5/setup/"_s;
+        QDir().mkpath(Setup);
+        for (const QString& Nome : ContenutoDi(pubblicato::Pubblicato()))
+            QFile::copy(pubblicato::Pubblicato() + Nome, Setup + Nome);
+        return Locale.Pronto();
+    }();
+    if (!Pieno)
+        qFatal("the server of updates does not start");
+    PosaPubblicato(In);
+    Posa(FileServitore(In), Locale.Indirizzo().toLatin1());
+}
+
 /// The archive of rates in use is whole and has its date, or it would be offered again or never; so is the
 /// one kept beside it, the installer, and what was announced.
 QString DifettoAggiornamento(const QString& In)
@@ -333,6 +362,35 @@ QString DifettoAggiornamento(const QString& In)
     if (Byte != pubblicato::Nuovi())
         return u"tassi a metà"_s;
     return DataFile(File).date() >= QDate(2026, 12, 1) ? QString() : u"tassi nuovi con la data vecchia"_s;
+}
+
+Impresa Aggiornamento(bool DallaRete)
+{
+    QStringList Rimane =
+        DelPubblicato + QStringList{u"utente/Tassi.dat"_s, u"utente/Tassi.dat.prima"_s, u"utente/upgrade"_s,
+                                    u"utente/upgrade/upgrade3.0.99.exe"_s, u"utente/versioni.txt"_s};
+    if (DallaRete)
+        Rimane += u"pubblicato/servitore"_s;
+    return {.Nome = DallaRete ? u"tassi e programma dalla rete"_s : u"tassi e programma nuovi"_s,
+            .Prepara = DallaRete ? PosaServito : PosaPubblicato,
+            .Fa =
+                [](const QString& In) {
+                    const Annuncio Trovato = Annunciato(In);
+                    if (Contenuto(In + u"utente/Tassi.dat"_s) != pubblicato::Nuovi())
+                        Pretendi(ScaricaTassi(Trovato));
+                    Pretendi(ScaricaProgramma(Trovato));
+                },
+            .Difetto = DifettoAggiornamento,
+            .Rimane = Rimane,
+            .Poi = [](const QString& In) { Invecchia(In); },
+            .Infine =
+                [](const QString& In) {
+                    return Contenuto(In + u"utente/Tassi.dat"_s) == pubblicato::Nuovi() ? QString()
+                                                                                        : u"tassi vecchi"_s;
+                },
+            .DaCapo = true,
+            .SoloChieste = true,
+            .APezzi = DallaRete};
 }
 
 // ---- the first use ----------------------------------------------------------------------------------
@@ -463,27 +521,8 @@ QList<Impresa> ImpreseProgramma()
          .Difetto = DifettoInvio,
          .Rimane = {u"dati"_s, u"dati/Calcanova"_s, u"dati/Calcanova/invii"_s},
          .Infine = DifettoSpazzati},
-        {.Nome = u"tassi e programma nuovi"_s,
-         .Prepara = PosaPubblicato,
-         .Fa =
-             [](const QString& In) {
-                 const Annuncio Trovato = Annunciato(In);
-                 if (Contenuto(In + u"utente/Tassi.dat"_s) != pubblicato::Nuovi())
-                     Pretendi(ScaricaTassi(Trovato));
-                 Pretendi(ScaricaProgramma(Trovato));
-             },
-         .Difetto = DifettoAggiornamento,
-         .Rimane = DelPubblicato + QStringList{u"utente/Tassi.dat"_s, u"utente/Tassi.dat.prima"_s,
-                                               u"utente/upgrade"_s, u"utente/upgrade/upgrade3.0.99.exe"_s,
-                                               u"utente/versioni.txt"_s},
-         .Poi = [](const QString& In) { Invecchia(In); },
-         .Infine =
-             [](const QString& In) {
-                 return Contenuto(In + u"utente/Tassi.dat"_s) == pubblicato::Nuovi() ? QString()
-                                                                                     : u"tassi vecchi"_s;
-             },
-         .DaCapo = true,
-         .SoloChieste = true},
+        Aggiornamento(false),
+        Aggiornamento(true),
         {.Nome = u"primo uso"_s,
          .Prepara = [](const QString&) { SalvaImpostazione(u"PercorsoProcedura"_s, ProgrammaDiProva()); },
          .Fa =
