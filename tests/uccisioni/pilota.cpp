@@ -5,14 +5,20 @@
 //   CALCANOVA_PILOTA_FA  something else instead, once: "scrive", a change that is not saved; "fattura", the
 //                        electronic invoice of the note as it is; "cambia e fattura", of one with a change
 //                        that is not saved. The first number is 1 behind the change and 2 when the invoice
-//                        begins, the second 1 when it has ended, 2 where the note was known to be invoiced
+//                        begins, the second 1 when it has ended, 2 where the note was known to be invoiced;
+//                        "cancella", the note "n" deleted in the browser of notes; "cambia e cancella", the
+//                        same behind a change of the note in view. The first number is 2 when it begins, the
+//                        second 1 when it has ended, 2 where the browser did not list it
 //   CALCANOVA_PILOTA_FINE  set: the program ends behind the invoice as a command would, with what was said on
 //                        its error stream, 0 where the file was written
 //   CALCANOVA_PILOTA_ANCORA  set: an invoice that is known to be written is written again
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGenericPlugin>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -20,6 +26,7 @@
 #include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTest>
 #include <QTimer>
 
@@ -60,7 +67,15 @@ private:
             QMetaObject::invokeMethod(Dialogo, "accept", Qt::QueuedConnection);
             return;
         }
-        if (QApplication::activeModalWidget() || DentroUnPasso)
+        if (DentroUnPasso)
+            return;
+        if (QWidget* Elenco = Aperto("frmTrovaParcella")) {
+            DentroUnPasso = true;
+            Cancella(*Elenco);
+            DentroUnPasso = false;
+            return;
+        }
+        if (QApplication::activeModalWidget())
             return;
         QLineEdit* Oggetto = InVista();
         if (!Oggetto)
@@ -97,6 +112,51 @@ private:
             Si->click();
     }
 
+    static QWidget* Aperto(const char* Nome)
+    {
+        for (QWidget* Finestra : QApplication::topLevelWidgets())
+            if (Finestra->objectName() == QLatin1String(Nome) && Finestra->isVisible())
+                return Finestra;
+        return nullptr;
+    }
+
+    /// What the program's driver waits for begins here.
+    void Comincia()
+    {
+        Scritto = 2;
+        Segna();
+        for (const char* Nome : {"morte_comincia", "guasto_comincia"})
+            if (const auto Funzione = reinterpret_cast<void (*)()>(dlsym(RTLD_DEFAULT, Nome)))
+                Funzione();
+    }
+
+    void Cancella(QWidget& Elenco)
+    {
+        // The list is finished when it can be handed on.
+        auto* Esporta = Elenco.findChild<QAction*>(QStringLiteral("csv"));
+        auto* Elimina = Elenco.findChild<QAction*>(QStringLiteral("delete"));
+        auto* Righe = Elenco.findChild<QTableView*>();
+        if (!Esporta || !Elimina || !Righe)
+            qFatal("no list in this window");
+        if (Salvato > 0 || !Esporta->isEnabled())
+            return;
+        for (int Riga = 0; Riga < Righe->model()->rowCount(); ++Riga) {
+            const QModelIndex Nome = Righe->model()->index(Riga, 0);
+            if (Nome.data().toString() != QStringLiteral("n"))
+                continue;
+            Righe->setCurrentIndex(Nome);
+            if (!Elimina->isEnabled())
+                return;
+            Comincia();
+            Elimina->trigger();
+            Salvato = 1;
+            Segna();
+            return;
+        }
+        Scritto = Salvato = 2;
+        Segna();
+    }
+
     QLineEdit* InVista()
     {
         for (QWidget* Finestra : QApplication::topLevelWidgets())
@@ -126,12 +186,19 @@ private:
     {
         if (Salvato > 0)
             return;
-        if (Scritto == 0 && Compito != QStringLiteral("fattura")) {
+        if (Scritto == 0 && Compito != QStringLiteral("fattura") && Compito != QStringLiteral("cancella")) {
             Scrivi(Oggetto);
             return;
         }
         if (Compito == QStringLiteral("scrive"))
             return;
+        if (Compito.endsWith(QStringLiteral("cancella"))) {
+            // What was changed is in its copy first.
+            const QDir Copie(QFileInfo(Conto).path() + QStringLiteral("/utente/recupero"));
+            if (Scritto == 0 || !Copie.entryList({QStringLiteral("*.mdb")}, QDir::Files).isEmpty())
+                QTest::keyClick(Oggetto.window(), Qt::Key_O, Qt::ControlModifier);
+            return;
+        }
         auto* Schede = Oggetto.window()->findChild<QTabWidget*>(QStringLiteral("tabParcelle"));
         auto* Pannello = Oggetto.window()->findChild<QAbstractButton*>(QStringLiteral("cmdFatturaXml"));
         auto* Bottone = Oggetto.window()->findChild<QAbstractButton*>(QStringLiteral("cmdSalvaXml"));
@@ -152,11 +219,7 @@ private:
     {
         if (!Bottone.isEnabled())
             qFatal("something is missing for the invoice");
-        Scritto = 2;
-        Segna();
-        for (const char* Nome : {"morte_comincia", "guasto_comincia"})
-            if (const auto Comincia = reinterpret_cast<void (*)()>(dlsym(RTLD_DEFAULT, Nome)))
-                Comincia();
+        Comincia();
         Dette.clear();
         Bottone.click();
         if (qEnvironmentVariableIsSet("CALCANOVA_PILOTA_FINE")) {
