@@ -2,8 +2,8 @@
 # ./test --uccidi: programs killed while they write. Sourced, never run by itself.
 
 # Uccidi KILLS [CLASS]: so many of what writes files, a tenth of them of the real window, some of the invoice that it
-# writes and of its browser of notes, and one behind each call of each kind of save. What is counted is shown; the seed that a failure names gives
-# the same moments again as CALCANOVA_SEME.
+# writes and of its browser of notes, and one behind each call of each kind of save. What is counted is shown; the
+# seed that a failure names gives the same moments again as CALCANOVA_SEME.
 Uccidi()
 {
     local Esito=0 Classe Programma
