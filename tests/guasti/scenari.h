@@ -25,4 +25,6 @@ struct Rifiuto
 int Svolgi(const std::function<void()>& Fai, const QString& Risposta = {});
 
 /// Settings that a failing disk has kept from being read count as lost, and they are whole.
-[[nodiscard]] bool DannoFalso(const Posto& Dove);
+/// @param Deposito their file, below the scenario's folder
+[[nodiscard]] bool DannoFalso(const Posto& Dove,
+                              const QString& Deposito = QStringLiteral("Calcanova/KR5.ini"));

@@ -281,7 +281,10 @@ Scenario Primo()
                         (Contenuto(Copia) != Contenuto(ProgrammaDiProva() + NomeFile(Copia)) ||
                          (QFile::permissions(Copia) & Altri)))
                         return Trovato::Rotto;
-                const QByteArray Deposito = Contenuto(Dove.Cartella + u"casa/config/Calcanova/KR5.ini"_s);
+                const QString FileDeposito = u"casa/config/Calcanova/KR5.ini"_s;
+                if (DannoFalso(Dove, FileDeposito))
+                    return Trovato::Rotto;
+                const QByteArray Deposito = Contenuto(Dove.Cartella + FileDeposito);
                 const bool Ricordato = Deposito.toLower().contains("archivioclicon=");
                 if (!EsisteFile(File))
                     return Ricordato ? Trovato::Rotto : Trovato::Prima;
@@ -294,7 +297,7 @@ Scenario Primo()
                            : Trovato::Prima;
             },
         .Ammessi =
-            {u"casa(/config(/Calcanova(/KR5\\.ini)?)?)?"_s,
+            {u"casa(/config(/Calcanova(/KR5\\.ini(\\.danno)?)?)?)?"_s,
              u"casa/Documents(/KR5(/Tassi\\.dat)?|/Calcanova(/DatiStudio\\.mdb|/Parcelle(/Modelli)?)?)?"_s},
         .Spazza =
             [=](const Posto& Dove) {

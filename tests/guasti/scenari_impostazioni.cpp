@@ -148,9 +148,9 @@ Trovato GuardaIcone(const Posto& Dove, const Uscita&)
 
 }  // namespace
 
-bool DannoFalso(const Posto& Dove)
+bool DannoFalso(const Posto& Dove, const QString& Deposito)
 {
-    const QString File = FileDeposito(Dove) + u".danno"_s;
+    const QString File = Dove.Cartella + Deposito + u".danno"_s;
     return QFile::exists(File) && Contenuto(File) != "fuori portata";
 }
 
