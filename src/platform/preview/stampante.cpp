@@ -4,6 +4,7 @@
 #include "platform/document/misura.h"
 #include "platform/preview/vistastampa.h"
 #include "platform/system/file.h"
+#include "platform/system/fileinmemoria.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
@@ -13,6 +14,7 @@
 #include <QPainter>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QScopeGuard>
 
 #include <algorithm>
 
@@ -139,6 +141,23 @@ void Dipingi(QPrinter& Scelta, const Impaginazione& Fatta, const QList<int>& Sue
         StampanteAssente(Scelta.printerName());
 }
 
+/// The toolkit writes a file where it stands, for everybody to read, and says nothing of a full disk: it gets
+/// one in memory, and the place is taken as every other file takes its own.
+void DipingiPdf(QPrinter& Scelta, const Impaginazione& Fatta, const QList<int>& Sue)
+{
+    const QString Percorso = Scelta.outputFileName();
+    const FileInMemoria Intero;
+    {
+        const auto Rimetti = qScopeGuard([&] { Scelta.setOutputFileName(Percorso); });
+        Scelta.setOutputFileName(Intero.Nome());
+        Dipingi(Scelta, Fatta, Sue);
+    }
+    const QByteArray Byte = Intero.Contenuto();
+    if (!Byte.trimmed().endsWith("%%EOF"))
+        throw Errore(errori::Memoria);
+    ScriviFile(Percorso, Byte, Lettori::Cartella);
+}
+
 QString ConEstensionePdf(const QString& Percorso)
 {
     return Percorso.endsWith(".pdf"_L1, Qt::CaseInsensitive) ? Percorso : Percorso + u".pdf"_s;
@@ -189,7 +208,10 @@ bool PrintDoc(VistaStampa& Vista, const QString& Titolo)
         return false;
     }
     Scelta.setDocName(Titolo);
-    Dipingi(Scelta, Fatta, Sue);
+    if (Scelta.outputFormat() == QPrinter::PdfFormat && !Scelta.outputFileName().isEmpty())
+        DipingiPdf(Scelta, Fatta, Sue);
+    else
+        Dipingi(Scelta, Fatta, Sue);
     Vista.ImpostaCarta(Foglio);
     return true;
 }

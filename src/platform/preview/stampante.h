@@ -17,11 +17,13 @@ class VistaStampa;
 int PrintDialog(VistaStampa& Vista);
 
 /// Prints the document on view as the last PrintDialog has chosen, laid out anew for the printer's paper; the
-/// preview follows to that paper. Does nothing without a choice; a choice serves once.
+/// preview follows to that paper. Does nothing without a choice; a choice serves once. A PDF that the dialog
+/// asks for is whole before it takes its place, and open to whom its folder is.
 ///
 /// @param Titolo name of the job in the printer's queue
 /// @return true when pages went to the printer
-/// @throws Errore 482 when the printer is gone or refuses; preview and paper are then as they were
+/// @throws Errore 482 when the printer is gone or refuses, and 7, 61, 70, 75, 76 as the file system refuses a
+/// PDF; preview, paper and a file that was there are then as they were
 bool PrintDoc(VistaStampa& Vista, const QString& Titolo);
 
 /// Asks for a place and writes the document on view there as a PDF, which has Nome as its title. An existing

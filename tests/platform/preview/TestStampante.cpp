@@ -4,6 +4,7 @@
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "supporto/guasti.h"
+#include "supporto/maschera.h"
 #include "supporto/prova.h"
 #include "supporto/registratore.h"
 #include "vista_prova.h"
@@ -14,7 +15,6 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QProcess>
-#include <QRegularExpression>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -35,7 +35,9 @@ private Q_SLOTS:
     void paginaInVista();
     void laCartaDellaStampanteResta();
     void stampanteSparita();
-    void stampanteCheRifiuta();
+    void stampaSuFileDelSoloUtente();
+    void stampaSuFileRifiutata_data();
+    void stampaSuFileRifiutata();
     void unaSceltaValePerUnaVolta();
     void copieEIntervalloNonSiRicordano();
     void dialogoVero();
@@ -264,18 +266,60 @@ void TestStampante::stampanteSparita()
     QCOMPARE(S.vp.PaginaInVista(), 3);
 }
 
-void TestStampante::stampanteCheRifiuta()
+/// What a client owes is not for everybody to read, and a file that was there stays as open as it was.
+void TestStampante::stampaSuFileDelSoloUtente()
 {
     VistaStampa vp;
     ScriviRighe(vp, 3);
+    QString NomeDopo;
     Scegli([&](QPrinter& Scelta) {
-        Scelta.setOutputFileName(CartellaDiProva() + u"manca/stampa.pdf"_s);
+        NomeDopo = Scelta.outputFileName();
+        Scelta.setOutputFileName(Uscita());
         return true;
     });
+    const SenzaMaschera Aperta;
     QCOMPARE(PrintDialog(vp), 1);
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"QPainter|open"_s));
-    const ErroreVisto Guasto = ErroreDi([&] { PrintDoc(vp, u"prova"_s); });
-    QCOMPARE(Guasto.Numero, 482);
+    QVERIFY(PrintDoc(vp, u"prova"_s));
+    QCOMPARE(Inizi(Uscita()), QStringList{u"Riga 1"_s});
+    QCOMPARE(QFileInfo(Uscita()).permissions() & DiAltri, QFile::Permissions());
+
+    QVERIFY(QFile::setPermissions(Uscita(), QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup));
+    QCOMPARE(PrintDialog(vp), 1);
+    QCOMPARE(NomeDopo, Uscita());  // the dialog begins with what was chosen last
+    QVERIFY(PrintDoc(vp, u"prova"_s));
+    QCOMPARE(QFileInfo(Uscita()).permissions() & DiAltri, QFile::Permissions(QFile::ReadGroup));
+}
+
+void TestStampante::stampaSuFileRifiutata_data()
+{
+    pdfRifiutato_data();
+}
+
+void TestStampante::stampaSuFileRifiutata()
+{
+    QFETCH(QString, Caso);
+    QFETCH(int, Numero);
+    Scena S(190);
+    ScriviFile(Uscita(), "vecchio");
+    const auto Rimetti = qScopeGuard([&] {
+        guasti::LimiteFile = 0;
+        ImpostaSolaLettura(Uscita(), false);
+    });
+    if (Caso == u"disco")
+        guasti::LimiteFile = 100;
+    else if (Caso != u"cartella")
+        ImpostaSolaLettura(Uscita(), true);
+    Scegli([&](QPrinter& Scelta) {
+        Scelta.setOutputFileName(Caso == u"cartella" ? CartellaDiProva() + u"manca/stampa.pdf"_s : Uscita());
+        Scelta.setPageSize(QPageSize(QPageSize::A5));
+        return true;
+    });
+    QCOMPARE(PrintDialog(S.vp), 1);
+    const ErroreVisto Guasto = ErroreDi([&] { PrintDoc(S.vp, u"prova"_s); });
+    QCOMPARE(Guasto.Numero, Numero);
+    QVERIFY(!Guasto.Descrizione.isEmpty());
+    QCOMPARE(LeggiFile(Uscita()), "vecchio");
+    QCOMPARE(S.vp.CartaInUso(), Carta());
 }
 
 void TestStampante::unaSceltaValePerUnaVolta()
