@@ -40,11 +40,13 @@ void SvuotaSessione()
     sessione::NotaAgg.clear();
 }
 
-/// What has come takes the place of the former file. @return false where there is none, or it cannot be put
+/// What has come takes the place of the former file, which counts for nothing: its readers are the folder's.
+/// @return false where there is none, or it cannot be put
 /// there
 bool Posa(const QString& Arrivato)
 {
     try {
+        DaiPermessi(Arrivato, {}, Lettori::Cartella);
         SostituisciFile(Arrivato, FileVersioni());
         return true;
     } catch (const NonConfermato&) {

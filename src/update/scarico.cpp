@@ -50,9 +50,11 @@ private:
 };
 
 /// A name that is on the disk before the bytes behind it would be half a file after a loss of power.
-void Sostituisci(const Arrivo& Nuovo, const QString& Vecchio)
+/// @param Come the file whose readers it keeps: an office's folder is open to colleagues whose system is not
+void Sostituisci(const Arrivo& Nuovo, const QString& Vecchio, const QString& Come)
 {
     ScriviSulDisco(Nuovo.File());
+    DaiPermessi(Nuovo.File(), Come, Lettori::Cartella);
     SostituisciFile(Nuovo.File(), Vecchio);
 }
 
@@ -164,8 +166,8 @@ QString Tassi(const Annuncio& Trovato, const PassoAggiornamento& Passo)
     const Arrivo Prima(Archivio);
     CopiaFile(Archivio, Prima.File(), MassimoTassi);
     ImpostaDataFile(Prima.File(), DataFile(Archivio));
-    Sostituisci(Prima, CartellaFile(Archivio) + u"Tassi.dat.prima"_s);
-    Sostituisci(Nuovo, Archivio);
+    Sostituisci(Prima, CartellaFile(Archivio) + u"Tassi.dat.prima"_s, Archivio);
+    Sostituisci(Nuovo, Archivio, Archivio);
     return Archivio;
 }
 
@@ -193,7 +195,7 @@ QString Programma(const Annuncio& Trovato, const PassoAggiornamento& Passo)
     const Arrivo Nuovo(File);
     Porta(Trovato.Da, Nome, Nuovo.File(), MassimoInstallatore, Passo);
     PretendiIntegro(Trovato, Nome, Nuovo.File());
-    Sostituisci(Nuovo, File);
+    Sostituisci(Nuovo, File, File);
     return File;
 }
 

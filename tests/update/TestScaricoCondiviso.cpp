@@ -4,6 +4,7 @@
 #include "platform/system/cartelle.h"
 #include "platform/system/permessi.h"
 #include "supporto/guasti.h"
+#include "supporto/maschera.h"
 
 class TestScaricoCondiviso : public QObject
 {
@@ -11,6 +12,8 @@ class TestScaricoCondiviso : public QObject
 private Q_SLOTS:
     void nellaCartellaDiUnCollega_data();
     void nellaCartellaDiUnCollega();
+    void chiLeggevaLegge_data();
+    void chiLeggevaLegge();
 };
 PROVA(TestScaricoCondiviso);
 
@@ -38,6 +41,46 @@ void TestScaricoCondiviso::nellaCartellaDiUnCollega()
     QVERIFY(DiQuestoUtente(Esito.File));
     QVERIFY(ContenutoDi(Sue).isEmpty());
     QVERIFY(QDir(CartellaDati() + u"upgrade"_s).removeRecursively());
+}
+
+void TestScaricoCondiviso::chiLeggevaLegge_data()
+{
+    QTest::addColumn<bool>("DalServer");
+    QTest::addColumn<bool>("DiTutti");
+    for (const bool DalServer : {true, false}) {
+        const char* Da = DalServer ? "server" : "folder";
+        QTest::addRow("an office's, the updater's own files closed, %s", Da) << DalServer << true;
+        QTest::addRow("a user's own, new files open to everybody, %s", Da) << DalServer << false;
+    }
+}
+
+/// Whoever reads rates reads the updated ones, and nobody else does, whatever the updater's system gives his
+/// files.
+void TestScaricoCondiviso::chiLeggevaLegge()
+{
+    QFETCH(bool, DalServer);
+    QFETCH(bool, DiTutti);
+    BancoAggiornamenti B;
+    B.Posa(u"tassi.dat"_s, BancoAggiornamenti::ArchivioNuovo());
+    B.Annunciate(SoloTassi);
+    B.Firmate();
+    const QFile::Permissions Suoi = QFile::ReadOwner | QFile::WriteOwner;
+    const QFile::Permissions Chi = DiTutti ? Suoi | QFile::ReadGroup | QFile::WriteGroup : Suoi;
+    const QString Cartella = Barra(sessione::UserFolder);
+    QVERIFY(QFile::setPermissions(
+        Cartella,
+        QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
+            (DiTutti ? QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup : QFile::Permissions())));
+    QVERIFY(QFile::setPermissions(BancoAggiornamenti::Archivio(), Chi));
+    const SenzaMaschera Aperta;
+    if (DiTutti)
+        ::umask(077);
+    const Annuncio Trovato = B.Controllato(DalServer ? ::DalServer() : B.Cartella());
+    const EsitoScarico Esito = ScaricaTassi(Trovato);
+    QCOMPARE(Esito.Dettaglio, QString());
+    constexpr QFile::Permissions Guardati = QFile::ReadOwner | QFile::WriteOwner | DiAltri;
+    for (const QString& Nome : {u"Tassi.dat"_s, u"Tassi.dat.prima"_s, u"versioni.txt"_s})
+        QVERIFY2((QFile::permissions(Cartella + Nome) & Guardati) == Chi, qPrintable(Nome));
 }
 
 #include "TestScaricoCondiviso.moc"
