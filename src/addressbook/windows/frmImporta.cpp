@@ -16,6 +16,7 @@
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/davanti.h"
 #include "platform/kit/predefinito.h"
 #include "platform/kit/servizi_qt.h"
 #include "platform/system/esportato.h"
@@ -143,7 +144,7 @@ void frmImporta::CollegaControlli()
 void frmImporta::Mostra(const QString& DiArchivio, const QString& Tabella, Modo Che, const QString& File)
 {
     if (AlLavoro) {
-        raise();
+        PortaDavanti(this);
         return;
     }
     InArchivio = DiArchivio;
@@ -157,9 +158,7 @@ void frmImporta::Mostra(const QString& DiArchivio, const QString& Tabella, Modo 
     ui->txtArrivo->setText(sessione::ParcellePath);
     VaiA(PagScelta);
     MostraModo();
-    show();
-    raise();
-    activateWindow();
+    PortaDavanti(this);
     ui->txtFile->setFocus();
 }
 

@@ -4,6 +4,7 @@
 #include "core/modErrori.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/davanti.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/shell.h"
 
@@ -159,10 +160,7 @@ void frmRicerche::Apri()
 {
     if (isVisible())
         Attiva();
-    else
-        show();
-    raise();
-    activateWindow();
+    PortaDavanti(this);
 }
 
 void frmRicerche::showEvent(QShowEvent* Evento)

@@ -12,6 +12,7 @@
 #include "platform/kit/barra.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/davanti.h"
 #include "platform/kit/suggerimento.h"
 #include "platform/system/messaggi.h"
 #include "platform/system/percorsi.h"
@@ -231,7 +232,7 @@ void frmRubrica::ApriMenu(int Riga, const QPoint& Punto)
 bool frmRubrica::Apri(const RichiestaRubrica& Chiesta)
 {
     if (isVisible() && !Congeda()) {
-        raise();
+        PortaDavanti(this);
         return false;
     }
     const RichiestaRubrica Prima = std::exchange(Richiesta, Chiesta);
@@ -246,10 +247,7 @@ bool frmRubrica::Apri(const RichiestaRubrica& Chiesta)
     // Keyboard and mouse alike: without this, which showing a window takes away, no list is outlined before
     // the first Tab.
     setAttribute(Qt::WA_KeyboardFocusChange);
-    if (isMinimized())
-        showNormal();
-    raise();
-    activateWindow();
+    PortaDavanti(this);
     ui->tdbRubrica->setFocus();
     AvviaMenu();
     DaOffrire = InAccess;

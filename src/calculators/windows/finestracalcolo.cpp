@@ -6,6 +6,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/davanti.h"
 #include "platform/kit/predefinito.h"
 #include "platform/kit/trattieni.h"
 #include "platform/system/messaggi.h"
@@ -200,8 +201,7 @@ bool MostraModulo(QDialog* Modulo)
     // Enter and the first focus are the keyboard's too: without this, which showing a window takes away, the
     // style outlines no list, tick or option before the first Tab.
     Modulo->setAttribute(Qt::WA_KeyboardFocusChange);
-    Modulo->raise();
-    Modulo->activateWindow();
+    PortaDavanti(Modulo);
     return Nuovo;
 }
 

@@ -8,6 +8,7 @@
 #include "feenote/windows/frmParcelle.h"
 #include "feenote/windows/noteaperte.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/davanti.h"
 #include "platform/kit/servizi_qt.h"
 #include "platform/network/staffetta.h"
 #include "platform/system/file.h"
@@ -69,10 +70,8 @@ public:
         Attesi << Percorso;
         ++InAttesa();
         // Who waits for an answer comes into view, or nothing would seem to happen.
-        if (QWidget* Davanti = QApplication::activeModalWidget()) {
-            Davanti->raise();
-            Davanti->activateWindow();
-        }
+        if (QWidget* Davanti = QApplication::activeModalWidget())
+            PortaDavanti(Davanti);
         Orologio.start();
     }
 

@@ -14,6 +14,7 @@
 #include "platform/kit/barra.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/davanti.h"
 #include "platform/kit/lettere.h"
 #include "platform/kit/singola.h"
 #include "platform/kit/tastimostrati.h"
@@ -222,10 +223,7 @@ QMdiArea* frmMain::Area()
     if (!isVisible())
         Form_Load();
     // It may lie minimised, or behind the desktop that a note was just asked of.
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    show();
-    raise();
-    activateWindow();
+    PortaDavanti(this);
     return ui->areaParcelle;
 }
 

@@ -17,6 +17,7 @@
 #include "core/versione.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/davanti.h"
 #include "platform/kit/lettere.h"
 #include "platform/kit/servizi_qt.h"
 #include "platform/kit/singola.h"
@@ -165,10 +166,7 @@ frmStudio::~frmStudio()
 
 void frmStudio::Mostra()
 {
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    show();
-    raise();
-    activateWindow();
+    PortaDavanti(this);
 }
 
 // ---- keys, last notes ---------------------------------------------------------------------------

@@ -18,6 +18,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/davanti.h"
 #include "platform/kit/suggerimento.h"
 #include "platform/system/impostazioni.h"
 #include "platform/system/messaggi.h"
@@ -274,9 +275,7 @@ void frmSetup::Prepara(int Indice)
 void frmSetup::Mostra(int Indice)
 {
     Prepara(Indice);
-    show();
-    raise();
-    activateWindow();
+    PortaDavanti(this);
 }
 
 void frmSetup::MostraModale(int Indice)
@@ -286,8 +285,7 @@ void frmSetup::MostraModale(int Indice)
         exec();
         return;
     }
-    raise();
-    activateWindow();
+    PortaDavanti(this);
 }
 
 void frmSetup::MostraCasella(CasellaStudio Quale)

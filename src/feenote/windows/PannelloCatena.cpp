@@ -2,6 +2,7 @@
 
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/davanti.h"
 #include "print/modRiepilogo.h"
 
 #include <QClipboard>
@@ -146,9 +147,7 @@ void PannelloCatena::Alterna(const QWidget* Sopra)
         std::clamp(Posto.left(), Schermo.left(), std::max(Schermo.left(), Schermo.right() - width())));
     Posto.moveTop(std::max(Posto.top(), Schermo.top()));
     move(Posto.topLeft());
-    show();
-    raise();
-    activateWindow();
+    PortaDavanti(this);
     Righe->setFocus(Qt::OtherFocusReason);
 }
 

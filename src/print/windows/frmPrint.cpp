@@ -2,6 +2,7 @@
 
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/davanti.h"
 #include "platform/kit/singola.h"
 #include "platform/preview/barraanteprima.h"
 #include "platform/preview/stampante.h"
@@ -116,11 +117,7 @@ void frmPrint::Mostra(const QString& Suffisso)
     Vista->ImpostaZoom(Vista->Foglio().Zoom);
     Vista->ImpostaPreviewPage(1);
     Barra->MostraPagina();
-    show();
-    if (isMinimized())
-        showNormal();
-    raise();
-    activateWindow();
+    PortaDavanti(this);
 }
 
 void frmPrint::keyPressEvent(QKeyEvent* Evento)

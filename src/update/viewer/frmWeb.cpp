@@ -9,6 +9,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/davanti.h"
 #include "platform/kit/suggerimento.h"
 #include "platform/system/file.h"
 #include "platform/system/messaggi.h"
@@ -146,10 +147,11 @@ void frmWeb::Mostra()
     if (isVisible()) {
         // Asked for again from a catalogue, whose keys must not be taken away; the guide is asked for to be
         // read.
-        raise();
-        if (!Guida.isEmpty()) {
+        if (Guida.isEmpty()) {
             setWindowState(windowState() & ~Qt::WindowMinimized);
-            activateWindow();
+            raise();
+        } else {
+            PortaDavanti(this);
             ui->Web1->setFocus();
         }
         return;
@@ -168,8 +170,7 @@ void frmWeb::Mostra()
     show();
     // Found before, the anchor stands where it stood at another width.
     ui->Web1->TornaAllAncora();
-    raise();
-    activateWindow();
+    PortaDavanti(this);
 }
 
 /// A page of the guide is told by its own title, as the task bar shows it.

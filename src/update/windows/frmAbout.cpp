@@ -4,6 +4,7 @@
 #include "core/versione.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/davanti.h"
 #include "platform/system/shell.h"
 
 #include "update/windows/ui_frmAbout.h"
@@ -62,9 +63,7 @@ void frmAbout::Mostra()
         Load();
         ui->cmdChiudi->setFocus();
     }
-    show();
-    raise();
-    activateWindow();
+    PortaDavanti(this);
 }
 
 void frmAbout::Load()

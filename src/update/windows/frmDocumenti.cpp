@@ -8,6 +8,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/davanti.h"
 #include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 
@@ -96,9 +97,7 @@ void frmDocumenti::Mostra()
         ui->tdbDocum->ImpostaRigaCorrente(0);
         ui->tdbDocum->setFocus();
     }
-    show();
-    raise();
-    activateWindow();
+    PortaDavanti(this);
 }
 
 void frmDocumenti::Load()

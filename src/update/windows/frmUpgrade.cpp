@@ -9,6 +9,7 @@
 #include "platform/base/regionale.h"
 #include "platform/kit/aspetto.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/davanti.h"
 #include "platform/kit/servizi_qt.h"
 #include "platform/system/messaggi.h"
 #include "update/scarico.h"
@@ -150,10 +151,7 @@ void frmUpgrade::showEvent(QShowEvent* Evento)
 
 void frmUpgrade::Mostra(const QString& Parola)
 {
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    show();
-    raise();
-    activateWindow();
+    PortaDavanti(this);
     Avvia(Parola);
 }
 

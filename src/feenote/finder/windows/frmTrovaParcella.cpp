@@ -13,6 +13,7 @@
 #include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
+#include "platform/kit/davanti.h"
 #include "platform/kit/suggerimento.h"
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
@@ -310,9 +311,7 @@ QString frmTrovaParcella::OpenParcMod(int Quale, const QString& Cartella, int De
         setModal(false);
         return FileScelto;
     }
-    show();
-    raise();
-    activateWindow();
+    PortaDavanti(this);
     ui->txtDesPar->setFocus();
     return {};
 }
