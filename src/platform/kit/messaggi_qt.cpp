@@ -1,5 +1,6 @@
 #include "platform/kit/messaggi_qt.h"
 
+#include "platform/base/errore.h"
 #include "platform/kit/aspetto.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
@@ -17,6 +18,7 @@
 #include <QPrinter>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QSettings>
 #include <QTreeView>
 
 #include <algorithm>
@@ -181,6 +183,23 @@ public:
     }
 };
 
+/// The toolkit notes in a file of its own which folders its dialogs have shown, and folders are named for
+/// clients and matters. It lets the system say who reads a new one, and leaves one that is there as open as
+/// it is: the file stands before each dialog, for nobody else to read.
+void ChiudiRicordi()
+{
+#ifndef Q_OS_WIN
+    const QString File = QSettings(QSettings::UserScope, u"QtProject"_s).fileName();
+    try {
+        CreaCartellaDiUtente(CartellaFile(File));
+        if (!CreaFile(File, {}, Lettori::SoloUtente))
+            DaiPermessi(File, {}, Lettori::SoloUtente);
+    } catch (const Errore&) {
+        // Where the user may not write, the toolkit writes nothing.
+    }
+#endif
+}
+
 /// Columns as wide as their titles, which are longer than the English ones that Qt counts on. A dialog of the
 /// system's own has none.
 void AllargaColonne(const QFileDialog& Dialogo)
@@ -234,6 +253,7 @@ QString ConFineDelTipo(const QFileDialog& Dialogo, const QString& Scelto)
 QString ScegliFile(QFileDialog::AcceptMode Modo, const QString& Titolo, const QString& Iniziale,
                    const QString& Filtro)
 {
+    ChiudiRicordi();
     const DialogoSopra<QFileDialog> Dialogo(Sopra(), Titolo, QString(), FiltroQt(Filtro));
     Dialogo->setAcceptMode(Modo);
     Dialogo->setFileMode(Modo == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
@@ -245,6 +265,7 @@ QString ScegliFile(QFileDialog::AcceptMode Modo, const QString& Titolo, const QS
 
 std::optional<int> ScegliColore(int Iniziale)
 {
+    ChiudiRicordi();
     const PuntatoreNormale Puntatore;
     const DialogoSopra<QColorDialog> Dialogo(aspetto::DaBgr(Iniziale), Sopra());
     if (Dialogo->exec() != QDialog::Accepted)
@@ -254,6 +275,7 @@ std::optional<int> ScegliColore(int Iniziale)
 
 bool ScegliStampante(QPrinter& Scelta)
 {
+    ChiudiRicordi();
     const PuntatoreNormale Puntatore;
     const DialogoSopra<QPrintDialog> Dialogo(&Scelta, Sopra());
     Dialogo->setWindowTitle(u"Stampa"_s);

@@ -4,6 +4,7 @@
 #include "platform/system/messaggi.h"
 #include "platform/system/shell.h"
 #include "supporto/finestre.h"
+#include "supporto/maschera.h"
 #include "supporto/prova.h"
 
 #include <QColorDialog>
@@ -16,6 +17,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSettings>
 #include <QTimer>
 #include <QTreeView>
 #include <QVBoxLayout>
@@ -70,6 +72,8 @@ private Q_SLOTS:
     void salvaNelTipoScelto();
     void dialogoInItaliano();
     void dialogoAnnullato();
+    void iRicordiDelSoloUtente_data();
+    void iRicordiDelSoloUtente();
     void colore();
     void clessidra();
     void clessidraDuranteUnMessaggio();
@@ -321,6 +325,40 @@ void TestServiziQt::dialogoAnnullato()
 {
     Prossimo<QFileDialog>([](QFileDialog& Aperto) { Aperto.reject(); });
     QVERIFY(DialogoApri(u"Apri"_s, NuovaCartella(), u""_s).isEmpty());
+}
+
+void TestServiziQt::iRicordiDelSoloUtente_data()
+{
+    QTest::addColumn<bool>("Presente");
+    QTest::newRow("none is there") << false;
+    QTest::newRow("another program has left one for everybody") << true;
+}
+
+/// The toolkit keeps the folders that it has shown, which are named for clients.
+void TestServiziQt::iRicordiDelSoloUtente()
+{
+    QFETCH(bool, Presente);
+    const QString Ricordi = QSettings(QSettings::UserScope, u"QtProject"_s).fileName();
+    QVERIFY(Ricordi.startsWith(CartellaDiProva()));
+    const QString Cartella = NuovaCartella() + u"Rossi contro Bianchi"_s;
+    QVERIFY(QDir().mkpath(Cartella));
+    Crea(Cartella + u"/nota.mdb"_s);
+    QFile::remove(Ricordi);
+    const SenzaMaschera Aperta;
+    if (Presente)
+        Crea(Ricordi);
+    QFile::Permissions Durante = DiAltri;
+    Prossimo<QFileDialog>([&](QFileDialog& Aperto) {
+        Durante = QFile::permissions(Ricordi) & DiAltri;
+        Aperto.selectFile(u"nota.mdb"_s);
+        static_cast<QDialog&>(Aperto).done(QDialog::Accepted);
+    });
+    QVERIFY(!DialogoApri(u"Apri"_s, Cartella, u"Parcelle (*.mdb)|*.mdb"_s).isEmpty());
+    QCOMPARE(Durante, QFile::Permissions());
+    QFile Scritti(Ricordi);
+    QVERIFY(Scritti.open(QIODevice::ReadOnly));
+    QVERIFY(Scritti.readAll().contains("Rossi"));
+    QCOMPARE(Scritti.permissions() & DiAltri, QFile::Permissions());
 }
 
 void TestServiziQt::colore()
