@@ -5,6 +5,7 @@
 #include "core/modErrori.h"
 #include "platform/base/errore.h"
 #include "platform/kit/aspetto.h"
+#include "platform/kit/barra.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/trattieni.h"
@@ -114,14 +115,9 @@ void frmScheda::CostruisciBarra()
 {
     for (const TastoScheda& Descritto : TastiScheda) {
         const QString Chiave = Descritto.Chiave.toString();
-        QAction* Azione = ui->barScheda->addAction(aspetto::Icona(Descritto.Icona.toString()),
-                                                   Descritto.Scritta.toString());
-        Azione->setObjectName(Chiave);
-        Azione->setToolTip(Descritto.Suggerimento.toString());
-        QWidget* Bottone = ui->barScheda->widgetForAction(Azione);
-        Bottone->setObjectName(u"barScheda_"_s + Chiave);
-        Bottone->setAccessibleName(Descritto.Suggerimento.toString());
-        Bottone->setFocusPolicy(Qt::TabFocus);
+        QAction* Azione = AggiungiTasto(ui->barScheda, Chiave, Descritto.Suggerimento.toString(),
+                                        Descritto.Scritta.toString());
+        Azione->setIcon(aspetto::Icona(Descritto.Icona.toString()));
         Collega(Azione, &QAction::triggered, this, [this, Chiave] { barScheda_ButtonClick(Chiave); });
     }
     ui->barScheda->findChild<QAction*>(u"print"_s)->setEnabled(false);

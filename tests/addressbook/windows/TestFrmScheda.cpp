@@ -36,6 +36,7 @@ private Q_SLOTS:
     void ordineEInvio();
     void invioInUnaNota();
     void lettereDellaBarra();
+    void segnoDellaBarra();
     void tastiPerSalvare_data();
     void tastiPerSalvare();
     void paginaSuEGiu();
@@ -394,6 +395,13 @@ void TestFrmScheda::lettereDellaBarra()
     const QKeyCombination Tasto = Annulla->shortcut()[0];
     QTest::keyClick(Scheda->windowHandle(), Tasto.key(), Tasto.keyboardModifiers());
     QTRY_COMPARE(Chiusure.size(), 1);  // the button is seen to go down
+}
+
+/// The sign of what has no room is drawn in the colours of the desktop.
+void TestFrmScheda::segnoDellaBarra()
+{
+    const auto* Altri = Apri(u"edit"_s).findChild<QToolButton*>(u"qt_toolbar_ext_button"_s);
+    QCOMPARE(Altri->icon().pixmap(16).toImage(), aspetto::Icona(u"annodopo"_s).pixmap(16).toImage());
 }
 
 void TestFrmScheda::tastiPerSalvare_data()

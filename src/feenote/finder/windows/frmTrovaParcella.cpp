@@ -11,6 +11,7 @@
 #include "platform/base/regionale.h"
 #include "platform/grid/griglia.h"
 #include "platform/kit/aspetto.h"
+#include "platform/kit/barra.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/davanti.h"
@@ -115,17 +116,13 @@ void frmTrovaParcella::CostruisciBarra()
     }
     for (const TastoTrova& Descritto : Tasti) {
         const QString Chiave = Descritto.Chiave.toString();
-        QAction* Azione =
-            ui->barTrova->addAction(aspetto::Icona(Descritto.Icona.toString()), Descritto.Scritta.toString());
-        Azione->setObjectName(Chiave);
-        Azione->setToolTip(Descritto.Suggerimento.toString());
-        auto* Bottone = qobject_cast<QToolButton*>(ui->barTrova->widgetForAction(Azione));
-        Bottone->setObjectName(u"barTrova_"_s + Chiave);
-        Bottone->setAccessibleName(Descritto.Suggerimento.toString());
-        Bottone->setFocusPolicy(Qt::TabFocus);
+        QAction* Azione = AggiungiTasto(ui->barTrova, Chiave, Descritto.Suggerimento.toString(),
+                                        Descritto.Scritta.toString());
+        Azione->setIcon(aspetto::Icona(Descritto.Icona.toString()));
         if (Chiave == u"selez" || Chiave == u"open") {
             Azione->setMenu(Tendina);
-            Bottone->setPopupMode(QToolButton::MenuButtonPopup);
+            qobject_cast<QToolButton*>(ui->barTrova->widgetForAction(Azione))
+                ->setPopupMode(QToolButton::MenuButtonPopup);
         }
         Collega(Azione, &QAction::triggered, this, [this, Chiave] { barTrova_ButtonClick(Chiave); });
     }

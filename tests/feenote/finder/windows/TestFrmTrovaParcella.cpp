@@ -2,6 +2,7 @@
 #include "bancotrova.h"
 
 #include "core/parametri.h"
+#include "platform/kit/aspetto.h"
 
 #include <QPushButton>
 #include <QTimer>
@@ -34,6 +35,7 @@ private Q_SLOTS:
     void lOrdineFinoAllaChiusura();
     void siInterrompe();
     void leLettere();
+    void segnoDellaBarra();
     void escChiude();
     void ricordaIlPosto();
     void ricordaLeLarghezze();
@@ -351,6 +353,14 @@ void TestFrmTrovaParcella::leLettere()
     QCOMPARE(Corrente(), u"rossi 10"_s);
     QTest::keyClick(F.get(), Qt::Key_F, Qt::ControlModifier);
     QCOMPARE(QApplication::focusWidget(), Testo());
+}
+
+/// The sign of what has no room is drawn in the colours of the desktop.
+void TestFrmTrovaParcella::segnoDellaBarra()
+{
+    Apri();
+    const auto* Altri = F->findChild<QToolButton*>(u"qt_toolbar_ext_button"_s);
+    QCOMPARE(Altri->icon().pixmap(16).toImage(), aspetto::Icona(u"annodopo"_s).pixmap(16).toImage());
 }
 
 void TestFrmTrovaParcella::escChiude()
