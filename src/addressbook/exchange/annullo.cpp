@@ -113,17 +113,29 @@ QString ImprontaRighe(const Database& Db, const QString& Tabella)
 
 constexpr int ByteTestata = 100;
 
+/// @throws Errore as LeggiFile
+QJsonObject LeggiRegistro(const Coppia& Quale)
+{
+    return QJsonDocument::fromJson(LeggiFile(Quale.Registro, MassimoRegistro)).object();
+}
+
+/// The import of this record was never confirmed: nobody has written to the archive since it was announced.
+/// An archive that cannot say so is taken at the record's word.
+bool NonConfermata(const QString& Archivio, const QJsonObject& Detto)
+{
+    const std::optional<qint64> Ora = Scritture(InizioDelFile(Archivio, ByteTestata));
+    return Ora && *Ora < Detto[u"scritture"_s].toInteger();
+}
+
 /// The record of an import into the archive; empty where there is none, or one of an import that was never
-/// confirmed: nobody has written to the archive since it was announced.
+/// confirmed.
 QJsonObject Registro(const QString& Archivio, const Coppia& Quale)
 {
     if (!EsisteFile(Quale.Registro) || !EsisteFile(Quale.Copia))
         return {};
     try {
-        const QJsonObject Detto =
-            QJsonDocument::fromJson(LeggiFile(Quale.Registro, MassimoRegistro)).object();
-        const std::optional<qint64> Ora = Scritture(InizioDelFile(Archivio, ByteTestata));
-        return Ora && *Ora < Detto[u"scritture"_s].toInteger() ? QJsonObject() : Detto;
+        const QJsonObject Detto = LeggiRegistro(Quale);
+        return NonConfermata(Archivio, Detto) ? QJsonObject() : Detto;
     } catch (const Errore&) {
         return {};  // a record that cannot be read is none
     }
@@ -249,17 +261,16 @@ QString FileGuasto(const Coppia& Quale)
     if (!EsisteFile(Quale.Copia))
         return Quale.Copia;
     try {
-        const QJsonObject Detto =
-            QJsonDocument::fromJson(LeggiFile(Quale.Registro, MassimoRegistro)).object();
-        const bool Valido = QDateTime::fromString(Detto[u"quando"_s].toString(), Qt::ISODate).isValid();
+        const bool Valido =
+            QDateTime::fromString(LeggiRegistro(Quale)[u"quando"_s].toString(), Qt::ISODate).isValid();
         return Valido ? QString() : Quale.Registro;
     } catch (const Errore&) {
         return Quale.Registro;
     }
 }
 
-/// What an import has left that came to no end: a copy without its record, or the other way round, or a
-/// record behind which nobody has written to the archive. What cannot be read now is left alone.
+/// What an import has left that came to no end: a copy without its record, or the other way round, or the
+/// record of an import that was never confirmed. What cannot be read now is left alone.
 bool MaiFinita(const QString& Archivio, const Coppia& Quale)
 {
     if (Presente(Quale.Registro) != Presente(Quale.Copia))
@@ -267,10 +278,7 @@ bool MaiFinita(const QString& Archivio, const Coppia& Quale)
     if (!EsisteFile(Quale.Copia))
         return false;
     try {
-        const QJsonObject Detto =
-            QJsonDocument::fromJson(LeggiFile(Quale.Registro, MassimoRegistro)).object();
-        const std::optional<qint64> Ora = Scritture(InizioDelFile(Archivio, ByteTestata));
-        return Ora && *Ora < Detto[u"scritture"_s].toInteger();
+        return NonConfermata(Archivio, LeggiRegistro(Quale));
     } catch (const Errore&) {
         return false;
     }
