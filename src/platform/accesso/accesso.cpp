@@ -8,6 +8,7 @@
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/permessi.h"
 #include "platform/system/shell.h"
 
 #include <QDateTime>
@@ -61,7 +62,7 @@ void ControllaOrigine(const QString& File)
     const QFileInfo Info(File);
     if (!Info.exists())
         throw Errore(errori::FileMancante);
-    if (!Info.isFile() || !(Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther)))
+    if (!Info.isFile() || !Leggibile(Info))
         throw Errore(errori::Accesso);
     if (!EDiAccess(File))
         throw Rifiutato(u"Il file non è un archivio di Access"_s);

@@ -10,6 +10,7 @@
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/permessi.h"
 #include "platform/system/sincrono.h"
 
 #include <QDir>
@@ -101,7 +102,7 @@ void ControllaFile(const QString& Percorso)
     const QFileInfo Info(Percorso);
     if (!Info.exists())
         throw ErroreDelFile(errori::DatabaseMancante, Percorso);
-    if (!Info.isFile() || !Info.permission(QFile::ReadOwner))
+    if (!Info.isFile() || !Leggibile(Info))
         throw ErroreDelFile(errori::Accesso, Percorso);
 }
 

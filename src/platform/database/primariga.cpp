@@ -4,6 +4,7 @@
 #include "platform/database/connessione.h"
 #include "platform/database/criterio.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/permessi.h"
 
 #include <QFileInfo>
 #include <QtEndian>
@@ -131,7 +132,7 @@ std::optional<QStringList> LeggiPrimaRiga(const QString& Percorso, const QString
     const QFileInfo Info(File);
     if (!Info.exists())
         throw Errore(errori::FileMancante);
-    if (!Info.isFile() || !(Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther)))
+    if (!Info.isFile() || !Leggibile(Info))
         throw Errore(errori::Accesso);
     QStringList Tagliate;
     for (const QString& Colonna : Colonne)
@@ -165,7 +166,7 @@ QByteArray InizioDelFile(const QString& Percorso, int Byte)
 {
     const QString Nome = PercorsoNativo(Percorso);
     const QFileInfo Info(Nome);
-    if (!Info.isFile() || !(Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther)))
+    if (!Info.isFile() || !Leggibile(Info))
         return {};
     try {
         const Connessione Conn(Nome, Connessione::Modo::Elenco);

@@ -5,6 +5,7 @@
 #include "platform/system/file.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/permessi.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -41,14 +42,12 @@ VoceCartella VoceDi(const QFileInfo& Info, bool Collegamento)
     return Voce;
 }
 
-/// A folder that has no reading bit for anybody is refused to the superuser too.
 void ControllaLeggibile(const QString& Cartella)
 {
     const QFileInfo Info(Cartella);
     if (!Info.isDir())
         throw Errore(errori::PercorsoMancante);
-    const bool Concessa = Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
-    if (!Concessa || !Info.isReadable() || !Info.isExecutable())
+    if (!Leggibile(Info) || !Info.isReadable() || !Info.isExecutable())
         throw Errore(errori::Accesso);
 }
 

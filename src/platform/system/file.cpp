@@ -8,6 +8,7 @@
 #include "platform/system/fileapezzi.h"
 #include "platform/system/guasti.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/permessi.h"
 #include "platform/system/sincrono.h"
 
 #include <QDateTime>
@@ -95,9 +96,8 @@ void ApriInLettura(QFile& File, const QString& Percorso)
     const QFileInfo Info(PercorsoNativo(Percorso));
     if (Percorso.isEmpty() || !Info.exists())
         throw Errore(errori::FileMancante);
-    const bool Leggibile = Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
     File.setFileName(Info.filePath());
-    if (!Info.isFile() || !Leggibile)
+    if (!Info.isFile() || !Leggibile(Info))
         throw Errore(errori::Accesso);
     errno = 0;
     if (!File.open(QIODevice::ReadOnly))

@@ -153,6 +153,11 @@ void CreaCartellaDiUtente(const QString& Percorso)
     CreaCartella(Percorso);
 }
 
+bool Leggibile(const QFileInfo& Info)
+{
+    return Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
+}
+
 bool DiQuestoUtente(const QString& Percorso)
 {
 #ifdef Q_OS_WIN

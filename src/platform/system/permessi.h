@@ -3,6 +3,8 @@
 
 #include <QString>
 
+class QFileInfo;
+
 /// Who may read a file that the program makes, and write it.
 enum class Lettori {
     Tutti,       ///< whom the system lets read every new file; a former file's own permissions
@@ -22,6 +24,10 @@ void DaiPermessi(const QString& File, const QString& Destinazione, Lettori Chi);
 /// the one above; those that are there stay as they are.
 /// @throws Errore 75 when it cannot be made
 void CreaCartellaDiUtente(const QString& Percorso);
+
+/// Whether somebody may read the file or folder, which has a reading bit at all: one that nobody may read is
+/// refused to the superuser too. The system has the last word, when it is opened.
+[[nodiscard]] bool Leggibile(const QFileInfo& Info);
 
 /// Whether the file or folder belongs to the user of this process.
 [[nodiscard]] bool DiQuestoUtente(const QString& Percorso);

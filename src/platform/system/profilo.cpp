@@ -5,6 +5,7 @@
 #include "platform/system/cartelle.h"
 #include "platform/system/file.h"
 #include "platform/system/percorsi.h"
+#include "platform/system/permessi.h"
 #include "platform/system/sincrono.h"
 #include "platform/system/turno.h"
 
@@ -234,9 +235,8 @@ QByteArray LeggiInizio(const QString& Percorso)
     const QFileInfo Info(Percorso);
     if (!Info.exists())
         return {};
-    const bool Leggibile = Info.permissions() & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
     QFile Aperto(Percorso);
-    if (!Info.isFile() || !Leggibile || !Aperto.open(QIODevice::ReadOnly))
+    if (!Info.isFile() || !Leggibile(Info) || !Aperto.open(QIODevice::ReadOnly))
         throw Errore(errori::Accesso, DescrizioneErrore(errori::Accesso) + u": "_s + Percorso);
     return Aperto.read(MassimoProfilo);
 }

@@ -32,6 +32,8 @@ private Q_SLOTS:
     void ilTestoLungoSiTaglia();
     void quelCheNonSiLegge_data();
     void quelCheNonSiLegge();
+    void siApreQuelCheSiElenca_data();
+    void siApreQuelCheSiElenca();
     void chiScriveNonSiAspetta();
     void laScritturaInterrottaRestaComE();
     void ilLogDiUnAltroProgramma();
@@ -145,6 +147,27 @@ void TestPrimaRiga::quelCheNonSiLegge()
         QVERIFY(QFile::setPermissions(File, {}));
     }
     QTEST(NumeroErrore([&] { (void)Leggi(File); }), "Numero");
+}
+
+void TestPrimaRiga::siApreQuelCheSiElenca_data()
+{
+    QTest::addColumn<QFile::Permissions>("Suoi");
+    QTest::newRow("the owner reads") << QFile::Permissions(QFile::ReadOwner);
+    QTest::newRow("the group reads") << QFile::Permissions(QFile::ReadGroup);
+    QTest::newRow("the others read") << QFile::Permissions(QFile::ReadOther);
+    QTest::newRow("nobody reads") << QFile::Permissions(QFile::WriteOwner);
+}
+
+/// A colleague's note, which the group or everybody may read, is not refused behind the list that has it.
+void TestPrimaRiga::siApreQuelCheSiElenca()
+{
+    QFETCH(QFile::Permissions, Suoi);
+    Crea(File, {1, u"Rossi"_s});
+    QVERIFY(QFile::setPermissions(File, Suoi));
+    const int Elencata = NumeroErrore([&] { (void)Leggi(File); });
+    QCOMPARE(NumeroErrore([&] { (void)OpenDatabase(File, true); }), Elencata);
+    if (!(Suoi & (QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther)))
+        QCOMPARE(Elencata, 75);
 }
 
 void TestPrimaRiga::chiScriveNonSiAspetta()

@@ -47,6 +47,8 @@ private Q_SLOTS:
     void unFileAlPostoDellaCartella();
     void ilSupportoDecide_data();
     void ilSupportoDecide();
+    void siLegge_data();
+    void siLegge();
     void diChiE();
     void dietroUnCollegamento();
     void dietroUnaCartellaSenzaNome();
@@ -197,6 +199,26 @@ void TestPermessi::ilSupportoDecide()
     QTEST(NumeroErrore([&] { CreaCartellaPrivata(Cartella + u"d"_s); }), "Numero");
     QCOMPARE(int(Modo(Cartella + u"d"_s)) & 0777, 0700);
     QCOMPARE(EsisteFile(File), Codice != EACCES && Codice != EROFS);
+}
+
+void TestPermessi::siLegge_data()
+{
+    QTest::addColumn<int>("Suo");
+    QTest::addColumn<bool>("Attesa");
+    QTest::newRow("the owner") << 0400 << true;
+    QTest::newRow("the group") << 0040 << true;
+    QTest::newRow("the others") << 0004 << true;
+    QTest::newRow("writers alone") << 0222 << false;
+    QTest::newRow("nobody") << 0 << false;
+}
+
+void TestPermessi::siLegge()
+{
+    QFETCH(int, Suo);
+    const QString File = Cartella + u"nota.mdb"_s;
+    ScriviFile(File, "x");
+    Imposta(File, mode_t(Suo));
+    QTEST(Leggibile(QFileInfo(File)), "Attesa");
 }
 
 void TestPermessi::diChiE()
