@@ -15,6 +15,7 @@ void ApriPDF(const QString& Percorso, int Pagina)
             MsgErrore(u"Documento "_s + Percorso + u" non trovato!"_s);
             return;
         }
+        // The desktop does not report that it has no reader for the file.
         if (!HaProgramma(File))
             MsgErrore(u"Percorso Acrobat reader non trovato!"_s);
         VerificaEsito(ApriPdfConSistema(File, Pagina));

@@ -6,7 +6,7 @@
 #include "calculators/windows/pannellocontributo.h"
 #include "calculators/windows/portanota.h"
 #include "core/aperture.h"
-#include "core/modErrori.h"
+#include "core/modLancio.h"
 #include "core/sessione.h"
 #include "platform/kit/annuncio.h"
 #include "platform/kit/aspetto.h"
@@ -51,16 +51,7 @@ void ApriPagina(const QString& Nome, const QString& Titolo)
 
 void ApriScheda()
 {
-    const QString Scheda = DocumentoDiLegge(u"SchedaImpugnazioni.pdf"_s);
-    if (!EsisteFile(Scheda)) {
-        MsgErrore(u"Documento "_s + Scheda + u" non trovato!"_s);
-        return;
-    }
-    // The desktop does not report that it has no reader for the file.
-    if (!HaProgramma(Scheda))
-        MsgErrore(u"Percorso Acrobat reader non trovato!"_s);
-    if (const int Esito = ApriConSistema(Scheda); Esito != 0)
-        throw Errore(Esito);
+    ApriPDF(DocumentoDiLegge(u"SchedaImpugnazioni.pdf"_s));
 }
 
 }  // namespace

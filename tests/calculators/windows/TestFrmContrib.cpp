@@ -321,7 +321,7 @@ void TestFrmContrib::schedaSenzaLettore()
     B->Lettore = false;
     B->Voce.Attendi(u"Percorso Acrobat reader non trovato!"_s, vbOK, u"Errore:"_s);
     Controllo<QPushButton>(F, "cmdSkImpugn")->click();
-    QCOMPARE(B->Aperti, QStringList{u"file SchedaImpugnazioni.pdf"_s});
+    QCOMPARE(B->Aperti, QStringList{u"pdf SchedaImpugnazioni.pdf"_s});
 }
 
 // Coming back from another window of the program begins anew; from a message one goes on where one was.
@@ -352,7 +352,7 @@ void TestFrmContrib::documenti()
     }
     QCOMPARE(
         B->Aperti,
-        (QStringList{u"file SchedaImpugnazioni.pdf"_s,
+        (QStringList{u"pdf SchedaImpugnazioni.pdf"_s,
                      u"pagina %1docum/Tabella contributo unificato.htm | "
                      "KR6 - Contributo unificato - Tabella"_s.arg(Cartella),
                      u"pagina %1docum/D.P.R. n. 115 del 30.5.2002 (stralcio, contributo unificato).htm | "

@@ -58,7 +58,7 @@ public:
         };
         Nuova.ApriPdf = [this](const QString& File, int) {
             Aperti << u"pdf "_s + NomeFile(File);
-            return 0;
+            return Esito;
         };
         Nuova.HaProgramma = [this](const QString&) { return Lettore; };
         Nuova.Campanello = [this] { ++Campanelli; };
