@@ -162,16 +162,6 @@ QList<DataTrovata> DateDiCatena(const Norme& Insieme, const CatenaTermini& Caten
     return Date;
 }
 
-TermineContato Contato(const RichiestaTermine& Richiesta, const EsitoTermine& Esito)
-{
-    TermineContato Nuovo;
-    Nuovo.Misura = MisuraRichiesta(Richiesta);
-    Nuovo.Decorrenza = Richiesta.Decorrenza;
-    Nuovo.Antecedente = Richiesta.Opzioni.Antecedente;
-    Nuovo.Esito = Esito;
-    return Nuovo;
-}
-
 /// Terms of the program's own chain, each with its road.
 QList<DataTrovata> DateDelProgramma(const QDate& Udienza, int Articolo, const OpzioniTermine& Opzioni)
 {
@@ -181,7 +171,7 @@ QList<DataTrovata> DateDelProgramma(const QDate& Udienza, int Articolo, const Op
     Chiesto.Opzioni = Opzioni;
     for (const Anello& Termine : Articoli()[size_t(Articolo)].Catena) {
         Chiesto.Numero = Termine.Giorni;
-        TermineContato Nuovo = Contato(Chiesto, ComputaTermine(InsiemeNorme::Programma, Chiesto));
+        TermineContato Nuovo = ContatoDi(Chiesto, ComputaTermine(InsiemeNorme::Programma, Chiesto));
         const QString Voce = Termine.Didascalia.trimmed().chopped(1).toString();
         Nuovo.Atto = Voce;
         Nuovo.Articolo = u"art. %1 c.p.c."_s.arg(Articoli()[size_t(Articolo)].Numero);
@@ -320,7 +310,7 @@ Risposta ComandoTermini(const QStringList& Valori, const NormeChieste& Scelta)
     Chiesto.Materia = LeggiMateria(Valori, 7, Scelta.Insieme);
 
     const EsitoTermine Esito = ComputaTermine(Scelta.Insieme, Chiesto);
-    Segna(Scelta, {AgendaDi(Contato(Chiesto, Esito), Scelta.Insieme)});
+    Segna(Scelta, {AgendaDi(ContatoDi(Chiesto, Esito), Scelta.Insieme)});
     QJsonObject Record{{u"scadenza"_s, Giorno(Esito.Scadenza)}, {u"spostata"_s, Esito.Spostata}};
     Spiega(Record, Esito, Scelta);
     Avverti(Esito.Note, Scelta);

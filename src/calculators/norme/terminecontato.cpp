@@ -96,6 +96,15 @@ TermineContato ContatoDi(const TermineRicorrente& Termine)
     return Contato;
 }
 
+TermineContato ContatoDi(const RichiestaTermine& Richiesta, const EsitoTermine& Esito, TermineContato Da)
+{
+    Da.Misura = MisuraRichiesta(Richiesta);
+    Da.Decorrenza = Richiesta.Decorrenza;
+    Da.Antecedente = Richiesta.Opzioni.Antecedente;
+    Da.Esito = Esito;
+    return Da;
+}
+
 QString MisuraRichiesta(const RichiestaTermine& Richiesta)
 {
     TermineRicorrente Termine;

@@ -23,6 +23,10 @@ struct TermineContato
 /// What a row of the catalogue gives to a due date.
 [[nodiscard]] TermineContato ContatoDi(const TermineRicorrente& Termine);
 
+/// What was asked and what came of it. @param Da what a catalogue says of it already
+[[nodiscard]] TermineContato ContatoDi(const RichiestaTermine& Richiesta, const EsitoTermine& Esito,
+                                       TermineContato Da = {});
+
 /// "30 giorni", "2 mesi prima", "20 giorni liberi".
 [[nodiscard]] QString MisuraRichiesta(const RichiestaTermine& Richiesta);
 

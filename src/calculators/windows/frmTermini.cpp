@@ -283,12 +283,7 @@ EsitoTermine frmTermini::Computa(const RichiestaTermine& Chiesto) const
 
 TermineContato frmTermini::Contato(const RichiestaTermine& Chiesto, const EsitoTermine& Esito) const
 {
-    TermineContato Termine = Scelto ? ContatoDi(*Scelto) : TermineContato{};
-    Termine.Misura = MisuraRichiesta(Chiesto);
-    Termine.Decorrenza = Chiesto.Decorrenza;
-    Termine.Antecedente = Chiesto.Opzioni.Antecedente;
-    Termine.Esito = Esito;
-    return Termine;
+    return ContatoDi(Chiesto, Esito, Scelto ? ContatoDi(*Scelto) : TermineContato{});
 }
 
 void frmTermini::cmdRicorrenti_Click()

@@ -12,6 +12,7 @@ class TestTermineContato : public QObject
 private Q_SLOTS:
     void misure_data();
     void misure();
+    void quelCheSiEChiesto();
     void anelliDiDueInsiemi();
     void identita();
 };
@@ -43,6 +44,30 @@ void TestTermineContato::misure()
     Chiesto.Opzioni.Libero = Libero;
     Chiesto.Opzioni.Antecedente = Antecedente;
     QTEST(MisuraRichiesta(Chiesto), "Attesa");
+}
+
+// What was asked stands over what the catalogue proposes; what only the catalogue knows stays.
+void TestTermineContato::quelCheSiEChiesto()
+{
+    TermineContato Proposto;
+    Proposto.Atto = u"Appello"_s;
+    Proposto.Codice = u"CPC-325"_s;
+    Proposto.Misura = u"30 giorni"_s;
+    RichiestaTermine Chiesto;
+    Chiesto.Numero = 20;
+    Chiesto.Tipo = TipoGiorni;
+    Chiesto.Decorrenza = QDate(2026, 11, 22);
+    Chiesto.Opzioni.Antecedente = true;
+    EsitoTermine Esito;
+    Esito.Scadenza = QDate(2026, 11, 2);
+    const TermineContato Contato = ContatoDi(Chiesto, Esito, Proposto);
+    QCOMPARE(Contato.Atto, Proposto.Atto);
+    QCOMPARE(Contato.Codice, Proposto.Codice);
+    QCOMPARE(Contato.Misura, u"20 giorni prima"_s);
+    QCOMPARE(Contato.Decorrenza, Chiesto.Decorrenza);
+    QVERIFY(Contato.Antecedente);
+    QCOMPARE(Contato.Esito.Scadenza, Esito.Scadenza);
+    QCOMPARE(ContatoDi(Chiesto, Esito).Atto, QString());
 }
 
 // A link says what was counted and from what, by either set.
