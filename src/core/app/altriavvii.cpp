@@ -125,7 +125,7 @@ FileGiunti* AscoltaAltriAvvii()
 void MostraParcella(const QString& Percorso)
 {
     if (const frmParcelle* Aperta = FinestraConFile(Percorso))
-        PortaDavanti(Aperta->Indice());
+        PortaNotaDavanti(Aperta->Indice());
     else
         Invoca(Aperture.ApriParcella, Percorso, 0, QString());
 }

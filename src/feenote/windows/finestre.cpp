@@ -457,7 +457,7 @@ void OffriRecupero()
     }
 }
 
-void PortaDavanti(int Indice)
+void PortaNotaDavanti(int Indice)
 {
     // The frame too may lie minimised, or behind the desktop.
     if (InUso(Indice) && Aperture.AreaParcelle)

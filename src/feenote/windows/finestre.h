@@ -36,7 +36,7 @@ void LasciaCopie();
 void AttivaParcella(int Indice);
 
 /// The same, and the frame with it, for a question about the note: nobody answers for what he does not see.
-void PortaDavanti(int Indice);
+void PortaNotaDavanti(int Indice);
 
 /// Links two windows: the second one's note is printed with the first one's.
 void Unisci(frmParcelle& Principale, frmParcelle& Compagna);

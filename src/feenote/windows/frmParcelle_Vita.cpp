@@ -406,7 +406,7 @@ bool frmParcelle::ChiediChiusura()
     Stampa->ConcludiInvii();
     if (!Nota.Modificata)
         return LasciaConsegna();
-    PortaDavanti(Posto);
+    PortaNotaDavanti(Posto);
     const int Risposta = InDialogo([this] {
         return MsgBox(Titolo() + u"\nVuoi salvare la parcella prima di chiudere?"_s,
                       vbYesNoCancel + vbQuestion, TitoloDomanda.toString());
@@ -425,7 +425,7 @@ bool frmParcelle::LasciaConsegna()
 {
     if (!Stampa->DaConsegnare())
         return true;
-    PortaDavanti(Posto);
+    PortaNotaDavanti(Posto);
     // The save of another document hands nothing over.
     const QString Come =
         Stampa->RiprovaConsegna()
