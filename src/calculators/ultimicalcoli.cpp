@@ -121,8 +121,10 @@ void Cambia(const std::function<void(ElencoCalcoli&)>& Fai)
     CreaCartellaPrivata(CartellaDati());
     ATurno(FileCalcoli(), u".~"_s + NomeFile(FileCalcoli()) + u".lock"_s, [&] {
         ElencoCalcoli Elenco = Letti(Guasto);
-        if (Guasto)
+        if (Guasto) {
             SostituisciFile(FileCalcoli(), FileCalcoliGuasto());
+            DaiPermessi(FileCalcoliGuasto(), {}, Lettori::SoloUtente);  // it names clients all the same
+        }
         const ElencoCalcoli Prima = Elenco;
         Fai(Elenco);
         try {

@@ -269,6 +269,14 @@ void TestUltimiCalcoli::delSoloUtente()
     QVERIFY(QFile::setPermissions(FileCalcoli(), QFile::Permissions(0x6644)));
     RicordaCalcolo(CodiceFiscale, Fatto(u"Bianchi Anna"_s));
     QCOMPARE(QFileInfo(FileCalcoli()).permissions() & QFile::Permissions(0x0077), QFile::Permissions());
+    // One that cannot be read still names clients where it is put aside, and so does one that was there.
+    Registratore Voce;
+    Voce.Tollera();
+    Posa("guasto");
+    QVERIFY(QFile::setPermissions(FileCalcoli(), QFile::Permissions(0x6644)));
+    RicordaCalcolo(CodiceFiscale, Fatto(u"Verdi Anna"_s));
+    QCOMPARE(LeggiFile(FileCalcoliGuasto()), QByteArray("guasto"));
+    QCOMPARE(QFileInfo(FileCalcoliGuasto()).permissions() & QFile::Permissions(0x0077), QFile::Permissions());
 }
 
 void TestUltimiCalcoli::guasti_data()
