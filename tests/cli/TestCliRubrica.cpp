@@ -1,8 +1,10 @@
 // The names of an archive as a script gets them.
 #include "chiamata.h"
+#include "supporto/maschera.h"
 
 #include "platform/database/database.h"
 #include "platform/system/file.h"
+#include "platform/system/percorsi.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -85,6 +87,7 @@ void TestCliRubrica::ilRecord()
 void TestCliRubrica::inUnFile()
 {
     const QString Csv = NuovaCartella() + u"nomi.csv"_s;
+    ApriAlGruppo(CartellaFile(Csv));
     const Esito Fatto = Rubrica({u"clienti"_s, u"nicolo"_s, u"--csv"_s, Csv});
     QCOMPARE(Fatto.Guasti, QString());
     QCOMPARE(Fatto.Uscita, u"1\n"_s);
@@ -92,7 +95,7 @@ void TestCliRubrica::inUnFile()
         LeggiFile(Csv),
         QByteArray(
             "\xEF\xBB\xBFNominativo;Socio;Note\r\nNicol\xC3\xB2 Rossi;S\xC3\xAC;\"prima\nseconda\"\r\n"));
-    QCOMPARE(QFileInfo(Csv).permissions() & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+    QCOMPARE(QFileInfo(Csv).permissions() & DiAltri, QFile::Permissions());
     const QString Vcf = NuovaCartella() + u"nomi.vcf"_s;
     QCOMPARE(Rubrica({u"clienti"_s, u"--vcard"_s, Vcf}).Uscita, u"2\n"_s);
     QCOMPARE(LeggiFile(Vcf).count("BEGIN:VCARD"), 2);

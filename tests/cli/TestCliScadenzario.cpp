@@ -10,6 +10,7 @@
 #include "platform/system/file.h"
 #include "platform/system/orologio.h"
 #include "platform/system/percorsi.h"
+#include "supporto/maschera.h"
 #include "supporto/registratore.h"
 
 #include <QDir>
@@ -172,7 +173,8 @@ void TestCliScadenzario::ilRecord()
 
 void TestCliScadenzario::ilFile()
 {
-    const QString File = Radice + u"due.csv"_s;
+    const QString File = NuovaCartella() + u"due.csv"_s;
+    ApriAlGruppo(CartellaFile(File));
     const Esito Fatto = Chiama({u"scadenzario"_s, Radice, u"--stato"_s, u"aperte"_s, u"--csv"_s, File});
     QCOMPARE(Fatto.Guasti, QString());
     QCOMPARE(Fatto.Stato, 0);
@@ -183,8 +185,7 @@ void TestCliScadenzario::ilFile()
                         "Imponibile;Cassa;IVA;Ritenuta;Totale;Netto;Pagato;Aperto;Parcella\r\n"
                         "\"Rossi; Mario\";;;Prenotula;;;Inviata;22/11/2026;;"
                         "1150,00;46,00;263,12;0,00;1459,12;1459,12;0,00;1459,12;a\r\n"));
-    constexpr auto Altri = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
-    QVERIFY(!(QFileInfo(File).permissions() & Altri));
+    QVERIFY(!(QFileInfo(File).permissions() & DiAltri));
 }
 
 void TestCliScadenzario::ilFileNonSiScrive()

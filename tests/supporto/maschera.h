@@ -9,6 +9,14 @@
 inline constexpr QFile::Permissions DiAltri = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
                                               QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
 
+/// Lets a folder's group write into it, as an office's does: what is made there is the group's, unless it is
+/// the user's alone.
+inline void ApriAlGruppo(const QString& Cartella)
+{
+    QFile::setPermissions(Cartella, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
+                                        QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup);
+}
+
 /// While it lives the system takes nothing away of the permissions that a program asks for: what the program
 /// does not close itself is open to everybody.
 class SenzaMaschera

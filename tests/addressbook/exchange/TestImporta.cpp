@@ -1,9 +1,11 @@
 // Names of a file into the archive: counted, written, and taken back.
 #include "bancoimporta.h"
 #include "supporto/guasti.h"
+#include "supporto/maschera.h"
 
 #include "addressbook/exchange/annullo.h"
 #include "addressbook/exchange/vcard.h"
+#include "platform/system/percorsi.h"
 
 #include <QFileInfo>
 
@@ -42,6 +44,7 @@ PROVA(TestImporta);
 
 void TestImporta::siAggiungono()
 {
+    ApriAlGruppo(CartellaFile(S->File));
     ImportaNominativi Opera = Nuovo(Tre);
     QVERIFY(Opera.Prepara());
     QCOMPARE(Opera.Conto(), (ContoImporta{.Righe = 4, .Aggiunti = 3, .SenzaNome = 1}));
@@ -52,8 +55,7 @@ void TestImporta::siAggiungono()
              (QStringList{u"1|Rossi Mario|RSSMRA80A01H501U||01/01/1980|"_s, u"2|Alfa Srl||00159560366||"_s,
                           u"3|Verdi Anna||||Data di nascita: 31/02/1980"_s}));
     // The copy is nobody else's.
-    QCOMPARE(QFileInfo(S->File + u".prima"_s).permissions() & (QFile::ReadGroup | QFile::ReadOther),
-             QFile::Permissions());
+    QCOMPARE(QFileInfo(S->File + u".prima"_s).permissions() & DiAltri, QFile::Permissions());
 }
 
 void TestImporta::iDoppioni_data()

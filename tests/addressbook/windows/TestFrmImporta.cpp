@@ -1,5 +1,6 @@
 // Names of other programs come in and go out: the steps of the dialog, as its user goes through them.
 #include "bancoimportazione.h"
+#include "supporto/maschera.h"
 
 #include "platform/system/cartelle.h"
 
@@ -334,10 +335,11 @@ void TestFrmImporta::ilResocontoSiSalva()
 {
     const frmImporta* F = Importato();
     const QString File = Cartella + u"resoconto.txt"_s;
+    ApriAlGruppo(Cartella);
     A->Voce.AttendiSalva(File);
     Premuto(F, "cmdSalvaResoconto");
     QCOMPARE(QString::fromUtf8(LeggiFile(File)), Controllo<QPlainTextEdit>(F, "txtResoconto")->toPlainText());
-    QCOMPARE(QFileInfo(File).permissions() & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+    QCOMPARE(QFileInfo(File).permissions() & DiAltri, QFile::Permissions());
     A->Voce.AttendiSalva(File);
     A->Voce.Attendi(u"Il file resoconto.txt esiste già: si vuole sostituirlo?"_s, vbNo, u"Domanda:"_s);
     Premuto(F, "cmdSalvaResoconto");
@@ -439,12 +441,13 @@ void TestFrmImporta::siEsporta()
     frmRubrica* R = A->Apri(A->DaScrivania());
     Vaglio(R)->setText(u"rossi"_s);
     const QString File = Cartella + u"nomi.csv"_s;
+    ApriAlGruppo(Cartella);
     A->Voce.AttendiSalva(Cartella + u"nomi"_s);  // the ending is the program's
     A->Voce.Attendi(u"2 nominativi esportati in \"nomi.csv\"."_s, vbOK, u"Messaggio:"_s);
     R->Comando(u"esporta"_s);
     QCOMPARE(LeggiFile(File),
              QByteArray("\xEF\xBB\xBFNominativo;Citt\xC3\xA0;CAP\r\nRossi Mario;Lucca;\r\nRossi Ada;;\r\n"));
-    QCOMPARE(QFileInfo(File).permissions() & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+    QCOMPARE(QFileInfo(File).permissions() & DiAltri, QFile::Permissions());
     Lista(R)->Seleziona(1);
     A->Voce.AttendiSalva(Cartella + u"nomi.vcf"_s);
     A->Voce.Attendi(u"1 nominativo esportato in \"nomi.vcf\"."_s, vbOK, u"Messaggio:"_s);

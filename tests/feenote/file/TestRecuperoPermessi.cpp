@@ -47,6 +47,10 @@ void TestRecuperoPermessi::delSoloUtente()
     const QStringList Note = NomiDeiFile(Copie, u".mdb"_s);
     QCOMPARE(Note.size(), 1);
     QCOMPARE(Modo(Copie + Note.first()), 0600);
+    // What stands beside a copy names the note and its place.
+    const QStringList Lati = NomiDeiFile(Copie, u".json"_s);
+    QCOMPARE(Lati.size(), 1);
+    QCOMPARE(Modo(Copie + Lati.first()), 0600);
     TogliCopia(1);
     LasciaRecupero();
 }

@@ -1,5 +1,6 @@
 // Lock files: who holds one, who is dead, who is far away.
 #include "supporto/guasti.h"
+#include "supporto/maschera.h"
 #include "supporto/prova.h"
 
 #include "platform/system/blocco.h"
@@ -71,6 +72,7 @@ class TestBlocco : public QObject
 private Q_SLOTS:
     void init();
     void siPrendeESiLascia();
+    void siLeggeDaTutti();
     void ancheSenzaProgramma();
     void unoSolo();
     void doveNonSiVedonoBlocchi();
@@ -117,6 +119,17 @@ void TestBlocco::siPrendeESiLascia()
 }
 
 /// A lock needs no application object: before it stands, the toolkit would only complain of it.
+/// Whoever is kept waiting is told by whom, whatever the holder's system gives his files.
+void TestBlocco::siLeggeDaTutti()
+{
+    FileBlocco Mio(NuovaCartella() + u"turno"_s);
+    const mode_t Prima = ::umask(077);
+    const Esito Preso = Mio.Prendi(0);
+    ::umask(Prima);
+    QCOMPARE(Preso, Esito::Preso);
+    QCOMPARE(QFile::permissions(Mio.Percorso()) & DiAltri, QFile::ReadGroup | QFile::ReadOther);
+}
+
 void TestBlocco::ancheSenzaProgramma()
 {
     QCOMPARE(Presto.Frasi, QStringList());

@@ -1,9 +1,11 @@
 // The finder by states: the list that filters, what is open of the rows on view, the accountant's file.
 #include "bancotrova.h"
+#include "supporto/maschera.h"
 
 #include "feenote/finder/scadenzario.h"
 #include "feenote/modStato.h"
 #include "platform/system/file.h"
+#include "platform/system/percorsi.h"
 #include "platform/system/guasti.h"
 
 #include <QMenu>
@@ -536,6 +538,7 @@ void TestTrovaStato::esporta()
     QFETCH(bool, DaTastiera);
     Scegli(ListaStati(), int(FiltroStato::DaIncassare));
     const QString File = NuovaCartella() + u"due"_s;
+    ApriAlGruppo(CartellaFile(File));
     T->Voce.AttendiSalva(File);
     T->Voce.Attendi(u"3 parcelle esportate in \"due.csv\"."_s, vbNo, u"Messaggio:"_s);
     if (DaTastiera)
@@ -552,8 +555,7 @@ void TestTrovaStato::esporta()
     QVERIFY2(Righe[1].startsWith("Alfa & figli;;;Prenotula;;;Inviata;"), Righe[1].constData());
     QVERIFY(Righe[1].contains(";1000,00;0,00;0,00;0,00;1000,00;1000,00;0,00;1000,00;a\r"));
     QVERIFY(Righe[2].contains(";200,50;b\r"));
-    constexpr auto Altri = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
-    QVERIFY(!(QFile::permissions(File + u".csv"_s) & Altri));
+    QVERIFY(!(QFile::permissions(File + u".csv"_s) & DiAltri));
 }
 
 void TestTrovaStato::esportaSopra()
