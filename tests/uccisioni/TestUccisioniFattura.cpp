@@ -190,7 +190,7 @@ void TestUccisioniFattura::dietroOgniChiamata()
     constexpr int Poche = 3;
     const int Passo = UccisioniChieste() > 0 ? 1 : (Tutte + Poche - 1) / Poche;
     int Uccise = 0;
-    for (int Alla = UccisioniChieste() > 0 ? 1 : Passo / 2; Alla <= Tutte; Alla += Passo) {
+    for (int Alla = UccisioniChieste() > 0 ? 1 : (Passo + 1) / 2; Alla <= Tutte; Alla += Passo) {
         const QString Dove = u"chiamata %1 di %2"_s.arg(Alla).arg(Tutte);
         const QString In = Casa();
         Vittima Chi(In.chopped(1), File, Alla);
