@@ -4,7 +4,7 @@
 #include "guasti/fatturabile.h"
 #include "uccisioni/fatture.h"
 #include "uccisioni/imprese.h"
-#include "vittima.h"
+#include "uccisioni/pilotata.h"
 
 #include "feenote/file/modRecupero.h"
 #include "platform/system/file.h"
@@ -115,16 +115,7 @@ QString TestUccisioniFattura::Casa()
 void TestUccisioniFattura::Avvia(Vittima& Chi, const QString& In, const QString& Compito,
                                  const QStringList& Argomenti)
 {
-    Chi.Con(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
-    Chi.Con(u"QT_PLUGIN_PATH"_s, QStringLiteral(PLUGIN_PILOTA));
-    Chi.Con(u"QT_QPA_GENERIC_PLUGINS"_s, u"pilota"_s);
-    Chi.Con(u"CALCANOVA_PILOTA"_s, In + u"conto"_s);
-    Chi.Con(u"CALCANOVA_PILOTA_FA"_s, Compito);
-    Chi.Con(u"MORTE_POI"_s, u"1"_s);
-    Chi.Con(u"TMPDIR"_s, CartellaDiProva());
-    Chi.Con(u"XDG_CONFIG_HOME"_s, In.chopped(1));
-    Chi.Con(u"XDG_DATA_HOME"_s, In + u"dati"_s);
-    Chi.Con(u"XDG_RUNTIME_DIR"_s, In + u"nessuna/sessione"_s);
+    ConPilotaIn(Chi, In, Compito);
     Chi.Avvia(ProgrammaDiProva() + u"calcanova"_s, Argomenti);
 }
 

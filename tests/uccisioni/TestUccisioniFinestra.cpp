@@ -1,7 +1,7 @@
 // The real window is killed while it is written in and saves: its note and its recovery copies are whole, and
 // they are there.
 #include "feenote/file/file_prova.h"
-#include "vittima.h"
+#include "uccisioni/pilotata.h"
 
 #include "feenote/file/modRecupero.h"
 #include "platform/system/file.h"
@@ -82,12 +82,7 @@ void TestUccisioniFinestra::init()
 
 void TestUccisioniFinestra::Avvia(Vittima& Chi, const QString& Compito) const
 {
-    Chi.Con(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
-    Chi.Con(u"QT_PLUGIN_PATH"_s, QStringLiteral(PLUGIN_PILOTA));
-    Chi.Con(u"QT_QPA_GENERIC_PLUGINS"_s, u"pilota"_s);
-    Chi.Con(u"CALCANOVA_PILOTA"_s, Conto);
-    Chi.Con(u"CALCANOVA_PILOTA_FA"_s, Compito);
-    Chi.Con(u"TMPDIR"_s, CartellaDiProva());
+    ConPilota(Chi, Conto, Compito);
     Chi.Con(u"XDG_RUNTIME_DIR"_s, Casa + u"nessuna/sessione"_s);
     Chi.Avvia(ProgrammaDiProva() + u"calcanova"_s, {u"PV2|E|"_s + File});
 }
