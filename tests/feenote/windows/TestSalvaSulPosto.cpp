@@ -294,7 +294,8 @@ void TestSalvaSulPosto::cambiataMentreSiChiede()
     QCOMPARE(Cliente(File), u"Rossi"_s);
 }
 
-/// A colleague saves the new note while its words are still being read.
+/// A colleague saves the new note while its words are still being read. The date is set, as elsewhere: two
+/// writings within one tick of the file system's clock bear the same one.
 void TestSalvaSulPosto::cambiataMentreSiLegge()
 {
     QVERIFY(MostraAttiva(*F));
@@ -309,9 +310,11 @@ void TestSalvaSulPosto::cambiataMentreSiLegge()
         bool Vista = false;
         const auto Mostra = Registratore::AlMostrare();
         const QScopedValueRollback Collega(Registratore::AlMostrare(), std::function<void()>([&] {
-                                               if (EsisteFile(File) && !std::exchange(Vista, true))
+                                               if (EsisteFile(File) && !std::exchange(Vista, true)) {
                                                    EseguiSu(File,
                                                             u"UPDATE ParcellaParam SET Cliente='Bianchi'"_s);
+                                                   ImpostaDataFile(File, DataFile(File).addSecs(60));
+                                               }
                                                Mostra();
                                            }));
         QVERIFY(F->SalvaConNome());
