@@ -31,6 +31,9 @@ inline int RinominaRifiutata = 0;
 /// lifts it.
 inline int PermessiRifiutati = 0;
 
+/// The system gives no file another owner or group, as to who is of neither.
+inline bool GruppoRifiutato = false;
+
 /// Nobody may set the date of a file, as on a share with an owner of its own.
 inline bool DateRifiutate = false;
 

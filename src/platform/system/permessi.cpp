@@ -54,6 +54,20 @@ int CambiaModo(const QByteArray& Nome, mode_t Modo)
     return ::chmod(Nome.constData(), Modo);
 }
 
+/// As the system's call; who is not the superuser may keep the owner and give the groups that are his.
+bool DaiGruppo(const QByteArray& Nome, uid_t Utente, gid_t Gruppo)
+{
+    return !guasti::GruppoRifiutato && ::chown(Nome.constData(), Utente, Gruppo) == 0;
+}
+
+/// Without the rights of a group that the system refused: those of the group that the file has instead are
+/// everybody's. With fewer its members, who are colleagues more often than not, would be shut out of what all
+/// the others read.
+mode_t SenzaGruppo(mode_t Modo)
+{
+    return (Modo & ~mode_t(0070)) | (Modo & 0007) << 3;
+}
+
 /// Whether the medium has its own say on the permissions of its files, as shares of other systems and network
 /// drives: there nobody can ask for others, and what is written is for whom the medium is.
 bool DecideIlSupporto(const QByteArray& Nome, int Codice)
@@ -116,17 +130,15 @@ void DaiPermessi(const QString& File, const QString& Destinazione, Lettori Chi)
     const bool CEra = !Destinazione.isEmpty() && ::stat(QFile::encodeName(Meta).constData(), &Prima) == 0;
     if (Chi != Lettori::SoloUtente && CEra) {
         Modo = Prima.st_mode & BitPermessi;
-        // Where the system refuses the former group, its rights would be another group's.
-        if (::chown(Nome.constData(), Prima.st_uid, Prima.st_gid) != 0 &&
-            ::chown(Nome.constData(), uid_t(-1), Prima.st_gid) != 0)
-            Modo &= ~mode_t(0070);
+        if (!DaiGruppo(Nome, Prima.st_uid, Prima.st_gid) && !DaiGruppo(Nome, uid_t(-1), Prima.st_gid))
+            Modo = SenzaGruppo(Modo);
     } else if (Chi == Lettori::Tutti) {
         return;
     } else if (Chi == Lettori::Cartella &&
                ::stat(QFile::encodeName(QFileInfo(Meta).path()).constData(), &Intorno) == 0) {
         Modo = ModoNuovo(Intorno);
-        if ((Modo & 0060) && ::chown(Nome.constData(), uid_t(-1), Intorno.st_gid) != 0)
-            Modo &= ~mode_t(0060);
+        if ((Modo & 0060) && !DaiGruppo(Nome, uid_t(-1), Intorno.st_gid))
+            Modo = SenzaGruppo(Modo);
     }
     struct stat Ora = {};
     if (::stat(Nome.constData(), &Ora) == 0 && S_ISDIR(Ora.st_mode))

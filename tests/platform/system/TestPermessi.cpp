@@ -42,6 +42,8 @@ private Q_SLOTS:
     void unoCheCEra_data();
     void unoCheCEra();
     void ilGruppoDellaCartella();
+    void ilGruppoRifiutato_data();
+    void ilGruppoRifiutato();
     void cartelle_data();
     void cartelle();
     void unFileAlPostoDellaCartella();
@@ -136,6 +138,41 @@ void TestPermessi::ilGruppoDellaCartella()
     DaiPermessi(File, {}, Lettori::Cartella);
     QCOMPARE(QFileInfo(File).groupId(), Altro);
     QCOMPARE(Modo(File), mode_t(0660));
+}
+
+void TestPermessi::ilGruppoRifiutato_data()
+{
+    QTest::addColumn<int>("Era");
+    QTest::addColumn<int>("DellaCartella");
+    QTest::addColumn<int>("Atteso");
+    QTest::newRow("what everybody reads") << 0644 << 0700 << 0644;
+    QTest::newRow("what everybody reads and the group writes") << 0664 << 0700 << 0644;
+    QTest::newRow("the group's alone") << 0660 << 0700 << 0600;
+    QTest::newRow("everybody's but the group's") << 0604 << 0700 << 0644;
+    QTest::newRow("a new one in a folder of everybody's") << 0 << 0777 << 0666;
+    QTest::newRow("a new one in a group's folder") << 0 << 0770 << 0600;
+}
+
+/// A former file, or a folder, of a group that this user is not of: the group that the new file has instead
+/// is not let in by the other's rights, nor shut out of what everybody may do.
+void TestPermessi::ilGruppoRifiutato()
+{
+    QFETCH(int, Era);
+    QFETCH(int, DellaCartella);
+    const QString Nuovo = Cartella + u"nuovo"_s;
+    const QString Vecchio = Cartella + u"vecchio"_s;
+    ScriviFile(Nuovo, "x");
+    if (Era != 0) {
+        ScriviFile(Vecchio, "y");
+        Imposta(Vecchio, mode_t(Era));
+    }
+    Imposta(Cartella, mode_t(DellaCartella));
+    {
+        const QScopedValueRollback Rifiuta(guasti::GruppoRifiutato, true);
+        DaiPermessi(Nuovo, Era != 0 ? Vecchio : QString(), Lettori::Cartella);
+    }
+    Imposta(Cartella, 0700);
+    QTEST(int(Modo(Nuovo)), "Atteso");
 }
 
 void TestPermessi::cartelle_data()
