@@ -282,7 +282,7 @@ void frmSetup::MostraModale(int Indice)
 {
     Prepara(Indice);
     if (!isVisible()) {
-        exec();
+        EseguiDavanti(this);
         return;
     }
     PortaDavanti(this);

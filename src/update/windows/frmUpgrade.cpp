@@ -160,7 +160,7 @@ void frmUpgrade::MostraModale(const QString& Parola)
     hide();
     QMetaObject::invokeMethod(
         this, [this, Parola] { Protetta([&] { Avvia(Parola); }); }, Qt::QueuedConnection);
-    exec();
+    EseguiDavanti(this);
     setModal(false);
 }
 

@@ -3,7 +3,8 @@
 
 #include "platform/kit/davanti.h"
 
-#include <QWidget>
+#include <QDialog>
+#include <QTimer>
 
 class TestDavanti : public QObject
 {
@@ -13,6 +14,7 @@ private Q_SLOTS:
     void comeEra();
     void nascosta();
     void ridottaChiusa();
+    void ridottaModale();
 };
 PROVA(TestDavanti);
 
@@ -63,6 +65,22 @@ void TestDavanti::ridottaChiusa()
     QVERIFY(QTest::qWaitForWindowActive(&Finestra));
     QVERIFY(!Finestra.isMinimized());
     QVERIFY(Finestra.isMaximized());
+}
+
+/// Hidden while it lay there, and asked for again by somebody who waits for it.
+void TestDavanti::ridottaModale()
+{
+    QDialog Modulo;
+    Modulo.show();
+    Modulo.setWindowState(Qt::WindowMinimized);
+    Modulo.hide();
+    bool Ridotta = true;
+    QTimer::singleShot(0, &Modulo, [&] {
+        Ridotta = Modulo.isMinimized();
+        Modulo.accept();
+    });
+    QCOMPARE(EseguiDavanti(&Modulo), int(QDialog::Accepted));
+    QVERIFY(!Ridotta);
 }
 
 #include "TestDavanti.moc"

@@ -304,7 +304,7 @@ QString frmTrovaParcella::OpenParcMod(int Quale, const QString& Cartella, int De
         AbilitaBarra();
     }
     if (PerAltra) {
-        exec();
+        EseguiDavanti(this);
         setModal(false);
         return FileScelto;
     }
