@@ -122,8 +122,8 @@ void Cambia(const std::function<void(ElencoCalcoli&)>& Fai)
     ATurno(FileCalcoli(), u".~"_s + NomeFile(FileCalcoli()) + u".lock"_s, [&] {
         ElencoCalcoli Elenco = Letti(Guasto);
         if (Guasto) {
+            DaiPermessi(FileCalcoli(), {}, Lettori::SoloUtente);  // it names clients all the same
             SostituisciFile(FileCalcoli(), FileCalcoliGuasto());
-            DaiPermessi(FileCalcoliGuasto(), {}, Lettori::SoloUtente);  // it names clients all the same
         }
         const ElencoCalcoli Prima = Elenco;
         Fai(Elenco);
