@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QColorDialog>
+#include <QFile>
 #include <QFileDialog>
 #include <QFileIconProvider>
 #include <QHeaderView>
@@ -185,14 +186,16 @@ public:
 
 /// The toolkit notes in a file of its own which folders its dialogs have shown, and folders are named for
 /// clients and matters. It lets the system say who reads a new one, and leaves one that is there as open as
-/// it is: the file stands before each dialog, for nobody else to read.
+/// it is: the file stands before each dialog, for nobody else to read. The folder is every program's, and
+/// nothing else in it is touched.
 void ChiudiRicordi()
 {
 #ifndef Q_OS_WIN
     const QString File = QSettings(QSettings::UserScope, u"QtProject"_s).fileName();
     try {
         CreaCartellaDiUtente(CartellaFile(File));
-        if (!CreaFile(File, {}, Lettori::SoloUtente))
+        if (QFile Ricordi(File);
+            !Ricordi.open(QIODevice::WriteOnly | QIODevice::NewOnly, QFile::ReadOwner | QFile::WriteOwner))
             DaiPermessi(File, {}, Lettori::SoloUtente);
     } catch (const Errore&) {
         // Where the user may not write, the toolkit writes nothing.

@@ -1,7 +1,9 @@
 // The real boxes and dialogs, the busy pointer, the focus moves and the breath of long work.
 #include "platform/kit/collega.h"
 #include "platform/kit/servizi_qt.h"
+#include "platform/system/file.h"
 #include "platform/system/messaggi.h"
+#include "platform/system/percorsi.h"
 #include "platform/system/shell.h"
 #include "supporto/finestre.h"
 #include "supporto/maschera.h"
@@ -46,6 +48,18 @@ void Crea(const QString& File)
 {
     QFile Nuovo(File);
     QVERIFY(Nuovo.open(QIODevice::WriteOnly));
+}
+
+QString FileRicordi()
+{
+    return QSettings(QSettings::UserScope, u"QtProject"_s).fileName();
+}
+
+/// What another program has left in the folder of everybody's settings, as this one's own unfinished files
+/// are named.
+QString LavoroAltrui()
+{
+    return CartellaFile(FileRicordi()) + u".~altrui.tmp"_s;
 }
 
 }  // namespace
@@ -96,6 +110,11 @@ PROVA(TestServiziQt);
 void TestServiziQt::initTestCase()
 {
     InstallaServiziQt();
+    // Before the first dialog: leftovers are looked for once.
+    QVERIFY(LavoroAltrui().startsWith(CartellaDiProva()));
+    CreaCartella(CartellaFile(FileRicordi()));
+    Crea(LavoroAltrui());
+    ImpostaDataFile(LavoroAltrui(), QDateTime::currentDateTime().addSecs(-3600));
 }
 
 void TestServiziQt::box_data()
@@ -338,7 +357,7 @@ void TestServiziQt::iRicordiDelSoloUtente_data()
 void TestServiziQt::iRicordiDelSoloUtente()
 {
     QFETCH(bool, Presente);
-    const QString Ricordi = QSettings(QSettings::UserScope, u"QtProject"_s).fileName();
+    const QString Ricordi = FileRicordi();
     QVERIFY(Ricordi.startsWith(CartellaDiProva()));
     const QString Cartella = NuovaCartella() + u"Rossi contro Bianchi"_s;
     QVERIFY(QDir().mkpath(Cartella));
@@ -359,6 +378,7 @@ void TestServiziQt::iRicordiDelSoloUtente()
     QVERIFY(Scritti.open(QIODevice::ReadOnly));
     QVERIFY(Scritti.readAll().contains("Rossi"));
     QCOMPARE(Scritti.permissions() & DiAltri, QFile::Permissions());
+    QVERIFY(EsisteFile(LavoroAltrui()));
 }
 
 void TestServiziQt::colore()
