@@ -22,8 +22,9 @@ int PrintDialog(VistaStampa& Vista);
 ///
 /// @param Titolo name of the job in the printer's queue
 /// @return true when pages went to the printer
-/// @throws Errore 482 when the printer is gone or refuses, and 7, 61, 70, 75, 76 as the file system refuses a
-/// PDF; preview, paper and a file that was there are then as they were
+/// @throws Errore 482 when the printer is gone or refuses, and 7, 55, 57, 61, 70, 75, 76 as the file system
+/// refuses a PDF; preview, paper and a file that was there are then as they were. NonConfermato as
+/// ScriviFile: the PDF stands there, to be printed again
 bool PrintDoc(VistaStampa& Vista, const QString& Titolo);
 
 /// Asks for a place and writes the document on view there as a PDF, which has Nome as its title. An existing
