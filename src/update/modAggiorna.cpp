@@ -41,8 +41,7 @@ void SvuotaSessione()
 }
 
 /// What has come takes the place of the former file, which counts for nothing: its readers are the folder's.
-/// @return false where there is none, or it cannot be put
-/// there
+/// @return false where there is none, or it cannot be put there
 bool Posa(const QString& Arrivato)
 {
     try {

@@ -118,7 +118,6 @@ void TestBlocco::siPrendeESiLascia()
     QCOMPARE(ContenutoDi(Cartella), QStringList());
 }
 
-/// A lock needs no application object: before it stands, the toolkit would only complain of it.
 /// Whoever is kept waiting is told by whom, whatever the holder's system gives his files.
 void TestBlocco::siLeggeDaTutti()
 {
@@ -130,6 +129,7 @@ void TestBlocco::siLeggeDaTutti()
     QCOMPARE(QFile::permissions(Mio.Percorso()) & DiAltri, QFile::ReadGroup | QFile::ReadOther);
 }
 
+/// A lock needs no application object: before it stands, the toolkit would only complain of it.
 void TestBlocco::ancheSenzaProgramma()
 {
     QCOMPARE(Presto.Frasi, QStringList());
