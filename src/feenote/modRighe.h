@@ -18,7 +18,7 @@ enum ColonnaOnorari {
     OnoMax = 6,
     OnoCodVoce = 7,     ///< value of the catalogue's key column
     OnoNVoce = 8,       ///< number of the item in the decree
-    OnoVarPerc = 9,     ///< percent variation of the line, whole and signed
+    OnoVarPerc = 9,     ///< percent variation of the line, signed; whole but in another program's file
     OnoBaseMedio = 10,  ///< the three base amounts stand before the variation
     OnoBaseMin = 11,
     OnoBaseMax = 12,

@@ -208,7 +208,7 @@ void CaricaVariazione(Parcella& Nota, int Indice, double VarP)
     ImpostaOpzione(Nota, Offerta ? *Opzione : Libera());
     if (!Offerta && Nota.Tariffa->Dichiarato)
         Nota.VariazioneTenuta = Indice;
-    Nota.AumRidVarP = int(std::clamp(VarP, -999.0, 999.0));
+    Nota.AumRidVarP = int(Round(std::clamp(VarP, -999.0, 999.0)));
     Nota.txtAumRid.Testo.clear();
     if (Nota.AumRidVarP != 0) {
         Nota.cmbAumRid = Nota.AumRidVarP > 0 ? SegnoPiu : SegnoMeno;

@@ -280,7 +280,7 @@ constexpr std::array Righe{
     ColonnaLinea{u"Imp4", Doppio, 0, {FormaCella::Importo, OnoBaseMedio, u"baseMedio"}},
     ColonnaLinea{u"Imp5", Doppio, 0, {FormaCella::Importo, OnoBaseMin, u"baseMinimo"}},
     ColonnaLinea{u"Imp6", Doppio, 0, {FormaCella::Importo, OnoBaseMax, u"baseMassimo"}},
-    ColonnaLinea{u"VarP", Doppio, 0, {FormaCella::Intero, OnoVarPerc, u"variazione"}},
+    ColonnaLinea{u"VarP", Doppio, 0, {FormaCella::Numero, OnoVarPerc, u"variazione"}},
 };
 
 // Payments are written and read without conversion.

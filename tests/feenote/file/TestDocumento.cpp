@@ -24,6 +24,7 @@ private Q_SLOTS:
     void percentoNonNumero();
     void percentoMostrato_data();
     void percentoMostrato();
+    void percentualiConDecimali();
     void variazione_data();
     void variazione();
     void indiciOltreLaLista();
@@ -402,6 +403,28 @@ void TestDocumento::percentoMostrato()
     QTEST(Letta.txtRA.Testo, "Casella");
     QTEST(Letta.txtCP.Testo, "Casella");
     QTEST(Letta.txtSpeGen.Testo, "Casella");
+}
+
+/// Another program's file: the line keeps its percent to the digit, and the note has the nearest whole one.
+void TestDocumento::percentualiConDecimali()
+{
+    const Studio Ufficio;
+    Registratore Messaggi;
+    Parcella Nota = NotaPiena();
+    Nota.xOnorari(0, OnoVarPerc) = -50;
+    const QString File = Ufficio.File(u"nota.mdb"_s);
+    ScriviNota(File, Nota);
+    EseguiSu(File, u"UPDATE ParcellaParam SET AumRidVarP=13.7"_s);
+    EseguiSu(File, u"UPDATE ParcellaRighe SET VarP=-13.7 WHERE VarP=-50"_s);
+    Parcella Letta;
+    CaricaDati(Letta, File);
+    QCOMPARE(Letta.AumRidVarP, 14);
+    QCOMPARE(Letta.txtAumRid.Testo, u"14"_s);
+    QCOMPARE(NumeroDi(Letta.xOnorari(0, OnoVarPerc)), -13.7);
+    ScriviNota(File, Letta);
+    const Recordset Riscritta =
+        OpenDatabase(File, true).OpenRecordset(u"SELECT VarP FROM ParcellaRighe WHERE VarP<>0"_s);
+    QCOMPARE(Riscritta.Value(u"VarP"_s).toDouble(), -13.7);
 }
 
 void TestDocumento::variazione_data()
