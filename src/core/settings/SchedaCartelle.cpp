@@ -9,6 +9,7 @@
 #include "core/settings/filtrofile.h"
 #include "core/settings/frmSfoglia.h"
 #include "platform/kit/aspetto.h"
+#include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/system/aparte.h"
 #include "platform/system/file.h"
@@ -139,7 +140,7 @@ void SchedaCartelle::Carica()
     const bool Guaste = !FraseImpostazioniGuaste().isEmpty();
     for (int i = 0; i < int(Percorsi.size()); ++i) {
         const Percorso& Voce = Percorsi[size_t(i)];
-        (ui.get()->*Voce.Campo)->setText(Mostrato(Voce.Chiave));
+        MostraIntero(ui.get()->*Voce.Campo, Mostrato(Voce.Chiave));
         Cambiate.insert(i);
         const bool Perduta = Guaste && Impostazione(Voce.Chiave.toString()).isEmpty() &&
                              RitrovatoDelPrimoUso(Voce.Chiave).isEmpty();
@@ -183,7 +184,7 @@ void SchedaCartelle::SegueArchivio()
 {
     const QString Prima = std::exchange(ArchivioLetto, Mostrato(chiavi::ArchivioCliCon));
     if (ui->txtArchivioCliCon->text() == Prima)
-        ui->txtArchivioCliCon->setText(ArchivioLetto);
+        MostraIntero(ui->txtArchivioCliCon, ArchivioLetto);
 }
 
 void SchedaCartelle::SegnaMancanti()

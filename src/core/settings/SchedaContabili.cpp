@@ -112,8 +112,8 @@ void SchedaContabili::Carica()
     ui->cmbNorme->setCurrentIndex(
         std::max(ui->cmbNorme->findData(ValoreConservato(chiavi::NormeDiPartenza)), 0));
     for (const VoceAliquota& Voce : Aliquote)
-        (ui.get()->*Voce.Campo)->setText(ValoreConservato(Voce.Chiave));
-    ui->txtNumFatt->setText(ValoreConservato(chiavi::ProgFatt));
+        MostraIntero(ui.get()->*Voce.Campo, ValoreConservato(Voce.Chiave));
+    MostraIntero(ui->txtNumFatt, ValoreConservato(chiavi::ProgFatt));
     ui->lblVigenti->hide();
 }
 

@@ -7,6 +7,7 @@
 #include "feenote/modLettera.h"
 #include "platform/base/regionale.h"
 #include "platform/kit/aspetto.h"
+#include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/figurascelta.h"
 #include "platform/kit/scelta.h"
@@ -100,7 +101,7 @@ void SchedaDocumenti::Carica()
     const QString Quali = ValoreConservato(chiavi::LogoDocumenti);
     for (int Quale = 0; Quale < chkLogoDoc.size(); ++Quale)
         chkLogoDoc[Quale]->setChecked(Quali.contains(ValoreDi(Quale)));
-    ui->txtPostaOggetto->setText(ValoreConservato(chiavi::PostaOggetto));
+    MostraIntero(ui->txtPostaOggetto, ValoreConservato(chiavi::PostaOggetto));
     ui->txtPostaTesto->setPlainText(ValoreConservato(chiavi::PostaTesto));
     MostraLogo();
 }

@@ -142,9 +142,9 @@ void SchedaFattura::Carica()
         Elenco->setCurrentIndex(Elenco->findData(Codice));
     }
     for (const CampoFattura& Voce : CampiTitolare)
-        (ui.get()->*Voce.Campo)->setText(ValoreConservato(Voce.Chiave));
+        MostraIntero(ui.get()->*Voce.Campo, ValoreConservato(Voce.Chiave));
     NumeroLetto = ValoreConservato(chiavi::ProgTrasm);
-    ui->txtProgTrasm->setText(NumeroLetto);
+    MostraIntero(ui->txtProgTrasm, NumeroLetto);
     ui->lblProposta->hide();
     MostraTipo();
     MostraNome();

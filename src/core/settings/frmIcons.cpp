@@ -24,19 +24,14 @@ bool FinisceInGif(const QString& Nome)
     return Nome.endsWith(Estensione, Qt::CaseInsensitive);
 }
 
-/// Shows a text. A longer one than the box takes, written into the file by hand, is not cut.
-void Mostra(QLineEdit* Campo, int Massimo, const QString& Testo)
-{
-    Campo->setMaxLength(std::max(Massimo, int(Testo.size())));
-    Campo->setText(Testo);
-}
-
 }  // namespace
 
 frmIcons::frmIcons(TabellaRighe& Icone, int Riga, QWidget* Padre)
     : QDialog(Padre), ui(std::make_unique<Ui::frmIcons>()), Tabella(Icone), RigaIcona(Riga)
 {
     ui->setupUi(this);
+    ui->txtTitIco->setMaxLength(MassimoTitolo);
+    ui->txtCollegIco->setMaxLength(MassimoCollegamento);
     aspetto::AssegnaMnemonici(this);
     aspetto::AssegnaNomiAccessibili(this);
     const auto Premuto = &QAbstractButton::clicked;
@@ -66,8 +61,8 @@ void frmIcons::LoadIconData()
         ui->cmbTipoIco->setCurrentIndex(ELink(Destinazione) ? Collegamento : Programma);
         FiguraLetta = Tabella(RigaIcona, IconaFigura).toString();
     }
-    Mostra(ui->txtTitIco, MassimoTitolo, Titolo);
-    Mostra(ui->txtCollegIco, MassimoCollegamento, Destinazione);
+    MostraIntero(ui->txtTitIco, Titolo);
+    MostraIntero(ui->txtCollegIco, Destinazione);
     const QString Corto = FinisceInGif(FiguraLetta) ? FiguraLetta.chopped(Estensione.size()) : FiguraLetta;
     int Voce = ui->cmbImgIco->findText(Corto, Qt::MatchFixedString);
     if (Voce < 0 && RigaIcona < 0 && ui->cmbImgIco->count() > 0)

@@ -332,7 +332,7 @@ void frmSetup::keyPressEvent(QKeyEvent* Evento)
 void frmSetup::CaricaStudio()
 {
     for (const CampoImpostazione& Voce : CampiStudio)
-        (ui.get()->*Voce.Campo)->setText(ValoreConservato(Voce.Chiave));
+        MostraIntero(ui.get()->*Voce.Campo, ValoreConservato(Voce.Chiave));
     SegnaControlli();
 }
 

@@ -303,6 +303,15 @@ bool LasciaDavvero(const QFocusEvent& Evento)
            Evento.reason() != Qt::PopupFocusReason;
 }
 
+void MostraIntero(QLineEdit* Campo, const QString& Testo)
+{
+    constexpr const char* Limite = "LimiteDiBattitura";
+    if (!Campo->property(Limite).isValid())
+        Campo->setProperty(Limite, Campo->maxLength());
+    Campo->setMaxLength(std::max(Campo->property(Limite).toInt(), int(Testo.size())));
+    Campo->setText(Testo);
+}
+
 void RidaiFuoco(QWidget* Campo)
 {
     QMetaObject::invokeMethod(

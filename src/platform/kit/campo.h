@@ -75,6 +75,10 @@ void CampoNumericoSempre(QLineEdit* Campo, std::function<bool()> Procedura);
 /// True when losing the focus like this is a leaving, not a change of window or an open popup.
 [[nodiscard]] bool LasciaDavvero(const QFocusEvent& Evento);
 
+/// Shows a text that is kept somewhere. The box's limit is one of typing: a longer text, which another
+/// program has written, is not cut, and the limit is raised to it while it stands there.
+void MostraIntero(QLineEdit* Campo, const QString& Testo);
+
 /// Gives the focus to a widget by a queued call, its text selected, and scrolls the pages around it until it
 /// is in view; no leave procedure runs by it.
 void RidaiFuoco(QWidget* Campo);

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void memorizzaConUnaParcellaAperta();
     void memorizzaNonRiesce();
     void quelCheHaScrittoUnAltroResta();
+    void quelCheLaCasellaNonTieneResta();
     void quelCheIlFileHaPersoTorna_data();
     void quelCheIlFileHaPersoTorna();
     void ridisegnaLaScrivania();
@@ -294,6 +295,29 @@ void TestFrmSetup::quelCheHaScrittoUnAltroResta()
         QCOMPARE(Scena::Parametro(u"StudioMail"_s), u"mio@studio.it"_s);
         QCOMPARE(Campo(u"txtIBAN"_s)->text(), u"IT02L1234512345123456789012"_s);
     }
+}
+
+/// Texts longer than may be typed, from the hand of whoever wrote the file.
+void TestFrmSetup::quelCheLaCasellaNonTieneResta()
+{
+    const QString Lungo(1500, u'x');
+    QStringList Lunghe{u"PostaOggetto"_s, u"StudioVia"_s, u"StudioTitolareNome"_s, u"WP"_s};
+    for (const auto& [Nome, Chiave] : Chiavi)
+        Lunghe << Chiave;
+    for (const QString& Chiave : std::as_const(Lunghe))
+        Scena::Salva(Chiave, Lungo);
+    Registratore Box;
+    Modulo->Mostra(0);
+    for (const auto& [Nome, Chiave] : Chiavi)
+        QCOMPARE(Campo(Nome)->text(), Lungo);
+    Campo(u"txtCittaStudio"_s)->setText(u"Pisa"_s);
+    Box.Attendi(Memorizzate);
+    Memorizza();
+    QCOMPARE(Scena::Parametro(u"StudioCitta"_s), u"Pisa"_s);
+    Lunghe.removeOne(u"StudioCitta"_s);
+    for (const QString& Chiave : std::as_const(Lunghe))
+        QVERIFY2(Scena::Parametro(Chiave) == Lungo, qPrintable(Chiave));
+    QCOMPARE(Campo(u"txtCittaStudio"_s)->maxLength(), 200);
 }
 
 void TestFrmSetup::quelCheIlFileHaPersoTorna_data()
