@@ -243,7 +243,10 @@ void SchedaOnorari::tdbListaOno_DblClick(int Riga)
         return;
     if (!Comune.Voci.datOno.Value(u"QtaOno"_s, QString()).toString().isEmpty())
         Righe->MostraColonna(OnoQta, true);
-    Comandi->RigheMutate(*Inserita);  // the new line is current and in sight; the catalogue keeps its row
+    // The new line is current and, where the lines reach that far, the first on view; the catalogue keeps its
+    // row.
+    Comandi->RigheMutate(*Inserita);
+    Righe->ImpostaPrimaRiga(*Inserita);
     AnnunciaTesto(this,
                   u"Inserito: %1, %2"_s.arg(CStr(Nota.xOnorari(*Inserita, OnoDescr)),
                                             TestoImporto(NumeroDi(Nota.xOnorari(*Inserita, OnoImporto)))));

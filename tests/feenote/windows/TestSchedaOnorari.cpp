@@ -42,6 +42,7 @@ private Q_SLOTS:
     void laNotaVuotaSiPrecaricaOgniVolta();
     void piediERiepilogo();
     void doppioClicInserisce();
+    void laNuovaRigaInCima();
     void laSecondaVoltaSiChiede_data();
     void laSecondaVoltaSiChiede();
     void voceNonPrevistaNonChiede();
@@ -157,6 +158,28 @@ void TestSchedaOnorari::doppioClicInserisce()
     QCOMPARE(F->Nota.xOnorari(0, OnoDescr).toString(), u"Fase introduttiva del procedimento"_s);
     QCOMPARE(Righe->RigaCorrente(), std::optional(0));
     QVERIFY2(Lista->RigaCorrente() == std::optional(1), "il catalogo resta sulla sua voce");
+}
+
+/// What follows the place of the insertion is on view below it.
+void TestSchedaOnorari::laNuovaRigaInCima()
+{
+    constexpr int Quante = 60;
+    Entra();
+    const int Ultima = Lista->Righe() - 1;
+    Lista->ImpostaRigaCorrente(Ultima);
+    while (F->Nota.xOnorari.Righe() < Quante)
+        DoppioClic(Lista, Ultima);
+    QCOMPARE(Righe->RigaCorrente(), std::optional(Quante - 1));
+    T->Voce.Attendi(u"Le nuove prestazioni saranno inserite nella riga selezionata!"_s, vbOK,
+                    u"Avvertenza:"_s);
+    Clic(PaginaIn(F)->findChild<QToolButton*>(u"barListaOnoDir_currentrow"_s));
+    Righe->ImpostaPrimaRiga(0);
+    Righe->ImpostaRigaCorrente(2);
+    QCOMPARE(Righe->PrimaRiga(), 0);
+    DoppioClic(Lista, Ultima);
+    QCOMPARE(F->Nota.xOnorari.Righe(), Quante + 1);
+    QCOMPARE(Righe->RigaCorrente(), std::optional(2));
+    QCOMPARE(Righe->PrimaRiga(), 2);
 }
 
 void TestSchedaOnorari::laSecondaVoltaSiChiede_data()
