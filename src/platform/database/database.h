@@ -113,10 +113,11 @@ public:
     /// that name that does not keep them as text is another program's, and counts as none.
     /// @throws Errore as Execute, 3047 for more text than any of the program's files keeps
     [[nodiscard]] QMap<QString, QString> Annotazioni() const;
-    /// Puts these in the place of whatever is kept. @throws Errore as Execute; all or nothing
+    /// Puts these in the place of whatever is kept.
+    /// @throws Errore as Execute, 1000 where the table of that name is another program's; all or nothing
     void Annota(const QMap<QString, QString>& Valori) const;
     /// The same for the values of some names: those that `Valori` lacks go, whatever else is kept stays.
-    /// @throws Errore as Execute, 1000 where the table of that name is another program's; all or nothing
+    /// @throws Errore as Annota; all or nothing
     void RitoccaAnnotazioni(const QStringList& Nomi, const QMap<QString, QString>& Valori) const;
 
     friend class Recordset;

@@ -50,6 +50,16 @@ QString SqlTabellaAnnotazioni()
     return u"CREATE TABLE IF NOT EXISTS \"_Calcanova\" (Nome TEXT PRIMARY KEY, Valore TEXT) WITHOUT ROWID"_s;
 }
 
+/// Makes the table of the annotations where there is none. @throws Errore 1000 it is another program's
+void PreparaTabella(Connessione& Conn)
+{
+    const FormaTabella Trovata = FormaAnnotazioni(Conn);
+    if (Trovata == FormaTabella::Manca)
+        Conn.Esegui(SqlTabellaAnnotazioni());
+    else if (Trovata != FormaTabella::Propria)
+        throw Errore(errori::Imprevisto, u"Nel file un altro programma tiene dati suoi"_s);
+}
+
 }  // namespace
 
 int Database::Specie() const
@@ -84,7 +94,7 @@ QMap<QString, QString> Database::Annotazioni() const
 void Database::Annota(const QMap<QString, QString>& Valori) const
 {
     Blocco Tutto(PerScrivere());
-    Conn->Esegui(SqlTabellaAnnotazioni());
+    PreparaTabella(*Conn);
     Conn->Esegui(u"DELETE FROM \"_Calcanova\""_s);
     for (auto Voce = Valori.begin(); Voce != Valori.end(); ++Voce)
         Conn->Esegui(u"INSERT INTO \"_Calcanova\" VALUES (?,?)"_s, {Voce.key(), Voce.value()});
@@ -94,11 +104,7 @@ void Database::Annota(const QMap<QString, QString>& Valori) const
 void Database::RitoccaAnnotazioni(const QStringList& Nomi, const QMap<QString, QString>& Valori) const
 {
     Blocco Tutto(PerScrivere());
-    const FormaTabella Trovata = FormaAnnotazioni(*Conn);
-    if (Trovata == FormaTabella::Manca)
-        Conn->Esegui(SqlTabellaAnnotazioni());
-    else if (Trovata != FormaTabella::Propria)
-        throw Errore(errori::Imprevisto, u"Nel file un altro programma tiene dati suoi"_s);
+    PreparaTabella(*Conn);
     for (const QString& Nome : Nomi) {
         if (const auto Valore = Valori.constFind(Nome); Valore != Valori.constEnd())
             Conn->Esegui(u"INSERT OR REPLACE INTO \"_Calcanova\" (Nome, Valore) VALUES (?,?)"_s,

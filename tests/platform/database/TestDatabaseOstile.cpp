@@ -372,6 +372,7 @@ void TestDatabaseOstile::leAnnotazioniDiUnAltro()
     }
     const QByteArray Prima = LeggiFile(File);
     QCOMPARE(NumeroErrore(Ritocca), 1000);
+    QCOMPARE(NumeroErrore([&] { Db.Annota({{u"a"_s, u"nuovo"_s}}); }), 1000);
     QCOMPARE(LeggiFile(File), Prima);
 }
 
