@@ -113,6 +113,7 @@ struct ArchivioAccess::Dati
     [[nodiscard]] std::optional<QByteArray> Memo(const CellaAccess& Cella, qsizetype Posto, bool& Enorme);
     void LeggiPagina(quint32 Numero, const std::function<void(QByteArrayView)>& Prendi, qint64& Rotte) const;
     [[nodiscard]] bool HaPagine(const MdbCatalogEntry& Voce) const;
+    [[nodiscard]] bool HaMappa(QByteArrayView Tabella) const;
     [[nodiscard]] QList<ColonnaLetta> LeggiColonne() const;
     void Descrivi(Campo& Nuovo, const MdbColumn& Colonna, TipoCampo Tipo) const;
 };
@@ -235,6 +236,18 @@ bool ArchivioAccess::Dati::HaPagine(const MdbCatalogEntry& Voce) const
            qFromLittleEndian<quint32>(Prima.constData() + File->fmt->tab_usage_map_offset) >> 8 < Pagine;
 }
 
+/// Whether the table of this first page says which pages are its own. The library, which walks them through the list
+/// of tables, looks into the map without asking how long it is.
+bool ArchivioAccess::Dati::HaMappa(QByteArrayView Tabella) const
+{
+    constexpr size_t TipoConUnNumero = 5;
+    const auto Dove = qFromLittleEndian<quint32>(Tabella.data() + File->fmt->tab_usage_map_offset);
+    void* Pagina = nullptr;
+    int Inizio = 0;
+    size_t Lunga = 0;
+    return mdb_find_pg_row(File.get(), int(Dove), &Pagina, &Inizio, &Lunga) == 0 && Lunga >= TipoConUnNumero;
+}
+
 /// The columns of the table that is open, each with the reason why it is left out.
 QList<ColonnaLetta> ArchivioAccess::Dati::LeggiColonne() const
 {
@@ -310,7 +323,7 @@ void ArchivioAccess::LeggiElenco()
                 u"Il file è cifrato con una password di Access: toglierla con Access e ripetere"_s);
         throw Danneggiato(u"Il file è danneggiato: ripararlo con Access, o copiarlo di nuovo"_s);
     }
-    if (!mdb_read_catalog(File, MDB_ANY))
+    if (!Stato->HaMappa(Prima) || !mdb_read_catalog(File, MDB_ANY))
         throw Danneggiato(u"Il file è danneggiato: ripararlo con Access, o copiarlo di nuovo"_s);
     int Proprie = 0;
     for (unsigned int i = 0; i < File->catalog->len; ++i) {
