@@ -5,6 +5,7 @@
 #include "calculators/norme/regolenorme.h"
 #include "calculators/norme/righenorme.h"
 #include "calculators/norme/terminiricorrenti.h"
+#include "core/modTesti.h"
 #include "core/sessione.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
@@ -220,7 +221,10 @@ Norme::Norme(const QString& Percorso)
     } catch (const std::bad_alloc&) {
         throw;
     } catch (...) {
-        RifiutaFile(u"il file è danneggiato o modificato (%1)"_s.arg(ErroreCorrente().Descrizione));
+        // What broke a rule may be named, and the name is the damaged file's.
+        constexpr qsizetype MassimoMotivo = 300;
+        RifiutaFile(u"il file è danneggiato o modificato (%1)"_s.arg(
+            UnaRiga(ErroreCorrente().Descrizione, MassimoMotivo)));
     }
 }
 

@@ -326,6 +326,8 @@ void TestNorme::ritocchiRisigillati_data()
          u"Catene: CPC-171TER aumenta un termine di altra misura, CPC-166");
     Riga("scaglione con un buco", u"UPDATE Contributi SET Da=1100.02 WHERE Da=1100.01",
          u"Contributi: uno scaglione di «civile» non segue il precedente");
+    Riga("codice con un a capo", u"UPDATE Contributi SET Codice='civi' || char(10) || 'le' WHERE rowid=2",
+         u"Contributi: uno scaglione di «civi le» non segue il precedente");
     Riga("scaglioni senza fine", u"UPDATE Contributi SET A=600000 WHERE Da=520000.01", u"Contributi: ");
     Riga("importo negativo", u"UPDATE Contributi SET Valore=-1 WHERE Codice='minimo'",
          u"colonna Valore: non è un importo");

@@ -31,7 +31,8 @@ QByteArray Buono(EdizioneAccess Edizione = EdizioneAccess::Jet4)
     return ScriviAccess({.Edizione = Edizione, .Tabelle = {Semplice()}});
 }
 
-/// The list of tables looks for the map of its pages behind the last row of the map's page: a row without a byte.
+/// The list of tables looks for the map of its pages behind the last row of the map's page: a row without a
+/// byte.
 QByteArray SenzaMappaDelleTabelle()
 {
     constexpr qsizetype Mappa = 2 * qsizetype(4096) + 0x37;
@@ -140,7 +141,8 @@ private Q_SLOTS:
         QTest::newRow("no list of tables")
             << Guasto << u"Il file è danneggiato: ripararlo con Access, o copiarlo di nuovo"_s;
         QTest::newRow("no map of the list")
-            << SenzaMappaDelleTabelle() << u"Il file è danneggiato: ripararlo con Access, o copiarlo di nuovo"_s;
+            << SenzaMappaDelleTabelle()
+            << u"Il file è danneggiato: ripararlo con Access, o copiarlo di nuovo"_s;
         FileScritto Tante;
         for (int i = 0; i < 1001; ++i)
             Tante.Tabelle.append({.Nome = u"T%1"_s.arg(i), .Colonne = {{.Nome = u"N"_s}}});

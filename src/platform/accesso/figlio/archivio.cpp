@@ -236,8 +236,8 @@ bool ArchivioAccess::Dati::HaPagine(const MdbCatalogEntry& Voce) const
            qFromLittleEndian<quint32>(Prima.constData() + File->fmt->tab_usage_map_offset) >> 8 < Pagine;
 }
 
-/// Whether the table of this first page says which pages are its own. The library, which walks them through the list
-/// of tables, looks into the map without asking how long it is.
+/// Whether the table of this first page says which pages are its own. The library, which walks them through
+/// the list of tables, looks into the map without asking how long it is.
 bool ArchivioAccess::Dati::HaMappa(QByteArrayView Tabella) const
 {
     constexpr size_t TipoConUnNumero = 5;
