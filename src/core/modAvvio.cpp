@@ -1,5 +1,6 @@
 #include "core/modAvvio.h"
 
+#include "core/aperture.h"
 #include "core/dannoricordato.h"
 #include "core/impostazioni.h"
 #include "core/modErrori.h"
@@ -107,6 +108,15 @@ QString ConsiglioPer(GuastoDeposito Guasto)
 void ImpostaVariabili()
 {
     Protetta(LeggiParametri);
+}
+
+void RileggiVariabili()
+{
+    const QString Conservata = ValoreConservato(chiavi::UserFolder);
+    const QString Prossima = Conservata.isEmpty() ? CartellaUtente(LeggiVersioneSistema()) : Conservata;
+    if (Barra(Prossima) != Barra(sessione::UserFolder))
+        Invoca(Aperture.LasciaCartellaUtente);
+    ImpostaVariabili();
 }
 
 bool AvvisaImpostazioniGuaste()

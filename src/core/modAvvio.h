@@ -13,6 +13,10 @@ struct VersioneSistema;
 /// malformed rate in silence; its variable stays as it was, and the others are read.
 void ImpostaVariabili();
 
+/// The same in a session that runs. Of a user folder that the store names no more, whoever has stored the new
+/// one, the session takes its leave first, while it still knows it.
+void RileggiVariabili();
+
 /// Tells that the stored settings are damaged, and what to do about it; nothing while they are sound.
 /// @return true when they are not
 bool AvvisaImpostazioniGuaste();

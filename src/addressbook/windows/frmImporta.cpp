@@ -414,7 +414,7 @@ void frmImporta::PrendiIntero()
                 "occorre prenderlo di nuovo: si sceglie nelle impostazioni"_s.arg(Preso->File,
                                                                                   Guasto.Descrizione));
         }
-        ImpostaVariabili();
+        RileggiVariabili();
         InArchivio.clear();
         Invoca(Aperture.ImpostazioniCambiate);
         RileggiRubriche();

@@ -537,15 +537,12 @@ void frmSetup::cmdSaveImpost_Click()
     const bool IconeScritte = Desktop->SalvaIcone();
     if (!IconeScritte)
         MsgErrore(u"Errore scrittura .ini"_s);
-    const QString CartellaPrima = ValoreConservato(chiavi::UserFolder);
     if (!Protetta([this] { SalvaValori(); })) {
         // The icons are written all the same: those of the desktop would open their neighbours' targets.
         Invoca(Aperture.ImpostazioniCambiate);
         return;
     }
-    if (ValoreConservato(chiavi::UserFolder) != CartellaPrima && Aperture.LasciaCartellaUtente)
-        Aperture.LasciaCartellaUtente();
-    ImpostaVariabili();
+    RileggiVariabili();
     if (IlLogoSiSa())
         logo::TogliAltri(sessione::LogoImpronta);
     Invoca(Aperture.ImpostazioniCambiate);

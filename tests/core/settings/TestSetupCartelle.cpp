@@ -40,6 +40,8 @@ private Q_SLOTS:
     void scegliFile_data();
     void scegliFile();
     void tassiNellaCartellaNuova();
+    void laCartellaUtenteDiUnAltro_data();
+    void laCartellaUtenteDiUnAltro();
     void importa();
     void lArchivioImportato();
 
@@ -325,6 +327,33 @@ void TestSetupCartelle::tassiNellaCartellaNuova()
     QVERIFY(Lasciata);
     QCOMPARE(Allora, T->Utente);
     QCOMPARE(sessione::UserFolder, Nuova);
+}
+
+void TestSetupCartelle::laCartellaUtenteDiUnAltro_data()
+{
+    QTest::addColumn<bool>("Prima");
+    QTest::newRow("before the form opens") << true;
+    QTest::newRow("while it is open") << false;
+}
+
+/// Another program has stored a user folder: this one takes it over with its next save, and leaves its own.
+void TestSetupCartelle::laCartellaUtenteDiUnAltro()
+{
+    QFETCH(bool, Prima);
+    Registratore Box;
+    QStringList Lasciate;
+    Aperture.LasciaCartellaUtente = [&] { Lasciate << sessione::UserFolder; };
+    const QString Nuova = NuovaCartella();
+    if (Prima)
+        T->Salva(u"UserFolder"_s, Nuova);
+    T->Apri(2);
+    if (!Prima)
+        T->Salva(u"UserFolder"_s, Nuova);
+    T->Memorizza(Box);
+    QCOMPARE(Lasciate, QStringList{T->Utente});
+    QCOMPARE(sessione::UserFolder, Nuova);
+    T->Memorizza(Box);
+    QCOMPARE(Lasciate.size(), 1);
 }
 
 /// The button beside the archive is there where something imports.
