@@ -60,15 +60,6 @@ bool NomeBuono(const QString& Nome)
     return NomeDiNotaValido(Nome) && NomeValido(Nome) && !Nome.contains(QChar(0));
 }
 
-/// On disks that know no case the same file answers to the new name too.
-bool AltroFile(const QString& File, const QString& Nuovo)
-{
-    if (!QFileInfo::exists(Nuovo) && !QFileInfo(Nuovo).isSymLink())
-        return false;
-    const bool SoloMaiuscole = File.compare(Nuovo, Qt::CaseInsensitive) == 0;
-    return !SoloMaiuscole || QFileInfo(File).canonicalFilePath() != QFileInfo(Nuovo).canonicalFilePath();
-}
-
 /// The path that a typed name means; empty when it was refused, as the user has been told.
 QString PercorsoNuovo(const QString& File, const QString& Digitato)
 {
@@ -81,7 +72,8 @@ QString PercorsoNuovo(const QString& File, const QString& Digitato)
     if (ByteDelNome(Intero) > MassimoNomeNota)
         throw Errore(errori::NomeNonValido);
     QString Nuovo = CartellaFile(File) + Intero;
-    if (AltroFile(File, Nuovo)) {
+    // On disks that know no case the same file answers to the new name too.
+    if (NomePreso(Nuovo) && !StessaVoce(File, Nuovo)) {
         MsgErrore(u"La parcella "_s + Intero + u" non può essere sovrascritta!"_s);
         return {};
     }
@@ -122,7 +114,7 @@ bool RinominaNota(const QString& Percorso, const std::function<void(const QStrin
     // disks that know no case the journal may be this note's own; of a link none is looked for beside its
     // name.
     QString Scostato;
-    if (!QFileInfo::exists(Nuovo) && !QFileInfo(File).isSymLink())
+    if (!NomePreso(Nuovo) && !QFileInfo(File).isSymLink())
         Scostato = ScostaGiornale(Nuovo);
     // A template keeps its attribute by itself: it belongs to the file, not to its name.
     try {

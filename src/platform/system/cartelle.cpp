@@ -118,24 +118,88 @@ bool DelSistema(const QString& Percorso)
     });
 }
 
+bool StaSotto(const QString& Nativo, const QString& Cartella)
+{
+    return !Cartella.isEmpty() && Nativo.startsWith(PercorsoNativo(Cartella));
+}
+
+/// The path by which the disk finds what a path asks for.
+QString ComeRisponde(const QString& Nativo)
+{
+    return StaSotto(Nativo, guasti::SenzaMaiuscole) ? TrovaFile(Nativo) : Nativo;
+}
+
+/// Whether both names lead to one file without any link's help.
+bool StessoFile(const QString& Uno, const QString& Altro)
+{
+#ifdef Q_OS_UNIX
+    struct stat Primo = {};
+    struct stat Secondo = {};
+    return ::lstat(QFile::encodeName(ComeRisponde(Uno)).constData(), &Primo) == 0 &&
+           ::lstat(QFile::encodeName(ComeRisponde(Altro)).constData(), &Secondo) == 0 &&
+           Primo.st_dev == Secondo.st_dev && Primo.st_ino == Secondo.st_ino;
+#else
+    const QFileInfo Primo(Uno);
+    const QFileInfo Secondo(Altro);
+    return !Primo.isSymLink() && !Secondo.isSymLink() && Primo.exists() && Primo == Secondo;
+#endif
+}
+
+#ifdef Q_OS_LINUX
+/// @return the system's code, 0 when it is done
+int RinominaSeLibero(const QString& Da, const QString& A)
+{
+    const QByteArray Vecchio = QFile::encodeName(ComeRisponde(Da));
+    const QByteArray Nuovo = QFile::encodeName(A);
+    if (ComeRisponde(A) != A)
+        return EEXIST;
+    if (::renameat2(AT_FDCWD, Vecchio.constData(), AT_FDCWD, Nuovo.constData(), RENAME_NOREPLACE) == 0)
+        return 0;
+    // A disk that does not know the condition gets a look instead.
+    if (errno != EINVAL && errno != ENOSYS)
+        return errno;
+    if (NomePreso(A))
+        return EEXIST;
+    return ::rename(Vecchio.constData(), Nuovo.constData()) == 0 ? 0 : errno;
+}
+
+/// A free name beside a file for the moment between two others. It ends as the file's and is as plain to see:
+/// a note whose program is killed just then is found.
+QString NomeDiPassaggio(const QString& Percorso)
+{
+    constexpr qsizetype Massimo = 60;
+    const QFileInfo Info(Percorso);
+    QString Base = Info.completeBaseName().left(Massimo);
+    if (!Base.isEmpty() && Base.back().isHighSurrogate())
+        Base.chop(1);
+    for (int Numero = 1;; ++Numero) {
+        QString Libero =
+            CartellaFile(Percorso) + u"%1 (cambio nome %2).%3"_s.arg(Base).arg(Numero).arg(Info.suffix());
+        if (!NomePreso(Libero))
+            return Libero;
+    }
+}
+#endif
+
 /// Gives another name where there is none yet. (The toolkit copies the file where the system refuses: the
 /// copy has other permissions, and half of it may be all that there is.)
 /// @return the system's code, 0 when it is done
 int Rinomina(const QString& Da, const QString& A)
 {
 #ifdef Q_OS_LINUX
-    const QByteArray Vecchio = QFile::encodeName(Da);
-    const QByteArray Nuovo = QFile::encodeName(A);
-    if (::renameat2(AT_FDCWD, Vecchio.constData(), AT_FDCWD, Nuovo.constData(), RENAME_NOREPLACE) == 0)
-        return 0;
-    const int Codice = errno;
-    const bool StessoFile = Codice == EEXIST && QFileInfo(Da) == QFileInfo(A) &&
-                            NomeFile(Da).compare(NomeFile(A), Qt::CaseInsensitive) == 0;
-    // A disk that does not know the condition gets a look instead.
-    const bool SenzaCondizione = (Codice == EINVAL || Codice == ENOSYS) && !QFileInfo::exists(A);
-    if (!StessoFile && !SenzaCondizione)
+    const int Codice = RinominaSeLibero(Da, A);
+    if (Codice != EEXIST || !StessaVoce(Da, A))
         return Codice;
-    return ::rename(Vecchio.constData(), Nuovo.constData()) == 0 ? 0 : errno;
+    // The system does nothing, and calls it done, where both names are one file's.
+    const QString Passaggio = NomeDiPassaggio(Da);
+    if (const int Prima = RinominaSeLibero(Da, Passaggio))
+        return Prima;
+    const int Poi =
+        guasti::SecondoNomeRifiutato ? guasti::SecondoNomeRifiutato : RinominaSeLibero(Passaggio, A);
+    if (Poi != 0 && RinominaSeLibero(Passaggio, Da) != 0)
+        throw Errore(errori::Accesso, u"Il file non ha potuto prendere il nome %1: ora si chiama %2"_s.arg(
+                                          NomeFile(A), NomeFile(Passaggio)));
+    return Poi;
 #else
     return QFile::rename(Da, A) ? 0 : EACCES;
 #endif
@@ -183,12 +247,27 @@ bool CartellaSuaScrivibile(const QString& Nativo)
     return CartellaScrivibile(QFileInfo(Nativo).path());
 }
 
-bool StaSotto(const QString& Nativo, const QString& Cartella)
+}  // namespace
+
+bool NomePreso(const QString& Percorso)
 {
-    return !Cartella.isEmpty() && Nativo.startsWith(PercorsoNativo(Cartella));
+    const QFileInfo Info(ComeRisponde(PercorsoNativo(Percorso)));
+    return Info.exists() || Info.isSymLink();
 }
 
-}  // namespace
+bool StessaVoce(const QString& Uno, const QString& Altro)
+{
+    const QString Primo = PercorsoNativo(Uno);
+    const QString Secondo = PercorsoNativo(Altro);
+    const auto SoloMaiuscole = [Nome = NomeFile(Secondo)](const QString& Presente) {
+        return Presente.compare(Nome, Qt::CaseInsensitive) == 0;
+    };
+    if (CartellaFile(Primo) != CartellaFile(Secondo) || !SoloMaiuscole(NomeFile(Primo)) ||
+        !StessoFile(Primo, Secondo))
+        return false;
+    // Where the disk knows case a file may bear both names, as links of either kind: the folder tells.
+    return std::ranges::count_if(NomiDentro(QFileInfo(Primo).path()), SoloMaiuscole) == 1;
+}
 
 void EliminaFile(const QString& Percorso)
 {
@@ -228,7 +307,7 @@ void ScartaCartella(const QString& Cartella)
 void RinominaFile(const QString& Vecchio, const QString& Nuovo)
 {
     const QString Nativo = PercorsoNativo(Vecchio);
-    if (!EsisteFile(Nativo))
+    if (!EsisteFile(ComeRisponde(Nativo)))
         throw Errore(errori::FileMancante);
     if (!CartellaSuaScrivibile(Nativo))
         throw Errore(errori::Accesso);

@@ -49,11 +49,19 @@ void ScartaFile(const QString& Percorso);
 /// Removes a folder if it is there and nothing is in it, without a word where that cannot be.
 void ScartaCartella(const QString& Cartella);
 
+/// Whether something has this name: a file, a folder, a link, one that leads nowhere too.
+[[nodiscard]] bool NomePreso(const QString& Percorso);
+
+/// Whether two paths are one name in other letters' case: the disk answers to both with the same entry of the
+/// folder. Never a file and a link to it, nor two links of either kind.
+[[nodiscard]] bool StessaVoce(const QString& Uno, const QString& Altro);
+
 /// Gives a file another name on the same disk, in one step; a file that has that name already is never
-/// replaced. Other letters' case is another name; on a disk for which it is none the file takes it all the
-/// same.
+/// replaced. Other letters' case is another name; on a disk for which it is none (see StessaVoce) the file
+/// takes it all the same, in two steps: for a moment it has a name of both, "Rossi (cambio nome 1).mdb".
 /// @throws Errore 53 there is no such file, 75 its folder or the system refuses, or the name is taken, 61 no
-/// room, 57 the disk fails
+/// room, 57 the disk fails. The file has its former name then; where even that is refused the second time,
+/// the description says which it has
 void RinominaFile(const QString& Vecchio, const QString& Nuovo);
 
 /// The user's home, with the separator at its end.

@@ -27,6 +27,14 @@ inline std::function<void(const QString& Cartella)> PrimaDiScorrere;
 /// lifts it.
 inline int RinominaRifiutata = 0;
 
+/// Files under this folder answer to their names in any case, as on sticks and on many shares; an empty path
+/// lifts it. What asks for them is what cartelle.h has of names.
+inline QString SenzaMaiuscole;
+
+/// The system's code with which it refuses the second of the two steps that other letters' case takes there;
+/// 0 lifts it.
+inline int SecondoNomeRifiutato = 0;
+
 /// The system's code with which it refuses to change the permissions of a file, as a share that keeps none; 0
 /// lifts it.
 inline int PermessiRifiutati = 0;

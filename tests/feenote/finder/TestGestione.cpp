@@ -42,6 +42,8 @@ private Q_SLOTS:
     void nomiRifiutati_data();
     void nomiRifiutati();
     void nessunFileSiSostituisce();
+    void ilCollegamentoNonPrendeIlPostoDellaSua();
+    void suUnDiscoSenzaMaiuscole();
     void nomeTroppoLungo();
     void ilModelloRinominatoRestaModello();
     void cartellaCheRifiutaIlNome();
@@ -352,6 +354,48 @@ void TestGestione::nessunFileSiSostituisce()
     Box->AttendiImmissione(ChiedeNome, u"appesa"_s);
     Box->Attendi(u"La parcella appesa.mdb non può essere sovrascritta!"_s);
     QVERIFY(!Rinomina());
+}
+
+/// A link, or a second name, in other letters' case than the note's: renamed to the note's it would take the
+/// note's place, and lead to itself.
+void TestGestione::ilCollegamentoNonPrendeIlPostoDellaSua()
+{
+    const QByteArray Prima = LeggiFile(File);
+    const QString Altra = CartellaFile(File) + u"NOTA.mdb"_s;
+    for (const bool Secondo : {false, true}) {
+        QFile::remove(Altra);
+        if (Secondo)
+            std::filesystem::create_hard_link(QFile::encodeName(File).toStdString(),
+                                              QFile::encodeName(Altra).toStdString());
+        else
+            QVERIFY(QFile::link(u"nota.mdb"_s, Altra));
+        Box->AttendiImmissione(ChiedeNome, u"nota"_s);
+        Box->Attendi(u"La parcella nota.mdb non può essere sovrascritta!"_s, vbOK, u"Errore:"_s);
+        QVERIFY(!RinominaNota(Altra, [](const QString&) {}));
+        Box->AttendiImmissione(ChiedeNome, u"NOTA"_s);
+        Box->Attendi(u"La parcella NOTA.mdb non può essere sovrascritta!"_s, vbOK, u"Errore:"_s);
+        QVERIFY(!Rinomina());
+        QVERIFY(!QFileInfo(File).isSymLink());
+        QCOMPARE(QFileInfo(Altra).isSymLink(), !Secondo);
+        QCOMPARE(LeggiFile(File), Prima);
+    }
+}
+
+/// On a stick the note answers to its name in any case, and takes the letters that were typed.
+void TestGestione::suUnDiscoSenzaMaiuscole()
+{
+    const QScopedValueRollback Disco(guasti::SenzaMaiuscole, CartellaFile(File));
+    const QByteArray Prima = LeggiFile(File);
+    Box->AttendiImmissione(ChiedeNome, u"Nota"_s);
+    Box->Attendi(Rinominata, vbOK, u"Messaggio:"_s);
+    QVERIFY(Rinomina());
+    QCOMPARE(QDir(CartellaFile(File)).entryList(QDir::Files | QDir::Hidden), QStringList{u"Nota.mdb"_s});
+    QCOMPARE(LeggiFile(Nuovo), Prima);
+    ScriviFile(CartellaFile(File) + u"altra.mdb"_s, "intoccabile");
+    Box->AttendiImmissione(ChiedeNome, u"Altra"_s);
+    Box->Attendi(u"La parcella Altra.mdb non può essere sovrascritta!"_s, vbOK, u"Errore:"_s);
+    QVERIFY(!RinominaNota(Nuovo, [](const QString&) {}));
+    QCOMPARE(LeggiFile(CartellaFile(File) + u"altra.mdb"_s), "intoccabile");
 }
 
 void TestGestione::nomeTroppoLungo()

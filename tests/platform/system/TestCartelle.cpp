@@ -36,6 +36,8 @@ private Q_SLOTS:
     void rinominaImpedita_data();
     void rinominaImpedita();
     void rinominaNelleMaiuscole();
+    void iCollegamentiNelleMaiuscole();
+    void senzaMaiuscole();
     void scarta();
     void leCartelleDelleProve();
 };
@@ -246,6 +248,63 @@ void TestCartelle::rinominaNelleMaiuscole()
     QCOMPARE(NumeroErrore([&] { RinominaFile(Qui + u"nota.mdb"_s, Qui + u"Nota.mdb"_s); }), 75);
     QCOMPARE(LeggiFile(Qui + u"Nota.mdb"_s), QByteArray("1"));
     QCOMPARE(LeggiFile(Qui + u"nota.mdb"_s), QByteArray("2"));
+}
+
+/// A link beside its file, under the same name in other letters' case, is not that file: neither takes the
+/// other's place. The same holds of a file's second name.
+void TestCartelle::iCollegamentiNelleMaiuscole()
+{
+    for (const bool Secondo : {false, true}) {
+        const QString Qui = NuovaCartella();
+        const QString Vero = Qui + u"Rossi.mdb"_s;
+        const QString Altro = Qui + u"rossi.mdb"_s;
+        ScriviFile(Vero, "contenuto");
+        if (Secondo)
+            QCOMPARE(::link(QFile::encodeName(Vero).constData(), QFile::encodeName(Altro).constData()), 0);
+        else
+            QVERIFY(QFile::link(u"Rossi.mdb"_s, Altro));
+        QVERIFY(NomePreso(Vero) && NomePreso(Altro));
+        QVERIFY(!StessaVoce(Vero, Altro));
+        QVERIFY(!StessaVoce(Altro, Vero));
+        QCOMPARE(NumeroErrore([&] { RinominaFile(Altro, Vero); }), 75);
+        QCOMPARE(NumeroErrore([&] { RinominaFile(Vero, Altro); }), 75);
+        QCOMPARE(QFileInfo(Altro).isSymLink(), !Secondo);
+        QVERIFY(!QFileInfo(Vero).isSymLink());
+        QCOMPARE(LeggiFile(Vero), QByteArray("contenuto"));
+    }
+    const QString Qui = NuovaCartella();
+    QVERIFY(!NomePreso(Qui + u"x"_s));
+    QVERIFY(QFile::link(u"manca"_s, Qui + u"x"_s));
+    QVERIFY(NomePreso(Qui + u"x"_s));
+    QVERIFY(!StessaVoce(Qui + u"manca"_s, Qui + u"MANCA"_s));
+}
+
+/// A disk that knows no case: the file takes the letters that were asked for, and others are another's.
+void TestCartelle::senzaMaiuscole()
+{
+    const QString Qui = NuovaCartella();
+    const QScopedValueRollback Disco(guasti::SenzaMaiuscole, Qui);
+    ScriviFile(Qui + u"rossi.mdb"_s, "1");
+    ScriviFile(Qui + u"rossi (cambio nome 1).mdb"_s, "altrui");
+    ScriviFile(Qui + u"bianchi.mdb"_s, "2");
+    QVERIFY(StessaVoce(Qui + u"rossi.mdb"_s, Qui + u"Rossi.mdb"_s));
+    RinominaFile(Qui + u"rossi.mdb"_s, Qui + u"Rossi.mdb"_s);
+    QCOMPARE(ContenutoDi(Qui),
+             (QStringList{u"Rossi.mdb"_s, u"bianchi.mdb"_s, u"rossi (cambio nome 1).mdb"_s}));
+    QCOMPARE(LeggiFile(Qui + u"Rossi.mdb"_s), QByteArray("1"));
+    {
+        const QScopedValueRollback Rifiuto(guasti::SecondoNomeRifiutato, EIO);
+        QCOMPARE(NumeroErrore([&] { RinominaFile(Qui + u"Rossi.mdb"_s, Qui + u"rossi.mdb"_s); }), 57);
+    }
+    QCOMPARE(ContenutoDi(Qui),
+             (QStringList{u"Rossi.mdb"_s, u"bianchi.mdb"_s, u"rossi (cambio nome 1).mdb"_s}));
+    // Asked for in other letters than the disk has, as a list of long ago has it.
+    RinominaFile(Qui + u"ROSSI.mdb"_s, Qui + u"rOSSI.mdb"_s);
+    QCOMPARE(LeggiFile(Qui + u"rOSSI.mdb"_s), QByteArray("1"));
+    QVERIFY(!StessaVoce(Qui + u"rOSSI.mdb"_s, Qui + u"Bianchi.mdb"_s));
+    QCOMPARE(NumeroErrore([&] { RinominaFile(Qui + u"rOSSI.mdb"_s, Qui + u"Bianchi.mdb"_s); }), 75);
+    QCOMPARE(LeggiFile(Qui + u"bianchi.mdb"_s), QByteArray("2"));
+    QCOMPARE(LeggiFile(Qui + u"rossi (cambio nome 1).mdb"_s), QByteArray("altrui"));
 }
 
 void TestCartelle::scarta()
