@@ -210,8 +210,8 @@ void RiempiApritori()
         Singola<frmSetup>().MostraCasella(Quale);
     };
     Aperture.ImpostazioniCambiate = [] {
-        // A user folder that has just been chosen gets its rates by the rule of the first use.
-        Protetta(PreparaTassi);
+        // A user folder that has just been chosen, or left to the program, is made ready as at the first use.
+        Protetta(PreparaDatiUtente);
         if (const auto& Studio = SeCaricato<frmStudio>)
             Studio->SegnaRidisegno();
         if (const auto& Setup = SeCaricato<frmSetup>)

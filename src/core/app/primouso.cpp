@@ -163,6 +163,12 @@ void PreparaTassi()
     }
 }
 
+void PreparaDatiUtente()
+{
+    PreparaCartellaUtente();
+    PreparaTassi();
+}
+
 void PrimoUso()
 {
     QStringList Mancate;

@@ -11,6 +11,11 @@
 /// the program goes on.
 void PrimoUso();
 
+/// What the first use does for a user folder, for settings that have just been saved: one that they leave
+/// empty is set and made, and a missing rate archive comes into it. @throws Errore as PreparaTassi, and 75
+/// when the store cannot be written
+void PreparaDatiUtente();
+
 /// Takes a rate archive that is missing from the stored user folder from the program folder. Nothing where
 /// that folder is missing. @throws Errore as LeggiFile and CreaFile, and as OpenDatabase for an archive that
 /// cannot be read, of which no copy is made

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void primoAvvioSenzaArchivio();
     void ilModelloSullaScrivania();
     void laCartellaUtenteSiPortaCopieETassi();
+    void laCartellaUtenteVuota();
     void dalMenuDellIcona();
 
 private:
@@ -210,6 +211,24 @@ void TestStradaImpostazioni::laCartellaUtenteSiPortaCopieETassi()
     QTRY_VERIFY(!EsisteFile(Resto));
     Parcelle(1)->SetModificata(false);
     QCOMPARE(Copie(Nuova), 0);
+}
+
+/// Left empty it is the one of the first use: made with its rates, stored and shown, before the next start.
+void TestStradaImpostazioni::laCartellaUtenteVuota()
+{
+    Registratore Box;
+    Main({});
+    const QString Propria = CartellaSpeciale(5) + Barra(u"KR5"_s);
+    QDir(Propria).removeRecursively();
+    EseguiComando(u"setup"_s, 0, {});
+    Campo(u"txtCartellaUtente"_s)->clear();
+    Box.Tollera();
+    Memorizza();
+    QCOMPARE(Box.UltimoTesto(), Memorizzate);
+    QCOMPARE(sessione::UserFolder, Propria);
+    QVERIFY(EsisteFile(Propria + u"Tassi.dat"_s));
+    QCOMPARE(Scena::Parametro(u"UserFolder"_s), Propria);
+    QCOMPARE(Campo(u"txtCartellaUtente"_s)->text(), Propria);
 }
 
 void TestStradaImpostazioni::dalMenuDellIcona()
