@@ -60,6 +60,9 @@ void LeggiParametri()
     LeggiFino(Resto, chiavi::ArchivioCliCon);
     Fase(u"avvio impostazione variabili1"_s);
     LeggiFino(Resto, chiavi::ParcellePath);
+    // Stored empty it would be whatever folder the process happens to be in.
+    if (ParcellePath.isEmpty())
+        ParcellePath = PredefinitoDi(VoceDi(chiavi::ParcellePath));
     const QString Modelli = Barra(ParcellePath + u"Modelli"_s);
     // On a share that does not answer the start goes on; what is opened there says so.
     ModelliPath = EsisteCartellaEntro(Modelli) ? Modelli : PercorsoProg;

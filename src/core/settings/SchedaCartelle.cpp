@@ -52,8 +52,10 @@ const QString SenzaProgramma = u"-1"_s;
 QString Mostrato(QStringView Chiave)
 {
     // The session's default is the program folder where "Parcelle" is missing; here the folder is proposed.
-    if (Chiave == chiavi::ParcellePath)
-        return Impostazione(Chiave.toString(), CartellaParcelleProposta());
+    if (Chiave == chiavi::ParcellePath) {
+        const QString Conservata = Impostazione(Chiave.toString());
+        return Conservata.isEmpty() ? CartellaParcelleProposta() : Conservata;
+    }
     const QString Valore = ValoreConservato(Chiave);
     return Chiave == chiavi::WP && Valore == SenzaProgramma ? QString() : Valore;
 }
@@ -132,6 +134,11 @@ QLineEdit* SchedaCartelle::CasellaProgramma() const
 QLineEdit* SchedaCartelle::CasellaArchivio() const
 {
     return ui->txtArchivioCliCon;
+}
+
+QLineEdit* SchedaCartelle::CasellaParcelle() const
+{
+    return ui->txtParcellePath;
 }
 
 void SchedaCartelle::Carica()

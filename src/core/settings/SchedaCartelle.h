@@ -40,6 +40,7 @@ public:
     /// The boxes that must not be empty.
     [[nodiscard]] QLineEdit* CasellaProgramma() const;
     [[nodiscard]] QLineEdit* CasellaArchivio() const;
+    [[nodiscard]] QLineEdit* CasellaParcelle() const;
 
     /// Lets the user choose what a box names.
     /// @param Quale 0 program folder, 1 archive, 2 folder of notes, 3 user folder, 4 word processor

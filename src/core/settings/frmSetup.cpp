@@ -85,6 +85,8 @@ constexpr std::array Obblighi{
     Obbligo{&Ui::frmSetup::txtEMail, u"Non è stata specificata la mail!"},
     Obbligo{&SchedaCartelle::CasellaProgramma, u"Non è stata specificata la cartella del Programma!"},
     Obbligo{&SchedaCartelle::CasellaArchivio, u"Non è stata specificato l'archivio Clienti/Controparti!"},
+    // Empty, it would hide the notes of the office, and the next start would choose another one.
+    Obbligo{&SchedaCartelle::CasellaParcelle, u"Non è stata specificata la cartella delle parcelle!"},
 };
 
 QLineEdit* CampoDi(const Obbligo& Voce, const Ui::frmSetup& Prima, const SchedaCartelle& Cartelle)

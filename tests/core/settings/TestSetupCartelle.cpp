@@ -24,6 +24,8 @@ private Q_SLOTS:
     void predefiniti();
     void memorizza();
     void parcelleSenzaBarra();
+    void parcelleVuote();
+    void parcelleConservateVuote();
     void archivioCompletato_data();
     void archivioCompletato();
     void programmaMaiScelto();
@@ -88,6 +90,41 @@ void TestSetupCartelle::parcelleSenzaBarra()
     T->Memorizza(Box);
     QCOMPARE(T->Parametro(u"ParcellePath"_s), Note.chopped(1));
     QCOMPARE(sessione::ParcellePath, Note);
+}
+
+/// Without a folder the office's notes would be out of reach: nothing is stored.
+void TestSetupCartelle::parcelleVuote()
+{
+    Registratore Box;
+    const QString Note = NuovaCartella();
+    T->Salva(u"ParcellePath"_s, Note);
+    ImpostaVariabili();
+    T->Apri(2);
+    T->Scrivi(u"txtParcellePath"_s, {});
+    QCOMPARE(T->Campo(u"txtParcellePath"_s)->placeholderText(), u"obbligatorio"_s);
+    T->Trova<QTabWidget>(u"tabSetup"_s)->setCurrentIndex(0);
+    Box.Attendi(u"Non è stata specificata la cartella delle parcelle!"_s, vbOK, u"Errore:"_s);
+    T->Premi(u"cmdSaveImpost"_s);
+    QCOMPARE(T->Trova<QTabWidget>(u"tabSetup"_s)->currentIndex(), 2);
+    QTRY_COMPARE(QApplication::focusWidget(), T->Campo(u"txtParcellePath"_s));
+    QCOMPARE(T->Parametro(u"ParcellePath"_s), Note);
+    QCOMPARE(sessione::ParcellePath, Note);
+}
+
+/// A file of settings that somebody has written with an empty folder: as one that does not name it.
+void TestSetupCartelle::parcelleConservateVuote()
+{
+    Registratore Box;
+    T->Salva(u"ParcellePath"_s, {});
+    ImpostaVariabili();
+    QCOMPARE(sessione::ParcellePath, T->Programma);
+    CreaCartella(T->Programma + u"Parcelle"_s);
+    ImpostaVariabili();
+    QCOMPARE(sessione::ParcellePath, T->Programma + Barra(u"Parcelle"_s));
+    T->Apri(2);
+    QCOMPARE(T->Campo(u"txtParcellePath"_s)->text(), T->Programma + Barra(u"Parcelle"_s));
+    T->Memorizza(Box);
+    QCOMPARE(T->Parametro(u"ParcellePath"_s), T->Programma + Barra(u"Parcelle"_s));
 }
 
 void TestSetupCartelle::archivioCompletato_data()
