@@ -98,27 +98,40 @@ RapportoAccess LeggiRapporto(const QJsonObject& Risposta)
     throw Errore(Numero, Descrizione);
 }
 
-/// One request to a reading program.
-std::optional<RapportoAccess> Chiedi(Lettore& Con, const QString& Da, const QString& A,
-                                     const ModoAccess& Come)
+/// How one request to a reading program ended.
+struct Esito
+{
+    Lettore::Fine Come = Lettore::Fine::Morto;
+    QJsonObject Risposta = {};
+    bool Muto = true;  ///< not a line came
+};
+
+Esito Chiedi(Lettore& Con, const QString& Da, const QString& A, const ModoAccess& Come)
 {
     const QJsonObject Domanda{{u"da"_s, Da}, {u"a"_s, A}, {u"secondi"_s, Come.Secondi}};
-    QJsonObject Risposta;
+    Esito Avuto;
     qint64 Righe = 0;
-    const Lettore::Fine Esito = Con.Chiedi(
+    Avuto.Come = Con.Chiedi(
         QJsonDocument(Domanda).toJson(QJsonDocument::Compact) + '\n',
         (Come.Secondi + 1) * accesso::AttesaPerSecondo * 1000,
         [&](QByteArrayView Riga) {
+            Avuto.Muto = false;
             const QJsonObject Letta = QJsonDocument::fromJson(Riga.toByteArray()).object();
             if (const QJsonValue Avanzate = Letta[u"avanzate"_s]; Avanzate.isDouble()) {
                 Righe = Avanzate.toInteger();
                 return false;
             }
-            Risposta = Letta;
+            Avuto.Risposta = Letta;
             return true;
         },
         [&] { return !Come.Prosegui || Come.Prosegui(Righe); });
-    switch (Esito) {
+    return Avuto;
+}
+
+/// What it says of the file.
+std::optional<RapportoAccess> RapportoDi(const Esito& Avuto, const QString& A)
+{
+    switch (Avuto.Come) {
     case Lettore::Fine::Fermata:
         return std::nullopt;
     case Lettore::Fine::Scaduta:
@@ -129,11 +142,11 @@ std::optional<RapportoAccess> Chiedi(Lettore& Con, const QString& Da, const QStr
     case Lettore::Fine::Risposta:
         break;
     }
-    if (Risposta[u"errore"_s].toInt(errori::FormatoDatabase) != 0)
-        LanciaErrore(Risposta);
+    if (Avuto.Risposta[u"errore"_s].toInt(errori::FormatoDatabase) != 0)
+        LanciaErrore(Avuto.Risposta);
     if (!EsisteFile(A))
         throw Errore(errori::FormatoDatabase);
-    return LeggiRapporto(Risposta);
+    return LeggiRapporto(Avuto.Risposta);
 }
 
 /// A running reading program for one request: the one that the last request has left, or a new one. Starting
@@ -141,16 +154,18 @@ std::optional<RapportoAccess> Chiedi(Lettore& Con, const QString& Da, const QStr
 class LettoreInPrestito
 {
 public:
-    LettoreInPrestito()
+    /// @param Nuovo one that has read nothing yet
+    explicit LettoreInPrestito(bool Nuovo = false)
     {
         const QString Programma = ProgrammaLettore();
         {
             const std::lock_guard Mio(Turno());
-            if (Avviato() != Programma)
+            if (Nuovo || Avviato() != Programma)
                 Libero().reset();
             Avviato() = Programma;
             Proprio = std::move(Libero());
         }
+        Usato = Proprio != nullptr;
         if (!Proprio)
             Proprio = std::make_unique<Lettore>(Programma);
         Quale = Programma;
@@ -165,6 +180,8 @@ public:
     LettoreInPrestito& operator=(const LettoreInPrestito&) = delete;
 
     [[nodiscard]] Lettore& operator*() const { return *Proprio; }
+    /// Whether it has read other files before.
+    [[nodiscard]] bool GiaUsato() const { return Usato; }
 
 private:
     static std::mutex& Turno()
@@ -184,6 +201,7 @@ private:
     }
     std::unique_ptr<Lettore> Proprio;
     QString Quale;
+    bool Usato = false;
 };
 
 /// What tells one state of a file from another.
@@ -208,8 +226,18 @@ std::optional<RapportoAccess> Leggi(const QString& Da, const FileInCopia& A, con
                       Da, A.Letto(), MassimoFile, [&](qint64) { return !Come.Prosegui || Come.Prosegui(0); },
                       Lettori::SoloUtente))
         return std::nullopt;
-    const LettoreInPrestito Con;
-    return Chiedi(*Con, Aperto ? A.Letto() : Da, A.Percorso(), Come);
+    const QString Letto = Aperto ? A.Letto() : Da;
+    {
+        const LettoreInPrestito Con;
+        const Esito Avuto = Chiedi(*Con, Letto, A.Percorso(), Come);
+        // One that was kept may have ended since its last file, for want of memory on the machine: that is
+        // nothing that the next file has done. A new one tells.
+        if (Avuto.Come != Lettore::Fine::Morto || !Avuto.Muto || !Con.GiaUsato())
+            return RapportoDi(Avuto, A.Percorso());
+    }
+    A.TogliScritto();
+    const LettoreInPrestito Nuovo(true);
+    return RapportoDi(Chiedi(*Nuovo, Letto, A.Percorso(), Come), A.Percorso());
 }
 
 }  // namespace

@@ -2,8 +2,9 @@
 //
 // A program of its own, calcanova-accesso, reads such a file and writes a database of this program's kind:
 // same tables, columns, descriptions, keys and indices. It has little memory, little time, no network and no
-// other file; where it dies or hangs, the one file that it was at is refused (3343) and nothing else. The
-// Access file itself is opened for reading alone, and nothing here ever writes one.
+// other file; where it dies or hangs, the one file that it was at is refused (3343) and nothing else: one that
+// has ended between two files is started anew. The Access file itself is opened for reading alone, and
+// nothing here ever writes one.
 //
 // All of this but ApriArchivio may be called from any thread.
 #pragma once

@@ -24,6 +24,12 @@ QString Radice(const QString& Finale)
     return CartellaFile(Finale) + u".~%1."_s.arg(QCoreApplication::applicationPid()) + NomeFile(Finale);
 }
 
+void ScartaConCode(const QString& File)
+{
+    for (const QString& Coda : {u""_s, u"-journal"_s, u"-wal"_s, u"-shm"_s})
+        ScartaFile(File + Coda);
+}
+
 }  // namespace
 
 FileInCopia::FileInCopia(const QString& DiFinale)
@@ -68,9 +74,13 @@ QString FileInCopia::Letto() const
 
 void FileInCopia::Togli() const
 {
-    for (const QString& Uno : {Provvisorio, Letto()})
-        for (const QString& Coda : {u""_s, u"-journal"_s, u"-wal"_s, u"-shm"_s})
-            ScartaFile(Uno + Coda);
+    TogliScritto();
+    ScartaConCode(Letto());
+}
+
+void FileInCopia::TogliScritto() const
+{
+    ScartaConCode(Provvisorio);
 }
 
 void FileInCopia::Posa(Lettori Chi, bool SulDisco, const QDateTime& Data) const

@@ -27,6 +27,8 @@ public:
     [[nodiscard]] QString Letto() const;
     /// Back to nothing.
     void Togli() const;
+    /// The same of what was written alone: the copy of what it is made of stays.
+    void TogliScritto() const;
     /// Gives it its name, which is never another file's.
     /// @param SulDisco waits for the disk, and for the folder to hold the name
     /// @param Data its last change, from its first moment under that name on, where the disk lets one be set;

@@ -357,6 +357,33 @@ private Q_SLOTS:
         QCOMPARE(ConvertiAccess(Da, A)->Tabelle, (QList<TabellaAccess>{{u"clienti"_s, 2}}));
     }
 
+    /// A program that is kept for the next file and ends meanwhile costs none: only while it was at a file
+    /// does its end speak of that one.
+    void ilLettoreFinitoDaSolo()
+    {
+        const QString Uno = u"IFS= read -r Riga; printf '%s\\n' \"$Riga\" | '%1'\n"_s.arg(
+            QString(accesso::Programma).replace(u'\'', u"'\\''"_s));
+        const QScopedValueRollback Altro(accesso::Programma, Programma(Uno));
+        const QScopedValueRollback Copie(accesso::CartellaCopie, NuovaCartella());
+        const QList<TabellaAccess> Sue{{u"clienti"_s, 2}};
+        Scrivi(Da, Buono());
+        for (int Volta = 0; Volta < 3; ++Volta) {
+            QCOMPARE(ConvertiAccess(Da, A)->Tabelle, Sue);
+            QVERIFY(QFile::remove(A));
+            // Somebody has the file open: the copy that is read in its place serves the second time too.
+            Scrivi(Cartella + u"da.ldb"_s, "x");
+        }
+        QCOMPARE(OpenDatabase(CopiaNativa(Da), true).OpenRecordset(u"clienti"_s).Campi().size(), 3);
+        QVERIFY(QFile::remove(Cartella + u"da.ldb"_s));
+        // One that ends at the file is asked no third time.
+        const QString Conta = Cartella + u"volte"_s;
+        accesso::Programma = Programma(u"echo x >>'%1'; read Riga; kill -SEGV $$\n"_s.arg(Conta));
+        QVERIFY(ErroreDi([&] { (void)ConvertiAccess(Da, A); }).Numero == errori::FormatoDatabase);
+        QFile Contate(Conta);
+        QVERIFY(Contate.open(QIODevice::ReadOnly));
+        QCOMPARE(Contate.readAll(), QByteArray("x\n"));
+    }
+
     void senzaProgramma()
     {
         Scrivi(Da, Buono());
