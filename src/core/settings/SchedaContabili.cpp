@@ -3,6 +3,7 @@
 #include "core/impostazioni.h"
 #include "core/modAliquote.h"
 #include "core/modErrori.h"
+#include "platform/base/errore.h"
 #include "platform/base/regionale.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
@@ -41,10 +42,21 @@ QString SenzaBianchi(const QLineEdit* Campo)
     return Campo->text().trimmed();
 }
 
+/// True for a number from 0 to 100; of a text that is one and too large for any variable, false.
+bool EPercentuale(const QString& Testo)
+{
+    constexpr double Massima = 100;
+    try {
+        const double Valore = CDbl(Testo);
+        return Valore >= 0 && Valore <= Massima;
+    } catch (const Errore&) {
+        return false;
+    }
+}
+
 /// An empty rate leaves the one in force.
 bool LasciaPercentuale(const QLineEdit* Campo)
 {
-    constexpr double Massima = 100;
     const QString Testo = SenzaBianchi(Campo);
     if (Testo.isEmpty())
         return true;
@@ -52,8 +64,7 @@ bool LasciaPercentuale(const QLineEdit* Campo)
         MsgErrore(NonNumerico);
         return false;
     }
-    const double Valore = CDbl(Testo);
-    if (Valore >= 0 && Valore <= Massima)
+    if (EPercentuale(Testo))
         return true;
     MsgErrore(u"La percentuale non è compresa tra 0 e 100!"_s);
     return false;

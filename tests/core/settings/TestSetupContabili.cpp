@@ -150,6 +150,7 @@ void TestSetupContabili::rifiutaLasciando_data()
     QTest::newRow("rate below zero, pasted") << u"txtRA"_s << u"-1"_s << Fuori;
     QTest::newRow("word, pasted") << u"txtIVA"_s << u"ventidue"_s << NonNumero;
     QTest::newRow("rate of two commas") << u"txtCP"_s << u"4,,5"_s << NonNumero;
+    QTest::newRow("beyond every number, pasted") << u"txtIVA"_s << u"1e400"_s << Fuori;
     QTest::newRow("counter beyond 16 bits") << u"txtNumFatt"_s << u"32768"_s << NonNumero;
     QTest::newRow("counter below zero") << u"txtNumFatt"_s << u"-3"_s << NonNumero;
 }
