@@ -5,6 +5,7 @@
 #include "core/modErrori.h"
 #include "platform/base/errore.h"
 #include "platform/base/regionale.h"
+#include "platform/kit/aspetto.h"
 #include "platform/kit/campo.h"
 #include "platform/kit/collega.h"
 #include "platform/kit/scelta.h"
@@ -16,6 +17,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <variant>
 
 using namespace Qt::StringLiterals;
 
@@ -26,15 +28,17 @@ const QString NonNumerico = u"Immettere un valore numerico!"_s;
 struct VoceAliquota
 {
     QLineEdit* Ui::SchedaContabili::*Campo;
+    QLabel* Ui::SchedaContabili::*SeVuota;  ///< what is said while the box is empty
     QStringView Chiave;
     QStringView Nome;
 };
 
 constexpr std::array Aliquote{
-    VoceAliquota{&Ui::SchedaContabili::txtIVA, u"IVA", u"I.V.A."},
-    VoceAliquota{&Ui::SchedaContabili::txtRA, u"RA", u"ritenuta d'acconto"},
-    VoceAliquota{&Ui::SchedaContabili::txtSpeseGen, u"SpeseGen", u"spese generali"},
-    VoceAliquota{&Ui::SchedaContabili::txtCP, u"CP", u"cassa previdenza"},
+    VoceAliquota{&Ui::SchedaContabili::txtIVA, &Ui::SchedaContabili::lblVuotaIVA, u"IVA", u"I.V.A."},
+    VoceAliquota{&Ui::SchedaContabili::txtRA, &Ui::SchedaContabili::lblVuotaRA, u"RA", u"ritenuta d'acconto"},
+    VoceAliquota{&Ui::SchedaContabili::txtSpeseGen, &Ui::SchedaContabili::lblVuotaSpeseGen, u"SpeseGen",
+                 u"spese generali"},
+    VoceAliquota{&Ui::SchedaContabili::txtCP, &Ui::SchedaContabili::lblVuotaCP, u"CP", u"cassa previdenza"},
 };
 
 QString SenzaBianchi(const QLineEdit* Campo)
@@ -52,6 +56,16 @@ bool EPercentuale(const QString& Testo)
     } catch (const Errore&) {
         return false;
     }
+}
+
+/// What an empty box stands for: the session keeps its rate, and the next one begins with the first of all.
+QString FraseVuota(QStringView Chiave)
+{
+    const VoceImpostazione& Voce = VoceDi(Chiave);
+    const QString Ora = CStr(*std::get<float*>(Voce.Variabile));
+    const QString Poi = PredefinitoDi(Voce);
+    return Ora == Poi ? u"Vuota: vale %1 %."_s.arg(Poi)
+                      : u"Vuota: resta %1 %, dal prossimo avvio %2 %."_s.arg(Ora, Poi);
 }
 
 /// An empty rate leaves the one in force.
@@ -105,6 +119,11 @@ SchedaContabili::SchedaContabili(QWidget* Padre) : QWidget(Padre), ui(std::make_
         QLineEdit* Campo = ui.get()->*Voce.Campo;
         Stringi(Campo);
         CampoPercento(Campo, [Campo] { return LasciaPercentuale(Campo); });
+        Collega(Campo, &QLineEdit::textChanged, this, [this] { SegnaVuote(); });
+        QLabel* SeVuota = ui.get()->*Voce.SeVuota;
+        QPalette Colori = SeVuota->palette();
+        Colori.setColor(QPalette::WindowText, aspetto::Sbagliato());
+        SeVuota->setPalette(Colori);
     }
     Stringi(ui->txtNumFatt);
     FiltraTasti(ui->txtNumFatt, u"n"_s);
@@ -126,6 +145,7 @@ void SchedaContabili::Carica()
         MostraIntero(ui.get()->*Voce.Campo, ValoreConservato(Voce.Chiave));
     MostraIntero(ui->txtNumFatt, ValoreConservato(chiavi::ProgFatt));
     ui->lblVigenti->hide();
+    SegnaVuote();
 }
 
 ValoriScheda SchedaContabili::Valori() const
@@ -148,6 +168,19 @@ QLineEdit* SchedaContabili::CasellaNumero() const
 QLineEdit* SchedaContabili::NumeroSbagliato() const
 {
     return NumeroFattura(SenzaBianchi(ui->txtNumFatt)).isEmpty() ? ui->txtNumFatt : nullptr;
+}
+
+void SchedaContabili::SegnaVuote()
+{
+    for (const VoceAliquota& Voce : Aliquote) {
+        QLineEdit* Campo = ui.get()->*Voce.Campo;
+        QLabel* SeVuota = ui.get()->*Voce.SeVuota;
+        const bool Vuota = SenzaBianchi(Campo).isEmpty();
+        const QString Frase = Vuota ? FraseVuota(Voce.Chiave) : QString();
+        SeVuota->setText(Frase);
+        SeVuota->setVisible(Vuota);
+        Campo->setAccessibleDescription(Frase);
+    }
 }
 
 bool SchedaContabili::LasciaNumero()

@@ -36,6 +36,8 @@ public:
 private:
     void cmdVigenti_Click();
     bool LasciaNumero();
+    /// Says beside each empty rate which one counts.
+    void SegnaVuote();
 
     std::unique_ptr<Ui::SchedaContabili> ui;
     bool TariffaScelta = false;

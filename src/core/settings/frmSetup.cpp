@@ -109,8 +109,10 @@ constexpr std::array<QStringView, impostazioni::Schede> Aiuti{
     u"La firma digitale si conserva qui e non si stampa. Un codice o un indirizzo che non torna è segnalato "
     u"accanto alla casella e si può conservare ugualmente.",
     u"La tariffa e le percentuali proposte nelle parcelle nuove; quelle già aperte tengono le proprie, e la "
-    u"tariffa di ciascuna si cambia nei suoi dati base. Una casella vuota lascia in vigore la percentuale "
-    u"precedente. Il numero dell'ultima fattura avanza da solo a ogni fattura: si corregge qui soltanto per "
+    u"tariffa di ciascuna si cambia nei suoi dati base. Di una casella vuota resta la percentuale di prima "
+    u"fino alla chiusura del programma; dal prossimo avvio vale quella iniziale (21, 20, 12,5 e 4). Il "
+    u"numero "
+    u"dell'ultima fattura avanza da solo a ogni fattura: si corregge qui soltanto per "
     u"ricominciare la numerazione.",
     u"Dove stanno programma, archivio dei clienti, parcelle e dati dell'utente. Una cartella che non esiste "
     u"è segnalata e si crea con il pulsante \"Crea\". Il word processor è facoltativo: senza, i documenti si "

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void normeDeiCalcoli();
     void normeScritteAMano();
     void aliquotaVuota();
+    void cheCosaValeDellaCasellaVuota();
     void rifiutaLasciando_data();
     void rifiutaLasciando();
     void rifiutaLasciandoLaScheda();
@@ -136,6 +137,44 @@ void TestSetupContabili::aliquotaVuota()
     T->Memorizza(Box);
     QCOMPARE(GetSetting(u"KR5"_s, u"Parametri"_s, u"IVA"_s, u"manca"_s), QString());
     QCOMPARE(sessione::IVA, 19.0F);
+}
+
+/// What the form says of an empty rate is what holds, until the program ends and behind its next start.
+void TestSetupContabili::cheCosaValeDellaCasellaVuota()
+{
+    Registratore Box;
+    T->Salva(u"IVA"_s, u"22"_s);
+    T->Salva(u"SpeseGen"_s, u"15,5"_s);
+    ImpostaVariabili();
+    T->Apri(1);
+    const auto* Detto = T->Trova<QLabel>(u"lblVuotaIVA"_s);
+    QVERIFY(!Detto->isVisible());
+    T->Scrivi(u"txtIVA"_s, {});
+    T->Scrivi(u"txtSpeseGen"_s, {});
+    T->Scrivi(u"txtCP"_s, {});
+    const QString Frase = u"Vuota: resta 22 %, dal prossimo avvio 21 %."_s;
+    QVERIFY(Detto->isVisible());
+    QCOMPARE(Detto->text(), Frase);
+    QCOMPARE(T->Campo(u"txtIVA"_s)->accessibleDescription(), Frase);
+    QCOMPARE(T->Trova<QLabel>(u"lblVuotaSpeseGen"_s)->text(),
+             u"Vuota: resta 15,5 %, dal prossimo avvio 12,5 %."_s);
+    QCOMPARE(T->Trova<QLabel>(u"lblVuotaCP"_s)->text(), u"Vuota: vale 4 %."_s);
+    QVERIFY(!T->Trova<QLabel>(u"lblVuotaRA"_s)->isVisible());
+    T->Memorizza(Box);
+    QCOMPARE(sessione::IVA, 22.0F);
+    QCOMPARE(sessione::SpeseGen, 15.5F);
+    QCOMPARE(Detto->text(), Frase);
+    T->Modulo->close();
+    AzzeraSessione();
+    ImpostaVariabili();
+    QCOMPARE(sessione::IVA, 21.0F);
+    QCOMPARE(sessione::SpeseGen, 12.5F);
+    T->Apri(1);
+    QCOMPARE(Detto->text(), u"Vuota: vale 21 %."_s);
+    // A rate in the box hides it.
+    T->Scrivi(u"txtIVA"_s, u"22"_s);
+    QVERIFY(!Detto->isVisible());
+    QCOMPARE(T->Campo(u"txtIVA"_s)->accessibleDescription(), QString());
 }
 
 void TestSetupContabili::rifiutaLasciando_data()
