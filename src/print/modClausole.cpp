@@ -38,6 +38,14 @@ QString TestoSemplice(QByteArray Byte)
     return Lettore.hasError() ? DaCp1252(Byte) : Testo;
 }
 
+/// True of what begins as a rich text does, be there blanks or the mark of UTF-8 before it.
+bool IniziaComeRtf(QByteArrayView Pezzo)
+{
+    constexpr qsizetype Testa = 4096;
+    const QByteArray Inizio = Pezzo.first(std::min(Pezzo.size(), Testa)).toByteArray();
+    return ComeRtf(DaCp1252(Inizio)) || ComeRtf(TestoSemplice(Inizio));
+}
+
 /// What a word processor saves of an empty page is all fonts and styles; more than this is no empty page.
 constexpr qsizetype MassimoSenzaTesto = qsizetype(1) << 18;
 
@@ -55,12 +63,17 @@ Clausole Leggi(const QString& Percorso)
     SetaccioRtf Setaccio;
     QByteArray Byte;
     bool Rtf = false;
+    bool InUtf8 = false;  // what no word processor writes: a plain editor has saved it anew
     bool Primo = true;
     int Oltre = 0;  // pieces behind the end
     LeggiAPezzi(Percorso, [&](QByteArrayView Pezzo) {
-        if (std::exchange(Primo, false))
-            Rtf = ComeRtf(DaCp1252(Pezzo.first(std::min<qsizetype>(Pezzo.size(), 4096)).toByteArray())) ||
-                  ComeRtf(TestoSemplice(Pezzo.first(std::min<qsizetype>(Pezzo.size(), 4096)).toByteArray()));
+        if (std::exchange(Primo, false)) {
+            InUtf8 = Pezzo.startsWith(MarcaUtf8);
+            Rtf = IniziaComeRtf(Pezzo);
+            // Letter by letter in 1252 what stands before it would be text, and the rest no rich text.
+            if (Rtf)
+                Pezzo = Pezzo.sliced(Pezzo.indexOf('{'));
+        }
         if (Rtf)
             Setaccio.Passa(Pezzo);
         else
@@ -73,7 +86,7 @@ Clausole Leggi(const QString& Percorso)
         return {EsitoClausole::NonTesto, {}};
     if (Letti.size() > MassimoTesto)
         return {EsitoClausole::Troppe, {}};
-    const QString Testo = Rtf ? DaCp1252(Letti) : TestoSemplice(Letti);
+    const QString Testo = Rtf && !InUtf8 ? DaCp1252(Letti) : TestoSemplice(Letti);
     if (Testo.trimmed().isEmpty())
         return {EsitoClausole::Vuote, {}};
     const bool Muto = Rtf && Letti.size() <= MassimoSenzaTesto && SenzaParole(Testo);

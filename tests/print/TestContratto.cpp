@@ -401,6 +401,17 @@ void TestContratto::clausoleGuaste_data()
         << QByteArray("{\\rtf1\\ansi Foro}} di Milano}") << u"Foro"_s << true;
     QTest::newRow("bianchi prima") << QByteArray(" \r\n{\\rtf1\\ansi Foro di Milano}") << u"Foro di Milano"_s
                                    << false;
+    QTest::newRow("testo RTF dietro la marca di UTF-8")
+        << QByteArray("\xEF\xBB\xBF{\\rtf1\\ansi Foro di Milano}") << u"Foro di Milano"_s << false;
+    QTest::newRow("testo RTF in UTF-8, accenti compresi")
+        << QByteArray("\xEF\xBB\xBF{\\rtf1\\ansi Citt\xC3\xA0 di Forl\\'ec}") << u"Città di Forlì"_s << false;
+    QTest::newRow("uno spazio fisso di UTF-8 prima")
+        << QByteArray("\xC2\xA0{\\rtf1\\ansi Foro di Milano}") << u"Foro di Milano"_s << false;
+    QTest::newRow("dietro la marca, più lungo di ogni pagina vuota")
+        << QByteArray("\xEF\xBB\xBF{\\rtf1\\ansi ") + QByteArray(300000, '\n') + QByteArray("Foro di Milano}")
+        << u"Foro di Milano"_s << false;
+    QTest::newRow("dietro la marca, troncato")
+        << QByteArray("\xEF\xBB\xBF{\\rtf1\\ansi Foro di Mil") << u"Foro di Mil"_s << true;
     QTest::newRow("byte nulli in coda")
         << QByteArray("{\\rtf1\\ansi Foro di Milano}\0\0", 28) << u"Foro di Milano"_s << false;
     QTest::newRow("UTF-8 senza marca") << QByteArray("Citt\xC3\xA0") << u"Città"_s << false;
