@@ -184,6 +184,8 @@ void TestImportaRipensata::usaQuestoArchivio()
     const QString Nuovo = sessione::UserFolder + u"DatiStudio.mdb"_s;
     int Cambiate = 0;
     Aperture.ImpostazioniCambiate = [&] { ++Cambiate; };
+    QString Lasciata;  // the store names another user folder than the session's
+    Aperture.LasciaCartellaUtente = [&] { Lasciata = sessione::UserFolder; };
     const frmImporta* F = Apri(frmImporta::ArchivioIntero, Vecchio);
     A->Voce.Attendi(u"Una copia di \"vecchio.mdb\" diventa l'archivio clienti e controparti dello studio.\n"
                     "L'archivio usato finora, \"%1\", resta dov'è. Proseguire?"_s.arg(A->File),
@@ -194,6 +196,7 @@ void TestImportaRipensata::usaQuestoArchivio()
     QCOMPARE(TestoDi(F, "lblEsito"), u"L'archivio è pronto: 1 cliente e 0 controparti."_s);
     QCOMPARE(sessione::ArchivioCliCon, Nuovo);
     QCOMPARE(Cambiate, 1);
+    QCOMPARE(Lasciata, CartellaFile(Nuovo));
     QCOMPARE(LeggiFile(Vecchio), Prima);
     const Database Db = OpenDatabase(sessione::ArchivioCliCon);
     QCOMPARE(Db.OpenRecordset(u"clienti"_s).Value(u"ID"_s).toInt(), 41);
