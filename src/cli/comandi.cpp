@@ -183,7 +183,7 @@ QByteArray Riga(const Risposta& Esito, const RigaComando& Chiamata)
 
 QString TestoErrore(const Errore& Guasto)
 {
-    return u"%1 (%2)"_s.arg(Guasto.Descrizione).arg(Guasto.Numero);
+    return u"%1 (%2)"_s.arg(Guasto.Descrizione, QString::number(Guasto.Numero));
 }
 
 /// Speaks to a script: what the program tells goes to the error stream, questions are answered Yes, since

@@ -29,7 +29,7 @@ Risposta ComandoImporta(const QStringList& Valori)
     QStringList Testi;
     QJsonArray Tabelle;
     for (const TabellaAccess& Tabella : Rapporto.Tabelle) {
-        Testi += u"%1=%2"_s.arg(Tabella.Nome).arg(Tabella.Righe);
+        Testi += Tabella.Nome + u'=' + QString::number(Tabella.Righe);
         Tabelle.append(QJsonObject{{u"nome"_s, Tabella.Nome}, {u"righe"_s, Tabella.Righe}});
     }
     QJsonArray Tralasciati;

@@ -50,6 +50,7 @@ private Q_SLOTS:
     void rifiuta();
     void tuttiInsiemeVannoAvanti();
     void casiConPuntoEVirgola();
+    void ilPercentoNelNome();
     void recordPerUnoScript();
     void esempioCivile();
     void esempioPenale();
@@ -244,6 +245,17 @@ void TestCli::casiConPuntoEVirgola()
              u"Onorari=100,00|Spese imponibili=0|=100,00|Spese esenti art. 15 d.p.r. 633/72=0|"
              u"TOTALE EURO=100,00|cento/00\n"_s);
     QCOMPARE(Chiama({u"lettere"_s, u"1"_s, u"--batch"_s}).Stato, 2);
+}
+
+/// "%2C" is what a comma becomes in names from the web: the number of an error has no place in it.
+void TestCli::ilPercentoNelNome()
+{
+    const QString Nota = NuovaCartella() + u"a%2Cb.mdb"_s;
+    ScriviFile(Nota, "x");
+    const Esito Avuto = Chiama({u"nota"_s, u"--batch"_s}, {Nota.toUtf8()});
+    QVERIFY2(Avuto.Uscita.contains(Nota + u" (3343)"_s), qPrintable(Avuto.Uscita));
+    const Esito Solo = Chiama({u"nota"_s, Nota});
+    QVERIFY2(Solo.Guasti.contains(Nota + u" (3343)"_s), qPrintable(Solo.Guasti));
 }
 
 void TestCli::recordPerUnoScript()

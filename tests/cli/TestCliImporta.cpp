@@ -19,6 +19,7 @@ private Q_SLOTS:
     void init();
     void laCopia();
     void ilRecord();
+    void ilNomeConUnPercento();
     void nonSovrascrive();
     void rifiuta_data();
     void rifiuta();
@@ -55,6 +56,15 @@ void TestCliImporta::laCopia()
     Recordset Righe = Db.OpenRecordset(u"clienti"_s);
     Righe.FindFirst(u"ID=9"_s);
     QCOMPARE(Righe.Value(u"Nominativo"_s).toString(), u"Bianchi Ada"_s);
+}
+
+void TestCliImporta::ilNomeConUnPercento()
+{
+    const QString Sconti = ScriviAccess(
+        Cartella + u"Sconti.mdb"_s, {.Tabelle = {{.Nome = u"Sconto %2"_s,
+                                                  .Colonne = {{.Nome = u"ID"_s, .Tipo = tipoaccess::Lungo}},
+                                                  .Righe = {{4}}}}});
+    QCOMPARE(Chiama({u"importa"_s, Sconti, Cartella + u"sconti nativi.mdb"_s}).Uscita, u"Sconto %2=1\n"_s);
 }
 
 void TestCliImporta::ilRecord()
