@@ -105,7 +105,8 @@ QString CartellaUpgrade()
 QString Provvisorio(const QString& File)
 {
     static int Numero = 0;
-    return u"%1.%2-%3%4"_s.arg(File).arg(QCoreApplication::applicationPid()).arg(++Numero).arg(Avanzo);
+    // A path may hold what looks like a place of another argument.
+    return File + u".%1-%2"_s.arg(QCoreApplication::applicationPid()).arg(++Numero) + Avanzo.toString();
 }
 
 void TogliAvanzi()

@@ -405,6 +405,9 @@ void TestScarico::dueAllaVolta()
     QVERIFY(ScaricaTassi(Trovato).Riuscito());
     QCOMPARE(LeggiFile(Altro), "meta'"_ba);
     QVERIFY(Provvisorio(u"x"_s) != Provvisorio(u"x"_s));
+    // Whatever the user's folder is called, the file stands in it.
+    for (const QString& Nome : {u"/x/a%1/v"_s, u"/x/a%2Cb/v"_s, u"/x/100%3/v"_s, u"/x/%4/v"_s})
+        QVERIFY2(Provvisorio(Nome).startsWith(Nome + u'.'), qPrintable(Provvisorio(Nome)));
 }
 
 // ---- the end of the program ---------------------------------------------------------------------
