@@ -153,9 +153,16 @@ void frmSfoglia::dirDir_DblClick(const QListWidgetItem* Riga)
         (void)VaiA(Riga->data(RuoloPercorso).toString());
 }
 
+bool frmSfoglia::VaiAllaScritta()
+{
+    const QString Scritta = Barra(ui->txtCartella->text().trimmed());
+    // A name without its root is one of the folder on view: the process's own is nobody's choice.
+    return VaiA(Scritta.isEmpty() ? Scritta : PercorsoIntero(Scritta, Presente));
+}
+
 void frmSfoglia::txtCartella_Invio()
 {
-    if (VaiA(ui->txtCartella->text().trimmed()))
+    if (VaiAllaScritta())
         ui->dirDir->setFocus();
     else
         RidaiFuoco(ui->txtCartella);
@@ -164,7 +171,7 @@ void frmSfoglia::txtCartella_Invio()
 void frmSfoglia::cmdSeleziona_Click()
 {
     // Looked into once more: it may have gone since, and a typed one may never have been.
-    if (VaiA(ui->txtCartella->text().trimmed()))
+    if (VaiAllaScritta())
         accept();
     else
         RidaiFuoco(ui->txtCartella);

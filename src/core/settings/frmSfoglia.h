@@ -38,6 +38,8 @@ private:
     /// Lists a folder. One that cannot be read is reported, and the one before stays.
     /// @return true when it is listed
     bool VaiA(const QString& Cartella);
+    /// The same to the folder that was written, looked for in the one on view where it has no root.
+    bool VaiAllaScritta();
     void ElencaVolumi();
     void SeguiVolume();
     void Elenca(const QStringList& Dentro);

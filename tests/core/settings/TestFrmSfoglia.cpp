@@ -30,6 +30,7 @@ private Q_SLOTS:
     void quelloCheSiVedeSiSceglie();
     void unaCartellaScritta_data();
     void unaCartellaScritta();
+    void unNomeSenzaRadice();
     void unaCartellaChiusa();
     void laPartenzaCheManca();
     void leUnita();
@@ -215,6 +216,34 @@ void TestFrmSfoglia::unaCartellaScritta()
         QCOMPARE(F->isVisible(), Numero != 0);
     });
     QCOMPARE(Scelta, Numero == 0 ? Barra(Radice + Nome) : QString());
+}
+
+/// The settings store what comes back: a path that counts from wherever the program was started is none.
+void TestFrmSfoglia::unNomeSenzaRadice()
+{
+    Registratore Box;
+    const auto Scrivi = [this](const QString& Testo) { Controllo<QLineEdit>("txtCartella")->setText(Testo); };
+    QCOMPARE(Chiedi(Radice,
+                    [&] {
+                        Scrivi(u"altra"_s);
+                        Controllo<QLineEdit>("txtCartella")->setFocus();
+                        Premi(Qt::Key_Return);
+                        QCOMPARE(Scritta(), Radice + u"altra/"_s);
+                        Scrivi(u"dentro"_s);
+                        Premuto("cmdSeleziona");
+                    }),
+             Radice + u"altra/dentro/"_s);
+    // What the process's own folder holds is not what is on view.
+    const QString Prima = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(Radice));
+    Box.Attendi(u"Errore: Percorso non trovato (76)"_s, vbOK, u"Errore:"_s);
+    QCOMPARE(Chiedi(Radice + u"altra"_s,
+                    [&] {
+                        Scrivi(u"nota 9"_s);
+                        Premuto("cmdSeleziona");
+                    }),
+             QString());
+    QVERIFY(QDir::setCurrent(Prima));
 }
 
 void TestFrmSfoglia::unaCartellaChiusa()
