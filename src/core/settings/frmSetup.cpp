@@ -5,6 +5,7 @@
 #include "core/modAvvio.h"
 #include "core/modControlli.h"
 #include "core/modErrori.h"
+#include "core/modIcone.h"
 #include "core/modLogo.h"
 #include "core/parametri.h"
 #include "core/posti.h"
@@ -111,9 +112,8 @@ constexpr std::array<QStringView, impostazioni::Schede> Aiuti{
     u"La tariffa e le percentuali proposte nelle parcelle nuove; quelle già aperte tengono le proprie, e la "
     u"tariffa di ciascuna si cambia nei suoi dati base. Di una casella vuota resta la percentuale di prima "
     u"fino alla chiusura del programma; dal prossimo avvio vale quella iniziale (21, 20, 12,5 e 4). Il "
-    u"numero "
-    u"dell'ultima fattura avanza da solo a ogni fattura: si corregge qui soltanto per "
-    u"ricominciare la numerazione.",
+    u"numero dell'ultima fattura avanza da solo a ogni fattura: si corregge qui soltanto per ricominciare la "
+    u"numerazione.",
     u"Dove stanno programma, archivio dei clienti, parcelle e dati dell'utente. Una cartella che non esiste "
     u"è segnalata e si crea con il pulsante \"Crea\". Il word processor è facoltativo: senza, i documenti si "
     u"aprono con il programma del sistema.",
@@ -538,6 +538,7 @@ void frmSetup::cmdSaveImpost_Click()
         Contabili->ScegliTariffaInVista();
     if (!CheckValori() || !CheckNumero())
         return;
+    const bool IconeCambiate = Desktop->IconeCambiate();
     const bool IconeScritte = Desktop->SalvaIcone();
     if (!IconeScritte)
         MsgErrore(u"Errore scrittura .ini"_s);
@@ -546,7 +547,9 @@ void frmSetup::cmdSaveImpost_Click()
         Invoca(Aperture.ImpostazioniCambiate);
         return;
     }
+    const TabellaRighe IconeSue = LeggiIcone();
     RileggiVariabili();
+    const bool AltreIcone = IconeCambiate && IconeScritte && LeggiIcone() != IconeSue;
     if (IlLogoSiSa())
         logo::TogliAltri(sessione::LogoImpronta);
     Invoca(Aperture.ImpostazioniCambiate);
@@ -562,6 +565,10 @@ void frmSetup::cmdSaveImpost_Click()
     ContatoriPersi.clear();
     DimenticaDanno();
     MsgBox(u"Le impostazioni sono state memorizzate!"_s, vbInformation, TitoloMessaggio.toString());
+    if (AltreIcone)
+        MsgBox(u"Le icone personali aggiunte o modificate valgono per la cartella utente di prima: quella "
+               u"nuova ha le sue."_s,
+               vbInformation, TitoloMessaggio.toString());
     if (ParcellaAperta())
         MsgBox(u"Per essere certi della piena operatività è consigliabile riavviare il programma."_s,
                vbInformation, TitoloMessaggio.toString());

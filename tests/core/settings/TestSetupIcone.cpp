@@ -119,6 +119,20 @@ void TestSetupIcone::altraCartellaAltreIcone()
     QCOMPARE(Salvate(0, IconaTitolo).toString(), u"Suo"_s);
     QCOMPARE(Salvate(1, IconaTitolo).toString(), u"Tribunale"_s);
     QCOMPARE(LeggiFile(T->Programma + u"kr5.ini"_s), TavoloSetup::DueIcone());
+    // An icon that is added together with another folder belongs to the former one, and the save says so.
+    TavoloSetup::NellEditor([](frmIcons& Modulo) {
+        TavoloSetup::Riempi(Modulo, u"Terza"_s, u"https://terza.example"_s);
+        Modulo.cmdSalvaIco_Click();
+    });
+    T->Premi(u"cmdAddIco"_s);
+    T->Campo(u"txtCartellaUtente"_s)->setText(T->Utente);
+    Box.Attendi(u"Le impostazioni sono state memorizzate!"_s, vbOK, u"Messaggio:"_s);
+    Box.Attendi(u"Le icone personali aggiunte o modificate valgono per la cartella utente di prima: quella "
+                u"nuova ha le sue."_s,
+                vbOK, u"Messaggio:"_s);
+    T->Premi(u"cmdSaveImpost"_s);
+    QVERIFY(LeggiFile(Altra + u"kr5.ini"_s).contains("L2=Terza"));
+    QCOMPARE(Grigl()->Righe(), 2);
 }
 
 void TestSetupIcone::ogniSalvataggioLeRiscrive()
