@@ -3,6 +3,7 @@
 
 #include "core/parametri.h"
 #include "platform/system/impostazioni.h"
+#include "platform/system/percorsi.h"
 #include "supporto/guasti.h"
 
 #include <QScopeGuard>
