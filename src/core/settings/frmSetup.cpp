@@ -540,6 +540,7 @@ void frmSetup::cmdSaveImpost_Click()
         return;
     const bool IconeCambiate = Desktop->IconeCambiate();
     const bool IconeScritte = Desktop->SalvaIcone();
+    const bool IconeNuove = IconeCambiate && IconeScritte;
     if (!IconeScritte)
         MsgErrore(u"Errore scrittura .ini"_s);
     if (!Protetta([this] { SalvaValori(); })) {
@@ -547,9 +548,9 @@ void frmSetup::cmdSaveImpost_Click()
         Invoca(Aperture.ImpostazioniCambiate);
         return;
     }
-    const TabellaRighe IconeSue = LeggiIcone();
+    const TabellaRighe IconeSue = IconeNuove ? LeggiIcone() : TabellaRighe(ColonneIcona);
     RileggiVariabili();
-    const bool AltreIcone = IconeCambiate && IconeScritte && LeggiIcone() != IconeSue;
+    const bool AltreIcone = IconeNuove && LeggiIcone() != IconeSue;
     if (IlLogoSiSa())
         logo::TogliAltri(sessione::LogoImpronta);
     Invoca(Aperture.ImpostazioniCambiate);
